@@ -1,0 +1,47 @@
+# Compiler settings and the three ways a target comes into being here: a floor of the product,
+# a stand-in of the devkit, a test program.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE OFF)
+
+add_library(velk_settings INTERFACE)
+target_compile_definitions(velk_settings INTERFACE
+  UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX STRICT
+  WINVER=0x0501 _WIN32_WINNT=0x0501 _WIN32_IE=0x0600)
+target_compile_options(velk_settings INTERFACE
+  $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor
+    -Woverloaded-virtual -Werror -fvisibility=hidden>
+  -ffile-prefix-map=${CMAKE_SOURCE_DIR}=. -ffile-prefix-map=${CMAKE_BINARY_DIR}=.
+  $<$<AND:$<CONFIG:Debug>,$<COMPILE_LANGUAGE:CXX>>:-D_GLIBCXX_ASSERTIONS -fsanitize=undefined
+    -fsanitize-undefined-trap-on-error -fstack-protector-strong>)
+target_link_options(velk_settings INTERFACE
+  -static -static-libgcc -static-libstdc++ -Wl,--no-insert-timestamp
+  $<$<CONFIG:Debug>:-fstack-protector-strong>)
+set(CMAKE_CXX_FLAGS_DEBUG "-Og -g1")
+set(CMAKE_CXX_FLAGS_RELEASE "-O2 -g0 -DNDEBUG")
+set(CMAKE_SHARED_LIBRARY_PREFIX "")
+
+# velk_floor(<name> [floors it stands on...]): a static library of all sources of the current folder.
+function(velk_floor name)
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
+  add_library(velk_${name} STATIC ${sources})
+  target_include_directories(velk_${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+  target_link_libraries(velk_${name} PUBLIC velk_settings)
+  foreach(below IN LISTS ARGN)
+    target_link_libraries(velk_${name} PUBLIC velk_${below})
+  endforeach()
+endfunction()
+
+# velk_tests(<name> [libraries...]): one GoogleTest program of all sources of the current folder, in a
+# folder of its own (the Backend library is looked for beside the program). Runs under Wine.
+function(velk_tests name)
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
+  add_executable(${name} ${sources})
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests/${name})
+  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  target_link_libraries(${name} PRIVATE velk_test_support ${ARGN})
+  add_test(NAME ${name} COMMAND ${CMAKE_SOURCE_DIR}/scripts/wine-test $<TARGET_FILE:${name}>)
+  set_tests_properties(${name} PROPERTIES TIMEOUT 600)
+endfunction()

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "platform/error.h"
+
+#include <functional>
+#include <new>
+#include <string_view>
+#include <utility>
+
+namespace velk {
+
+// What the one failure observer hears of every failure that ended at a boundary or was swallowed on purpose.
+struct Failure {
+    std::wstring_view where; // the door or the step
+    std::wstring_view why;   // why it is safe to go on; empty at a boundary
+    const Error& error;
+};
+using FailureObserver = std::function<void(const Failure&)>;
+
+// Sets the observer (the trace, or a test) and returns the one that was set before. One for the whole process,
+// used from the user-interface thread only.
+FailureObserver setFailureObserver(FailureObserver observer);
+void reportFailure(std::wstring_view where, std::wstring_view why, const Error& error) noexcept;
+
+// The exception that is being handled, as an Error. Call inside a catch block only.
+Error currentError() noexcept;
+// Leaves the error as the thread's rich error, for callers by automation, and returns its HRESULT.
+HRESULT publishError(const Error& error) noexcept;
+
+// The door of every inbound COM method: no exception crosses it; a failure is reported, left as the thread's rich
+// error and returned as its HRESULT. The body may return an HRESULT of its own or nothing.
+template <class Body>
+HRESULT atBoundary(std::wstring_view where, Body&& body) noexcept
+{
+    try {
+        if constexpr (std::is_void_v<std::invoke_result_t<Body>>) {
+            std::forward<Body>(body)();
+            return S_OK;
+        } else {
+            return std::forward<Body>(body)();
+        }
+    } catch (...) {
+        const Error error = currentError();
+        reportFailure(where, {}, error);
+        return publishError(error);
+    }
+}
+
+// Runs a step after which the product must carry on whatever happens; says why. True when the step succeeded.
+template <class Body>
+bool swallow(std::wstring_view where, std::wstring_view why, Body&& body) noexcept
+{
+    try {
+        std::forward<Body>(body)();
+        return true;
+    } catch (...) {
+        reportFailure(where, why, currentError());
+        return false;
+    }
+}
+
+} // namespace velk

@@ -11,7 +11,7 @@ target_compile_definitions(velk_settings INTERFACE
   UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX STRICT
   WINVER=0x0501 _WIN32_WINNT=0x0501 _WIN32_IE=0x0600)
 target_compile_options(velk_settings INTERFACE
-  $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor
+  $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra -Wconversion -Wsign-conversion -Wshadow
     -Woverloaded-virtual -Werror -fvisibility=hidden>
   -ffile-prefix-map=${CMAKE_SOURCE_DIR}=. -ffile-prefix-map=${CMAKE_BINARY_DIR}=.
   $<$<AND:$<CONFIG:Debug>,$<COMPILE_LANGUAGE:CXX>>:-D_GLIBCXX_ASSERTIONS -fsanitize=undefined

@@ -7,6 +7,7 @@
 #include "platform/win32.h"
 
 #include <atomic>
+#include <type_traits>
 
 namespace velk {
 
@@ -44,17 +45,20 @@ struct parents_of<IOleInPlaceActiveObject> {
 };
 // A dual interface brings IDispatch; the first one in a class's list is what IDispatch itself means there.
 template <class Interface>
-struct parents_of<dual<Interface>> {
+    requires std::is_base_of_v<IDispatch, typename Interface::Described>
+struct parents_of<Interface> {
     using type = interface_list<IDispatch>;
 };
 
+// The interface by which a class in the list is asked for: its own, or the one whose automation half it brings.
 template <class Interface>
 struct interface_of {
     using type = Interface;
 };
 template <class Interface>
-struct interface_of<dual<Interface>> {
-    using type = Interface;
+    requires requires { typename Interface::Described; }
+struct interface_of<Interface> {
+    using type = typename Interface::Described;
 };
 
 // Reference counting and QueryInterface for a class that lists its interfaces. Objects live on the heap and are

@@ -35,6 +35,8 @@ HRESULT invoke(TypeLibrary library, REFIID iid, void* object, DISPID id, WORD fl
 template <class Interface>
 class dual : public Interface {
 public:
+    using Described = Interface;
+
     STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override
     {
         if (!count)

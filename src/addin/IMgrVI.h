@@ -1,0 +1,61 @@
+#pragma once
+
+#include "addin/IdeWindow.h"
+#include "model/IntegrationMgr.h"
+#include "model/ModelUtilVI.h"
+#include "notify/notificationThreadFrm.h"
+#include "platform/com_object.h"
+
+#include <memory>
+#include <string>
+#include <typelib/velkviadd.h>
+
+namespace velk {
+
+// Ties the add-in together inside Visual InterDev: Connect drives its start and end, and as IntegrationMgr it answers
+// what the rest of the add-in asks of the IDE. Requests about the project model are handed on to the model.
+class IMgrVI : public ComObject<IMgrVI, dual<_IMgrVI>, dual<_IntegrationMgr>> {
+public:
+    // _IMgrVI
+    STDMETHODIMP setupIM(IDispatch* myApp, IDispatch* myaddin) noexcept override;
+    STDMETHODIMP openRZCommunication() noexcept override;
+    STDMETHODIMP closeRZCommunication() noexcept override;
+    STDMETHODIMP createRZUI() noexcept override;
+    STDMETHODIMP deleteRZUI() noexcept override;
+    STDMETHODIMP get_VIInstance(IDispatch** instance) noexcept override;
+    STDMETHODIMP get_VBAddin(IDispatch** addin) noexcept override;
+    // _IntegrationMgr
+    STDMETHODIMP showDevView() noexcept override;
+    STDMETHODIMP setRZFileName(BSTR* rzFile) noexcept override;
+    STDMETHODIMP getRZFileName(BSTR* rzFile) noexcept override;
+    STDMETHODIMP openRZProject() noexcept override;
+    STDMETHODIMP getProjList(SAFEARRAY** projList) noexcept override;
+    STDMETHODIMP getDataEnvList(SAFEARRAY** dataEnvList, BSTR* projName) noexcept override;
+    STDMETHODIMP getConnectionList(SAFEARRAY** conList, BSTR* dataenvName, BSTR* projName) noexcept override;
+    STDMETHODIMP get_getModel(_ModelUtil** model) noexcept override;
+    STDMETHODIMP get_getIdeType(long* ideType) noexcept override;
+    STDMETHODIMP minimizeVSAppWin() noexcept override;
+    STDMETHODIMP restoreVSAppWinState() noexcept override;
+
+    // The same for Connect, which must tell the user why a start failed: throws instead. A communication that fails
+    // to open leaves no session and no window.
+    void open();
+
+private:
+    void setUp(IDispatch* app, IDispatch* addin);
+    com_ptr<IDispatch> ensureToolWindow();
+    void makeToolWindow();
+    void removeToolWindow();
+    void buildUserInterface();
+
+    com_ptr<IDispatch> m_instance;
+    com_ptr<IDispatch> m_addin;
+    IdeWindow m_mainWindow;
+    com_ptr<ModelUtilVI> m_model;
+    std::shared_ptr<notificationThreadFrm> m_pump;
+    std::wstring m_rzFileName;
+    int32_t m_ideType = 0;
+    bool m_isOpen = false;
+};
+
+} // namespace velk

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/com_ptr.h"
+
+#include <span>
+
+namespace velk {
+
+// A class that the DLL publishes: "velkviadd." and the name make its ProgID.
+struct PublishedClass {
+    const CLSID* clsid;
+    const wchar_t* name;
+    const wchar_t* description;
+    com_ptr<IUnknown> (*make)();
+    bool isDocument; // hosted in a tool window of the IDE
+};
+
+std::span<const PublishedClass> publishedClasses();
+
+} // namespace velk

@@ -1,0 +1,132 @@
+#include "addin/registration.h"
+
+#include "addin/classes.h"
+#include "platform/boundary.h"
+#include "platform/dispatch.h"
+#include "platform/module.h"
+#include "platform/registry.h"
+
+#include <array>
+#include <typelib/velkviadd.h>
+
+namespace velk {
+namespace {
+
+const std::wstring classesRoot = L"Software\\Classes\\";
+const std::wstring ideRoot = L"Software\\Microsoft\\VisualStudio\\6.0\\AddIns";
+const std::wstring ideRootStop = L"Software\\Microsoft";
+const std::wstring addinKey = ideRoot + L"\\velkviadd.Connect";
+constexpr wchar_t displayName[] = L"Velk Development Add-In for Visual Interdev";
+constexpr wchar_t addinDescription[] = L"Works on Velk database objects and Rozel projects inside the IDE";
+constexpr DWORD loadAtStartup = 1;
+constexpr DWORD notCommandLineSafe = 0;
+// How a host is to treat the document: lay it out anew when resized, activate it inside its window as soon as it is
+// visible, and give it its site before anything else.
+constexpr wchar_t documentMiscStatus[] = L"131457";
+static_assert((OLEMISC_RECOMPOSEONRESIZE | OLEMISC_INSIDEOUT | OLEMISC_ACTIVATEWHENVISIBLE |
+               OLEMISC_SETCLIENTSITEFIRST) == 131457);
+
+std::wstring guidText(REFGUID guid)
+{
+    std::array<wchar_t, 40> text{};
+    StringFromGUID2(guid, text.data(), static_cast<int>(text.size()));
+    return text.data();
+}
+
+void write(const std::wstring& path, const std::wstring& text, const std::wstring& name = {})
+{
+    registry::setText(registry::createKey(HKEY_LOCAL_MACHINE, path).get(), name, text);
+}
+
+std::wstring classKey(const PublishedClass& row)
+{
+    return classesRoot + L"CLSID\\" + guidText(*row.clsid);
+}
+
+std::wstring progId(const PublishedClass& row)
+{
+    return std::wstring(L"velkviadd.") + row.name;
+}
+
+void registerClass(const PublishedClass& row)
+{
+    const std::wstring key = classKey(row);
+    write(key, row.description);
+    write(key + L"\\InprocServer32", module::path());
+    write(key + L"\\InprocServer32", L"Apartment", L"ThreadingModel");
+    write(key + L"\\ProgID", progId(row));
+    write(key + L"\\TypeLib", guidText(LIBID_velkviadd));
+    write(key + L"\\Version", L"1.0");
+    if (row.isDocument) {
+        registry::createKey(HKEY_LOCAL_MACHINE, key + L"\\Control");
+        registry::createKey(HKEY_LOCAL_MACHINE, key + L"\\DocObject");
+        write(key + L"\\MiscStatus", L"0");
+        write(key + L"\\MiscStatus\\1", documentMiscStatus);
+    }
+    write(classesRoot + progId(row), row.description);
+    write(classesRoot + progId(row) + L"\\CLSID", guidText(*row.clsid));
+}
+
+void unregisterClass(const PublishedClass& row)
+{
+    registry::removeTree(HKEY_LOCAL_MACHINE, classKey(row));
+    registry::removeTree(HKEY_LOCAL_MACHINE, classesRoot + progId(row));
+}
+
+void registerTypeLibrary()
+{
+    com_ptr<ITypeLib> library;
+    const std::wstring path = typeLibraryPath(TypeLibrary::published);
+    throwIfFailed(LoadTypeLibEx(path.c_str(), REGKIND_NONE, library.put()));
+    throwIfFailed(RegisterTypeLib(library.get(), const_cast<LPOLESTR>(path.c_str()), nullptr));
+}
+
+void unregisterTypeLibrary()
+{
+    const HRESULT result = UnRegisterTypeLib(LIBID_velkviadd, 1, 0, LOCALE_NEUTRAL, SYS_WIN32);
+    // The library may never have been registered, and some systems say so in their own way.
+    if (result != TYPE_E_REGISTRYACCESS && result != TYPE_E_CANTLOADLIBRARY)
+        throwIfFailed(result);
+}
+
+void registerWithIde()
+{
+    const unique_key key = registry::createKey(HKEY_LOCAL_MACHINE, addinKey);
+    registry::setText(key.get(), L"FriendlyName", displayName);
+    registry::setText(key.get(), L"Description", addinDescription);
+    registry::setNumber(key.get(), L"LoadBehavior", loadAtStartup);
+    registry::setNumber(key.get(), L"CommandLineSafe", notCommandLineSafe);
+}
+
+void unregisterWithIde()
+{
+    registry::removeTree(HKEY_LOCAL_MACHINE, addinKey);
+    // The list itself is the IDE's, but without an IDE on the machine it was ours alone.
+    registry::removeEmptyUpTo(HKEY_LOCAL_MACHINE, ideRoot, ideRootStop);
+}
+
+} // namespace
+
+void registerAddin()
+{
+    try {
+        for (const PublishedClass& row : publishedClasses())
+            registerClass(row);
+        registerTypeLibrary();
+        registerWithIde();
+    } catch (const Error&) {
+        swallow(L"registerAddin", L"taking back a failed registration; the first failure is what counts",
+                [] { unregisterAddin(); });
+        throw;
+    }
+}
+
+void unregisterAddin()
+{
+    unregisterWithIde();
+    unregisterTypeLibrary();
+    for (const PublishedClass& row : publishedClasses())
+        unregisterClass(row);
+}
+
+} // namespace velk

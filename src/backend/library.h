@@ -1,0 +1,21 @@
+#pragma once
+
+namespace velk {
+
+// The functions of the Backend library by name.
+enum class BackendFunction {
+#define BACKEND_FUNCTION(name, ...) name,
+#include "backend/functions.inc"
+#undef BACKEND_FUNCTION
+    count
+};
+
+// The address of a function. The library is loaded with the first function that is asked for: from the add-in's own
+// folder, else from the folders of the program, the system and the search path. Errors 53 (no library), 48 (a
+// library that does not load), 453 (a library without the function); each is tried again with the next call.
+void* backendAddress(BackendFunction function);
+
+// Lets go of the library. A later call loads it again.
+void unloadBackend() noexcept;
+
+} // namespace velk

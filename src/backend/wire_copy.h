@@ -1,0 +1,65 @@
+#pragma once
+
+#include "backend/ansi.h"
+#include "backend/fields.h"
+
+#include <array>
+#include <cstddef>
+#include <memory>
+#include <span>
+
+namespace velk {
+
+// What goes into the ANSI copy: the presets of a record that is to be filled (fields without a preset as they
+// stand), or every field as it stands.
+enum class Fill { preset, asItStands };
+// How the texts come back: the preset ones cut at their first NUL (empty when they have none), or all of them whole.
+enum class Texts { trimmed, whole };
+
+// The ANSI copy of a record for one call, with all its counted strings in one block. The Backend writes into the
+// strings and never replaces them, so they are read back from where they were put.
+class WireBlock {
+public:
+    WireBlock(const RecordLayout& layout, const void* record, Fill fill, ansi::CodePage codePage);
+    WireBlock(const WireBlock&) = delete;
+    WireBlock& operator=(const WireBlock&) = delete;
+
+    void* address() noexcept { return m_record.data(); }
+    void readBack(void* record, Texts texts) const;
+    // Whether a number that was preset to a capacity came back greater: the text did not fit.
+    bool asksForMore() const noexcept;
+
+private:
+    void placeTexts(const void* record, Fill fill);
+    void placeNumbers(const void* record, Fill fill);
+    void readText(std::wstring& text, std::span<const char> bytes, bool trimmed) const;
+
+    const RecordLayout& m_layout;
+    ansi::CodePage m_codePage;
+    alignas(4) std::array<std::byte, largestWireRecord> m_record{};
+    std::unique_ptr<char[]> m_block;
+    std::array<std::span<char>, mostTextsInRecord> m_texts;
+};
+
+template <class Record>
+class WireCopy : private WireBlock {
+public:
+    explicit WireCopy(const Record& record, Fill fill = Fill::preset,
+                      ansi::CodePage codePage = ansi::processCodePage)
+        : WireBlock(layoutOf<Record>(), &record, fill, codePage)
+    {
+    }
+    using WireBlock::address;
+    using WireBlock::asksForMore;
+    void readBack(Record& record, Texts texts = Texts::trimmed) const { WireBlock::readBack(&record, texts); }
+};
+
+// Cuts the preset texts of a record at their first NUL.
+void trimTexts(const RecordLayout& layout, void* record);
+template <class Record>
+void trimTexts(Record& record)
+{
+    trimTexts(layoutOf<Record>(), &record);
+}
+
+} // namespace velk

@@ -1,0 +1,110 @@
+#include "model/IntegrationMgr.h"
+
+#include "model/stringArrays.h"
+#include "platform/bstr.h"
+#include "platform/error.h"
+
+namespace velk {
+namespace {
+
+// A list that goes in empty and comes back as the manager filled it.
+class TextList {
+public:
+    TextList() : m_array(arrayOf({})) {}
+    TextList(const TextList&) = delete;
+    TextList& operator=(const TextList&) = delete;
+    ~TextList() { SafeArrayDestroy(m_array); }
+    SAFEARRAY** ref() noexcept { return &m_array; }
+    std::vector<std::wstring> texts() const { return textsOf(m_array); }
+
+private:
+    SAFEARRAY* m_array;
+};
+
+} // namespace
+
+_IntegrationMgr& IntegrationMgr::manager() const
+{
+    if (!m_object)
+        throw Error(errorObjectNotSet);
+    return *m_object.get();
+}
+
+void IntegrationMgr::check(HRESULT result) const
+{
+    throwIfFailed(result, m_object.get(), __uuidof(_IntegrationMgr));
+}
+
+void IntegrationMgr::showDevView() const
+{
+    check(manager().showDevView());
+}
+
+void IntegrationMgr::setRZFileName(const std::wstring& rzFile) const
+{
+    bstr name(rzFile);
+    check(manager().setRZFileName(name.ref()));
+}
+
+std::wstring IntegrationMgr::getRZFileName() const
+{
+    bstr name;
+    check(manager().getRZFileName(name.put()));
+    return name.text();
+}
+
+void IntegrationMgr::openRZProject() const
+{
+    check(manager().openRZProject());
+}
+
+std::vector<std::wstring> IntegrationMgr::getProjList() const
+{
+    TextList list;
+    check(manager().getProjList(list.ref()));
+    return list.texts();
+}
+
+std::vector<std::wstring> IntegrationMgr::getDataEnvList(const std::wstring& projName) const
+{
+    TextList list;
+    bstr project(projName);
+    check(manager().getDataEnvList(list.ref(), project.ref()));
+    return list.texts();
+}
+
+std::vector<std::wstring> IntegrationMgr::getConnectionList(const std::wstring& dataenvName,
+                                                            const std::wstring& projName) const
+{
+    TextList list;
+    bstr dataEnvironment(dataenvName);
+    bstr project(projName);
+    check(manager().getConnectionList(list.ref(), dataEnvironment.ref(), project.ref()));
+    return list.texts();
+}
+
+ModelUtil IntegrationMgr::getModel() const
+{
+    com_ptr<_ModelUtil> model;
+    check(manager().get_getModel(model.put()));
+    return ModelUtil(std::move(model));
+}
+
+int32_t IntegrationMgr::getIdeType() const
+{
+    long type = 0;
+    check(manager().get_getIdeType(&type));
+    return type;
+}
+
+void IntegrationMgr::minimizeVSAppWin() const
+{
+    check(manager().minimizeVSAppWin());
+}
+
+void IntegrationMgr::restoreVSAppWinState() const
+{
+    check(manager().restoreVSAppWinState());
+}
+
+} // namespace velk

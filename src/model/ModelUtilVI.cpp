@@ -1,0 +1,70 @@
+#include "model/ModelUtilVI.h"
+
+#include "platform/automation.h"
+#include "platform/boundary.h"
+
+namespace velk {
+namespace {
+
+constexpr int32_t statusWindowType = 5;
+// The tool's code for the development language of this IDE.
+constexpr wchar_t developmentLanguage[] = L"3";
+
+} // namespace
+
+HRESULT ModelUtilVI::putref_VIInstance(IDispatch* instance) noexcept
+{
+    return atBoundary(L"ModelUtilVI.VIInstance", [&] {
+        m_instance = instance;
+        findStatusWindow();
+    });
+}
+
+void ModelUtilVI::findStatusWindow()
+{
+    m_statusWindow.reset();
+    if (!m_instance)
+        return;
+    const com_ptr<IDispatch> windows = automation::getObject(m_instance, L"Windows");
+    const int32_t count = automation::get(windows, L"Count").asLong();
+    for (int32_t index = 1; index <= count && !m_statusWindow; ++index) {
+        const com_ptr<IDispatch> window = automation::getObject(windows, L"Item", {variant(index)});
+        if (automation::get(window, L"Type").asLong() == statusWindowType)
+            m_statusWindow = window;
+    }
+}
+
+HRESULT ModelUtilVI::get_VIInstance(IDispatch** instance) noexcept
+{
+    if (!instance)
+        return E_POINTER;
+    m_instance.copyTo(instance);
+    return S_OK;
+}
+
+HRESULT ModelUtilVI::ModelUtil_saveRZFileName(BSTR fileName) noexcept
+{
+    return saveRZFileName(fileName);
+}
+
+HRESULT ModelUtilVI::printToFocusedWindow(BSTR*, VARIANT_BOOL*) noexcept
+{
+    return atBoundary(L"ModelUtilVI.printToFocusedWindow", [] { throw Error(errorUnsupportedAction); });
+}
+
+HRESULT ModelUtilVI::GetDevLanguage(BSTR* language) noexcept
+{
+    return atBoundary(L"ModelUtilVI.GetDevLanguage", [&] {
+        if (!language)
+            throw Error(errorInvalidCall);
+        *language = bstr(developmentLanguage).detach();
+    });
+}
+
+HRESULT ModelUtilVI::saveRZFileName(BSTR) noexcept
+{
+    // The IDE's project has no property for the tool's project file: the name is taken and dropped.
+    return S_OK;
+}
+
+} // namespace velk

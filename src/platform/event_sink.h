@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/com_ptr.h"
+
+#include <functional>
+
+namespace velk {
+
+// A connection to an object's events. Disconnected before the source is released, at the latest by the destructor.
+class event_connection {
+public:
+    event_connection() = default;
+    event_connection(const event_connection&) = delete;
+    event_connection& operator=(const event_connection&) = delete;
+    ~event_connection() { disconnect(); }
+
+    // Connects to the source's default event interface, found at run time, because the kin of a host differ in its
+    // identity. The handler gets the arguments in reading order for each event of that number; what it throws is
+    // reported and swallowed. Throws when the source has no events.
+    using Handler = std::function<void(const DISPPARAMS& arguments)>;
+    void connect(const com_ptr<IDispatch>& source, DISPID event, Handler handler);
+    void disconnect() noexcept;
+
+private:
+    com_ptr<IDispatch> m_source;
+    com_ptr<IConnectionPoint> m_point;
+    DWORD m_cookie = 0;
+};
+
+} // namespace velk

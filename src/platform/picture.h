@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/com_ptr.h"
+#include "platform/unique_any.h"
+
+namespace velk {
+
+// A picture (GIF, BMP, JPEG) out of this module's RCDATA resources. Throws when there is none of that number.
+com_ptr<IPicture> loadPicture(int resource);
+
+// Copies a picture's bitmap to a device context at a position in pixels, at its own size.
+void drawPicture(IPicture* picture, HDC target, int left, int top);
+
+// A bitmap resource of this module, in the colours it was drawn in. Throws when there is none of that number.
+unique_bitmap loadBitmap(int resource);
+
+} // namespace velk

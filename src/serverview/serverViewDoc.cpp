@@ -1,0 +1,125 @@
+#include "serverview/serverViewDoc.h"
+
+#include "platform/never_destroyed.h"
+#include "ui/uiFont.h"
+
+namespace velk {
+
+// The document's own surface in the host: nothing but a frame that follows the host's size.
+class serverViewDoc::DocumentWindow : public Window {
+public:
+    explicit DocumentWindow(serverViewDoc& document) : Window(L"velkviadd.serverViewDoc"), m_document(document) {}
+    ~DocumentWindow() override { destroy(); }
+
+protected:
+    LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        if (message == WM_SIZE)
+            m_document.UserDocument_Resize(LOWORD(lParam), HIWORD(lParam));
+        if (message == WM_ERASEBKGND)
+            return 1; // the control covers all of it
+        if (message == WM_SETFOCUS && m_document.m_svrViewCtl1)
+            SetFocus(m_document.m_svrViewCtl1->hwnd());
+        return handleDefault(message, wParam, lParam);
+    }
+
+private:
+    serverViewDoc& m_document;
+};
+
+ServerViewWindow& serverViewWindow()
+{
+    static never_destroyed<ServerViewWindow> shown;
+    return shown.get();
+}
+
+serverViewDoc::~serverViewDoc()
+{
+    destroyContent();
+}
+
+void serverViewDoc::queryExtra(REFIID iid, void** out) noexcept
+{
+    *out = answer(iid);
+}
+
+HRESULT serverViewDoc::putref_IMgr(_IntegrationMgr* manager) noexcept
+{
+    m_manager = manager;
+    return S_OK;
+}
+
+HRESULT serverViewDoc::get_IMgr(_IntegrationMgr** manager) noexcept
+{
+    if (!manager)
+        return E_POINTER;
+    m_manager.copyTo(manager);
+    return S_OK;
+}
+
+HRESULT serverViewDoc::setupGUI() noexcept
+{
+    return atBoundary(L"serverViewDoc.setupGUI", [this] {
+        m_isSetUp = true;
+        handOver();
+    });
+}
+
+// A host may ask for the set-up before it has shown the document: the control then gets everything when it is made.
+void serverViewDoc::handOver()
+{
+    if (!m_svrViewCtl1 || !m_isSetUp)
+        return;
+    m_svrViewCtl1->setIMgr(IntegrationMgr(m_manager));
+    m_svrViewCtl1->setupGUI();
+}
+
+HWND serverViewDoc::createContent(HWND parent, const RECT& place)
+{
+    destroyContent();
+    m_window = std::make_unique<DocumentWindow>(*this);
+    m_window->create({parent, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, 0, place.left, place.top,
+                      place.right - place.left, place.bottom - place.top, L""});
+    RECT inner{};
+    GetClientRect(m_window->hwnd(), &inner);
+    m_svrViewCtl1 = std::make_unique<svrViewCtl>();
+    m_svrViewCtl1->create(m_window->hwnd(), inner);
+    handOver();
+    return m_window->hwnd();
+}
+
+void serverViewDoc::destroyContent() noexcept
+{
+    m_svrViewCtl1.reset();
+    m_window.reset();
+}
+
+bool serverViewDoc::translateKey(const MSG& message)
+{
+    return m_svrViewCtl1 && m_svrViewCtl1->translateKey(message);
+}
+
+void serverViewDoc::UserDocument_InitProperties()
+{
+    const UiFont& wanted = uiFont();
+    if (m_fontName == wanted.name && m_fontSize == static_cast<float>(wanted.size))
+        return;
+    m_fontName = wanted.name;
+    m_fontSize = static_cast<float>(wanted.size);
+}
+
+void serverViewDoc::UserDocument_Resize(int width, int height)
+{
+    if (m_svrViewCtl1)
+        m_svrViewCtl1->resize(width, height);
+}
+
+void serverViewDoc::UserDocument_Terminate() noexcept
+{
+    ServerViewWindow& shown = serverViewWindow();
+    shown.window.reset();
+    shown.document.reset();
+    m_manager.reset();
+}
+
+} // namespace velk

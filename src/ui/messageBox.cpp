@@ -1,0 +1,43 @@
+#include "ui/messageBox.h"
+
+#include "platform/never_destroyed.h"
+
+namespace velk {
+namespace {
+
+HWND mainWindow = nullptr;
+
+MessagePresenter& presenterSlot()
+{
+    static never_destroyed<MessagePresenter> presenter;
+    return presenter.get();
+}
+
+} // namespace
+
+void setMainWindow(HWND window) noexcept
+{
+    mainWindow = window;
+}
+
+HWND dialogOwner() noexcept
+{
+    return IsWindow(mainWindow) ? mainWindow : GetActiveWindow();
+}
+
+void setMessagePresenter(MessagePresenter presenter)
+{
+    presenterSlot() = std::move(presenter);
+}
+
+int32_t showMessage(const std::wstring& text, uint32_t style, const std::wstring& title)
+{
+    if (presenterSlot())
+        return presenterSlot()(text, style, title);
+    // Task modal where there is no owner: the user must not go on working beside a box of an unknown parent.
+    const HWND owner = dialogOwner();
+    const int answer = MessageBoxW(owner, text.c_str(), title.c_str(), style | (owner ? 0u : MB_TASKMODAL));
+    return answer == 0 ? IDOK : answer;
+}
+
+} // namespace velk

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/win32.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace velk {
+
+// The caption of a box that is given no title: the add-in's application title.
+inline constexpr std::wstring_view applicationTitle = L"velkviadd";
+
+// The IDE's main window, owner of every box and dialog, so that none of them can hide behind it. Null when the IDE
+// does not tell; then the thread's active window is the owner.
+void setMainWindow(HWND window) noexcept;
+HWND dialogOwner() noexcept;
+
+// Every message of the add-in goes through here. Style: the bits of the Windows message box (buttons, icon). The
+// answer is the button's number: 1 OK, 2 Cancel (also Escape and the close button where there is one), 6 Yes, 7 No;
+// a box with OK only always answers 1. Runs a message loop of its own.
+int32_t showMessage(const std::wstring& text, uint32_t style = MB_OK,
+                    const std::wstring& title = std::wstring(applicationTitle));
+
+// What showMessage shows and answers instead of the system's box, for tests without a user. An empty function
+// restores the system's box.
+using MessagePresenter = std::function<int32_t(const std::wstring& text, uint32_t style, const std::wstring& title)>;
+void setMessagePresenter(MessagePresenter presenter);
+
+} // namespace velk

@@ -1,0 +1,145 @@
+#include "ui/splashscrnFrm.h"
+
+#include "backend/texts.h"
+#include "platform/boundary.h"
+#include "platform/module.h"
+#include "platform/never_destroyed.h"
+#include "platform/picture.h"
+#include "ui/messageBox.h"
+#include "ui/uiFont.h"
+
+#include <memory>
+
+namespace velk {
+namespace {
+
+constexpr int welcomePicture = 130;
+constexpr int loadingText = 641;
+
+// Pixels. The picture's size is fixed; status line and bar stand below it.
+constexpr int pictureWidth = 396;
+constexpr int pictureHeight = 355;
+constexpr int margin = 8;
+constexpr int barHeight = 16;
+constexpr int statusHeight = 20;
+constexpr int statusTop = pictureHeight + margin;
+constexpr int barTop = statusTop + statusHeight + margin / 2;
+constexpr int formHeight = barTop + barHeight + margin;
+
+std::unique_ptr<splashscrnFrm>& splashSlot()
+{
+    static never_destroyed<std::unique_ptr<splashscrnFrm>> splash;
+    return splash.get();
+}
+
+// The bar's positions are steps of the start-up; a Windows progress bar counts in whole numbers.
+WPARAM position(float value)
+{
+    return static_cast<WPARAM>(value);
+}
+
+} // namespace
+
+splashscrnFrm::splashscrnFrm() : Window(L"velkviadd.splashscrnFrm", GetSysColorBrush(COLOR_BTNFACE))
+{
+    load();
+}
+
+splashscrnFrm::~splashscrnFrm()
+{
+    destroy();
+}
+
+void splashscrnFrm::load()
+{
+    RECT frame{0, 0, pictureWidth, formHeight};
+    constexpr DWORD style = WS_POPUP | WS_DLGFRAME | WS_CLIPCHILDREN;
+    AdjustWindowRect(&frame, style, FALSE);
+    const int width = frame.right - frame.left;
+    const int height = frame.bottom - frame.top;
+    RECT work{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+    create({dialogOwner(), style, WS_EX_TOOLWINDOW, (work.left + work.right - width) / 2,
+            (work.top + work.bottom - height) / 2, width, height, L""});
+    const HINSTANCE instance = module::instance();
+    m_statusLbl = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS,
+                                  margin, statusTop, pictureWidth - 2 * margin, statusHeight, hwnd(), nullptr,
+                                  instance, nullptr);
+    m_progressBar1 = CreateWindowExW(0, PROGRESS_CLASSW, L"", WS_CHILD | WS_VISIBLE | PBS_SMOOTH, margin, barTop,
+                                     pictureWidth - 2 * margin, barHeight, hwnd(), nullptr, instance, nullptr);
+    throwLastErrorUnless(m_statusLbl && m_progressBar1);
+    swallow(L"splashscrnFrm", L"the form serves without its picture",
+            [this] { m_welcomeImage = loadPicture(welcomePicture); });
+    Form_Load();
+    setVisible();
+}
+
+void splashscrnFrm::Form_Load()
+{
+    m_font = makeFont(uiFont());
+    SendMessageW(m_statusLbl, WM_SETFONT, reinterpret_cast<WPARAM>(m_font.get()), FALSE);
+    SetWindowTextW(m_statusLbl, getRZString(loadingText).c_str());
+}
+
+void splashscrnFrm::setProgressBarInterval(const int16_t& interval)
+{
+    m_maximum = static_cast<float>(interval);
+    SendMessageW(m_progressBar1, PBM_SETRANGE32, 0, interval);
+}
+
+void splashscrnFrm::updateProgress(const std::wstring& text)
+{
+    const float next = m_value + 1.0f;
+    if (next > m_maximum)
+        throw Error(errorInvalidProperty);
+    m_value = next;
+    SendMessageW(m_progressBar1, PBM_SETPOS, position(next), 0);
+    SetWindowTextW(m_statusLbl, text.c_str());
+    // Start-up code does not return to the message loop between its steps.
+    RedrawWindow(hwnd(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
+
+void splashscrnFrm::setVisible()
+{
+    ShowWindow(hwnd(), SW_SHOWNA);
+    RedrawWindow(hwnd(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
+
+void splashscrnFrm::paint()
+{
+    PAINTSTRUCT paintInfo{};
+    const HDC target = BeginPaint(hwnd(), &paintInfo);
+    const scope_exit done([&] { EndPaint(hwnd(), &paintInfo); });
+    if (m_welcomeImage)
+        drawPicture(m_welcomeImage.get(), target, 0, 0);
+}
+
+LRESULT splashscrnFrm::handle(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message == WM_PAINT) {
+        paint();
+        return 0;
+    }
+    if (message == WM_MOUSEACTIVATE)
+        return MA_NOACTIVATE;
+    return handleDefault(message, wParam, lParam);
+}
+
+splashscrnFrm& splashScreen()
+{
+    if (!splashSlot())
+        splashSlot() = std::make_unique<splashscrnFrm>();
+    return *splashSlot();
+}
+
+bool isSplashScreenLoaded() noexcept
+{
+    return splashSlot() != nullptr;
+}
+
+void unloadSplashScreen() noexcept
+{
+    splashSlot().reset();
+}
+
+} // namespace velk

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "support/fake_backend/wire.h"
+
+#include <functional>
+
+namespace velk::test {
+
+// One function for each export of the fake library. An export without a function answers 0.
+struct Hooks {
+#define FAKE_EXPORT(name, parameters, arguments) std::function<int32_t parameters> name;
+#include "support/fake_backend/exports.inc"
+#undef FAKE_EXPORT
+};
+
+} // namespace velk::test

@@ -1,0 +1,209 @@
+// The quick way over the boundary gives what the literal one gives, in every code page and for every content.
+#include "backend/wire_copy.h"
+
+#include "literalBoundary.h"
+#include "support/fake_backend/wire.h"
+#include "support/fakeBackend.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <gmock/gmock.h>
+#include <random>
+
+namespace velk {
+namespace {
+
+using namespace std::string_literals;
+namespace wire = test::wire;
+namespace literal = test::literal;
+
+constexpr unsigned seed = 20240229;
+constexpr int rounds = 400;
+
+// What a Backend might write into a text of some room, as bytes (fewer than the room leave the rest alone).
+class Contents {
+public:
+    explicit Contents(unsigned number) : m_random(number) {}
+
+    std::string next(size_t room)
+    {
+        switch (below(8)) {
+        case 0: return {};
+        case 1: return some(below(12), 'a', 'z') + '\0' + some(below(5), 'A', 'Z');
+        case 2: return some(room, 1, 255);
+        case 3: return some(room, 0, 255);
+        case 4: return some(room, 0x81, 0x9f);
+        case 5: return some(below(room), 0x81, 0xfc) + '\0' + some(1, 0x40, 0x7e) + '\0';
+        case 6: return some(room - 1, 0x20, 0x7e) + '\x83';
+        default: return leadBeforeNul(room);
+        }
+    }
+    std::wstring nextWide()
+    {
+        std::wstring text(below(40), L'\0');
+        std::generate(text.begin(), text.end(), [this] {
+            static constexpr wchar_t some[] = L"aZ \x00e9\x20ac\x65e5\x672c\xff71\x0416";
+            return some[below(std::size(some))]; // its NUL among them
+        });
+        return text;
+    }
+    size_t below(size_t limit) { return std::uniform_int_distribution<size_t>(0, limit - 1)(m_random); }
+
+private:
+    std::string some(size_t length, int lowest, int highest)
+    {
+        std::uniform_int_distribution<int> bytes(lowest, highest);
+        std::string text(length, '\0');
+        std::generate(text.begin(), text.end(), [&] { return static_cast<char>(bytes(m_random)); });
+        return text;
+    }
+    std::string leadBeforeNul(size_t room)
+    {
+        std::string text;
+        while (text.size() + 8 < room && below(6))
+            text += "ab\x83\0"s + some(1, 0x20, 0xff);
+        return text + (below(2) ? "\0"s : ""s);
+    }
+
+    std::mt19937 m_random;
+};
+
+auto writing(const std::string& bytes)
+{
+    return [bytes](char* target) { std::memcpy(target, bytes.data(), bytes.size()); };
+}
+
+class boundary : public testing::TestWithParam<UINT> {};
+
+TEST_P(boundary, randomProcedures_areReadAsTheLiteralWayReadsThem)
+{
+    using Text = std::pair<char* wire::trzProcedure::*, std::wstring trzProcedure::*>;
+    const std::pair<Text, size_t> texts[] = {
+        {{&wire::trzProcedure::strSchema, &trzProcedure::strSchema}, 256},
+        {{&wire::trzProcedure::strName, &trzProcedure::strName}, 1024},
+        {{&wire::trzProcedure::strSpecific, &trzProcedure::strSpecific}, 1024},
+        {{&wire::trzProcedure::strParameters, &trzProcedure::strParameters}, 1024},
+        {{&wire::trzProcedure::strLanguage, &trzProcedure::strLanguage}, 256},
+        {{&wire::trzProcedure::strSQLPackage, &trzProcedure::strSQLPackage}, 256},
+        {{&wire::trzProcedure::strComment, &trzProcedure::strComment}, 256},
+        {{&wire::trzProcedure::strFileName, &trzProcedure::strFileName}, 1024},
+    };
+    Contents contents(seed);
+    for (int round = 0; round < rounds; ++round) {
+        SCOPED_TRACE("seed " + std::to_string(seed) + ", round " + std::to_string(round));
+        trzProcedure record{.strSchema = contents.nextWide(), .strComment = contents.nextWide()};
+        WireCopy<trzProcedure> copy(record, Fill::preset, GetParam());
+        std::vector<std::wstring> expected;
+        for (const auto& [text, room] : texts) {
+            const auto write = writing(contents.next(room));
+            write(static_cast<wire::trzProcedure*>(copy.address())->*text.first);
+            expected.push_back(literal::output(room, GetParam(), write));
+        }
+        copy.readBack(record);
+        for (size_t index = 0; index < std::size(texts); ++index)
+            ASSERT_EQ(record.*texts[index].first.second, expected[index]) << "text " << index;
+    }
+}
+
+TEST_P(boundary, randomSqlTexts_takeTheirProjectBothWaysAsTheLiteralWayDoes)
+{
+    Contents contents(seed + 1);
+    for (int round = 0; round < rounds; ++round) {
+        SCOPED_TRACE("seed " + std::to_string(seed + 1) + ", round " + std::to_string(round));
+        trzSQLText record{.strVSProject = contents.nextWide()};
+        const std::wstring expected = literal::thereAndBack(record.strVSProject, GetParam(), [](char*) {});
+        const auto write = writing(contents.next(4096));
+        WireCopy<trzSQLText> copy(record, Fill::preset, GetParam());
+        write(static_cast<wire::trzSQLText*>(copy.address())->strText);
+        copy.readBack(record);
+        ASSERT_EQ(record.strVSProject, expected);
+        ASSERT_EQ(record.strText, literal::output(4096, GetParam(), write));
+        ASSERT_EQ(record.strVSFile, L"");
+    }
+}
+
+TEST_P(boundary, randomTexts_goInAsTheyStandAndComeBackWhole)
+{
+    Contents contents(seed + 2);
+    for (int round = 0; round < rounds; ++round) {
+        SCOPED_TRACE("seed " + std::to_string(seed + 2) + ", round " + std::to_string(round));
+        trzText record{.strText = contents.nextWide(), .lTextSz = round, .strButtons = contents.nextWide()};
+        const trzText before = record;
+        WireCopy<trzText> copy(record, Fill::asItStands, GetParam());
+        copy.readBack(record, Texts::whole);
+        ASSERT_EQ(record.strText, literal::thereAndBack(before.strText, GetParam(), [](char*) {}));
+        ASSERT_EQ(record.strButtons, literal::thereAndBack(before.strButtons, GetParam(), [](char*) {}));
+        ASSERT_EQ(record.lTextSz, round);
+    }
+}
+
+std::string nameOfCodePage(const testing::TestParamInfo<UINT>& info)
+{
+    return info.param == CP_ACP ? "processCodePage" : "codePage" + std::to_string(info.param);
+}
+
+INSTANTIATE_TEST_SUITE_P(codePages, boundary, testing::Values(CP_ACP, 1252, 932, 936, CP_UTF8), nameOfCodePage);
+
+// The wide text before the NUL of these bytes, "-" when there is none; checked against the literal conversion.
+std::wstring beforeNul(const std::string& bytes, UINT codePage)
+{
+    const auto found = ansi::wideBeforeNul(bytes, codePage);
+    EXPECT_EQ(found.value_or(L""), literal::output(bytes.size(), codePage, writing(bytes)));
+    return found.value_or(L"-");
+}
+
+TEST(wideBeforeNul, emptyBytes_haveNone)
+{
+    EXPECT_EQ(ansi::wideBeforeNul({}, 1252), std::nullopt);
+}
+
+TEST(wideBeforeNul, fullWithoutNul_hasNone)
+{
+    EXPECT_EQ(beforeNul("abcd", 1252), L"-");
+}
+
+TEST(wideBeforeNul, doubleByteCharacters_areOneEach)
+{
+    EXPECT_EQ(beforeNul("\x93\xfa\x96\x7b\0rest"s, 932), L"\x65e5\x672c");
+}
+
+TEST(wideBeforeNul, leadByteAtTheEnd_hasNone)
+{
+    EXPECT_EQ(beforeNul("abc\x83", 932), L"-");
+}
+
+TEST(wideBeforeNul, leadByteBeforeTheOnlyNul_readsAsTheWholeConversionDoes)
+{
+    beforeNul("ab\x83\0"s, 932);
+    beforeNul("ab\x83\0"s + "cd\0ef"s, 932);
+    beforeNul("\x83\0\0"s, 932);
+}
+
+TEST(wideBeforeNul, sameBytesInASingleByteCodePage_endAtTheNul)
+{
+    EXPECT_EQ(beforeNul("ab\x83\0"s + "cd", 1252), L"ab\x0192");
+}
+
+TEST(processCodePage, namedByTheEnvironment_isTheOneOfThisProcess)
+{
+    const char* expected = std::getenv("VELK_EXPECTED_CODE_PAGE");
+    if (!expected)
+        GTEST_SKIP() << "this run expects no code page";
+    EXPECT_EQ(std::to_string(GetACP()), expected);
+}
+
+TEST(asksForMore, onlyAGreaterSize_does)
+{
+    trzText record;
+    WireCopy<trzText> copy(record);
+    auto& size = static_cast<wire::trzText*>(copy.address())->lTextSz;
+    EXPECT_FALSE(copy.asksForMore());
+    size = 4097;
+    EXPECT_TRUE(copy.asksForMore());
+    size = -1;
+    EXPECT_FALSE(copy.asksForMore());
+}
+
+} // namespace
+} // namespace velk

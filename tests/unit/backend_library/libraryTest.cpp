@@ -1,0 +1,242 @@
+#include "backend/library.h"
+
+#include "backend/calls.h"
+#include "backend/fetch.h"
+#include "backend/texts.h"
+#include "platform/module.h"
+#include "support/failureLog.h"
+
+#include <gmock/gmock.h>
+#include <optional>
+
+namespace velk {
+namespace {
+
+using test::FailureLog;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+const std::wstring beside = module::folder() + L"\\";
+
+// The smallest file that the system takes for a program of that machine.
+std::string emptyImage(uint16_t machine)
+{
+    std::string image(0x400, '\0');
+    image.replace(0, 2, "MZ");
+    image[0x3c] = 0x40;
+    image.replace(0x40, 4, std::string_view("PE\0\0", 4));
+    image[0x44] = static_cast<char>(machine & 0xff);
+    image[0x45] = static_cast<char>(machine >> 8);
+    image[0x54] = static_cast<char>(0xf0); // size of the optional header
+    image[0x56] = 0x22;                    // executable, large addresses
+    image[0x57] = 0x20;                    // library
+    image[0x58] = 0x0b;
+    image[0x59] = 0x02; // 64-bit optional header
+    return image;
+}
+
+// A test room: nothing beside the program, nothing loaded, the search path and current directory as they were.
+class backendLibrary : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        clear();
+        m_path.resize(32767);
+        m_path.resize(GetEnvironmentVariableW(L"PATH", m_path.data(), static_cast<DWORD>(m_path.size())));
+        CreateDirectoryW(elsewhere.c_str(), nullptr);
+    }
+    void TearDown() override
+    {
+        clear();
+        SetEnvironmentVariableW(L"PATH", m_path.c_str());
+        SetCurrentDirectoryW(beside.c_str());
+        RemoveDirectoryW(elsewhere.c_str());
+    }
+
+    void put(const std::wstring& library, const std::wstring& folder = beside)
+    {
+        ASSERT_TRUE(CopyFileW((beside + library).c_str(), (folder + L"velkvsadd.dll").c_str(), FALSE));
+    }
+    void putBytes(const std::string& bytes)
+    {
+        const HANDLE file = CreateFileW((beside + L"velkvsadd.dll").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                        FILE_ATTRIBUTE_NORMAL, nullptr);
+        DWORD written = 0;
+        WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+        CloseHandle(file);
+        ASSERT_EQ(written, bytes.size());
+    }
+
+    const std::wstring elsewhere = beside + L"elsewhere\\";
+
+private:
+    void clear()
+    {
+        unloadBackend();
+        DeleteFileW((beside + L"velkvsadd.dll").c_str());
+        DeleteFileW((elsewhere + L"velkvsadd.dll").c_str());
+    }
+
+    std::wstring m_path;
+};
+
+template <class Call>
+std::optional<Error> errorOf(Call call)
+{
+    try {
+        call();
+    } catch (const Error& error) {
+        return error;
+    }
+    return std::nullopt;
+}
+
+TEST_F(backendLibrary, missing_isError53NamingTheFile)
+{
+    const auto error = errorOf([] { RZTerminate(); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->number(), 53);
+    EXPECT_EQ(error->description(), L"File not found: velkvsadd.dll");
+    EXPECT_EQ(error->source(), L"velkviadd");
+}
+
+TEST_F(backendLibrary, missingThenThere_isFoundByTheNextCall)
+{
+    ASSERT_TRUE(errorOf([] { RZTerminate(); }));
+    put(VELK_INCOMPLETE_BACKEND);
+    EXPECT_EQ(RZTerminate(), 4711);
+}
+
+TEST_F(backendLibrary, onlyInTheCurrentDirectory_isNotFound)
+{
+    put(VELK_INCOMPLETE_BACKEND, elsewhere);
+    ASSERT_TRUE(SetCurrentDirectoryW(elsewhere.c_str()));
+    const auto error = errorOf([] { RZTerminate(); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->number(), 53);
+}
+
+TEST_F(backendLibrary, currentDirectoryAsRelativeEntryOfTheSearchPath_isNotFound)
+{
+    put(VELK_INCOMPLETE_BACKEND, elsewhere);
+    SetCurrentDirectoryW(elsewhere.c_str());
+    SetEnvironmentVariableW(L"PATH", L".;;");
+    EXPECT_TRUE(errorOf([] { RZTerminate(); }));
+}
+
+TEST_F(backendLibrary, onTheSearchPath_isFound)
+{
+    put(VELK_INCOMPLETE_BACKEND, elsewhere);
+    SetEnvironmentVariableW(L"PATH", (L"C:\\nowhere;;\"" + elsewhere + L"\"").c_str());
+    EXPECT_EQ(RZTerminate(), 4711);
+}
+
+TEST_F(backendLibrary, besideTheAddInAndOnTheSearchPath_isTheOneBeside)
+{
+    put(VELK_INCOMPLETE_BACKEND, elsewhere);
+    put(VELK_COMPLETE_BACKEND);
+    SetEnvironmentVariableW(L"PATH", elsewhere.c_str());
+    EXPECT_EQ(RZTerminate(), 0);
+}
+
+TEST_F(backendLibrary, for64Bits_isError48WithTheSystemsReason)
+{
+    putBytes(emptyImage(IMAGE_FILE_MACHINE_AMD64));
+    const auto error = errorOf([] { RZTerminate(); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->number(), 48);
+    EXPECT_THAT(error->description(), StartsWith(L"Error in loading DLL: velkvsadd.dll. "));
+    EXPECT_THAT(error->description(), HasSubstr(beside + L"velkvsadd.dll"));
+}
+
+TEST_F(backendLibrary, damaged_isError48)
+{
+    putBytes("this is no library");
+    const auto error = errorOf([] { RZTerminate(); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->number(), 48);
+}
+
+TEST_F(backendLibrary, emptyFile_isError48)
+{
+    putBytes("");
+    const auto error = errorOf([] { RZTerminate(); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->number(), 48);
+}
+
+TEST_F(backendLibrary, damagedThenReplaced_loadsWithTheNextCall)
+{
+    putBytes("this is no library");
+    ASSERT_TRUE(errorOf([] { RZTerminate(); }));
+    put(VELK_INCOMPLETE_BACKEND);
+    EXPECT_EQ(RZTerminate(), 4711);
+}
+
+TEST_F(backendLibrary, withoutTheFunction_isError453NamingBoth)
+{
+    put(VELK_INCOMPLETE_BACKEND);
+    const auto error = errorOf([] { RZObjectDoAction(1, 2); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->number(), 453);
+    EXPECT_EQ(error->description(), L"Can't find DLL entry point RZObjectDoAction in velkvsadd.dll");
+    EXPECT_EQ(RZTerminate(), 4711);
+}
+
+TEST_F(backendLibrary, unloaded_isGoneAndLoadedAgainByTheNextCall)
+{
+    put(VELK_INCOMPLETE_BACKEND);
+    RZTerminate();
+    EXPECT_TRUE(GetModuleHandleW(L"velkvsadd.dll"));
+    unloadBackend();
+    EXPECT_FALSE(GetModuleHandleW(L"velkvsadd.dll"));
+    put(VELK_COMPLETE_BACKEND);
+    EXPECT_EQ(RZTerminate(), 0);
+}
+
+TEST_F(backendLibrary, neverLoaded_canBeUnloaded)
+{
+    unloadBackend();
+    unloadBackend();
+    EXPECT_FALSE(GetModuleHandleW(L"velkvsadd.dll"));
+}
+
+TEST_F(backendLibrary, missingForAText_givesTheEmptyTextAndIsReported)
+{
+    FailureLog failures;
+    std::wstring parameter = L"kept";
+    EXPECT_EQ(getRZString(646), L"");
+    EXPECT_EQ(getRZStringP1(646, parameter), L"");
+    EXPECT_EQ(getRZStringP2(646, parameter, parameter), L"");
+    EXPECT_EQ(parameter, L"kept");
+    EXPECT_THAT(failures.lines, ElementsAre(L"getRZString: 53", L"getRZStringP1: 53", L"getRZStringP2: 53"));
+}
+
+TEST_F(backendLibrary, withoutARecordsFunction_gives0AndLeavesTheRecord)
+{
+    put(VELK_INCOMPLETE_BACKEND);
+    FailureLog failures;
+    trzTable table{.lHdl = 5, .strName = L"kept"};
+    trzText text{.strText = L"kept", .lTextSz = 7};
+    EXPECT_EQ(fetchTable(1, table) + fetchText(1, text), 0);
+    EXPECT_EQ(table.strName + text.strText, L"keptkept");
+    EXPECT_EQ(text.lTextSz, 7);
+    EXPECT_THAT(failures.lines, ElementsAre(L"fetchTable: 453", L"fetchText: 453"));
+}
+
+TEST_F(backendLibrary, withoutTheFunction_leavesTheCallersVariables)
+{
+    put(VELK_INCOMPLETE_BACKEND);
+    std::wstring folder = L"kept";
+    bool more = true;
+    trzNotify notify{.lNotifyType = 3};
+    EXPECT_TRUE(errorOf([&] { RZProjectDoAccess(folder, L"", 2); }));
+    EXPECT_TRUE(errorOf([&] { RZGetNotification(notify, more); }));
+    EXPECT_EQ(folder, L"kept");
+    EXPECT_TRUE(more);
+    EXPECT_EQ(notify.lNotifyType, 3);
+}
+
+} // namespace
+} // namespace velk

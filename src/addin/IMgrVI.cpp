@@ -50,13 +50,17 @@ HRESULT IMgrVI::openRZCommunication() noexcept
     return atBoundary(L"IMgrVI.openRZCommunication", [this] { open(); });
 }
 
+std::wstring IMgrVI::solutionFullName()
+{
+    const com_ptr<IDispatch> solution = automation::getObject(m_instance, L"Solution");
+    return solution ? automation::get(solution, L"FullName").asText() : std::wstring();
+}
+
 void IMgrVI::open()
 {
     try {
         ensureToolWindow();
-        const com_ptr<IDispatch> solution = automation::getObject(m_instance, L"Solution");
-        const std::wstring fullName = automation::get(solution, L"FullName").asText();
-        m_rzFileName = defaultRZFileName(fullName, module::folder());
+        m_rzFileName = defaultRZFileName(solutionFullName(), module::folder());
         // A Backend without its notifications would leave the pump failing ten times a second, so it is refused here.
         backendAddress(BackendFunction::RZGetNotification);
         backendAddress(BackendFunction::RZTerminate);

@@ -43,6 +43,7 @@ public:
 
 private:
     void setUp(IDispatch* app, IDispatch* addin);
+    std::wstring solutionFullName();
     com_ptr<IDispatch> ensureToolWindow();
     void makeToolWindow();
     void removeToolWindow();

@@ -23,7 +23,7 @@ void* firstOf(DocumentObject* object, REFIID iid) noexcept
 
 } // namespace
 
-void* DocumentObject::answer(REFIID iid) noexcept
+void* DocumentObject::hostedInterface(REFIID iid) noexcept
 {
     if (iid == IID_IOleWindow)
         return static_cast<IOleWindow*>(static_cast<IOleInPlaceObject*>(this));

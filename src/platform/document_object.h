@@ -6,7 +6,7 @@
 namespace velk {
 
 // The OLE half of an object that a host shows as a control or as a document: activation in place, extents, persistence
-// without state, one view. The class on top brings reference counting and hands unknown interfaces to answer().
+// without state, one view. The class on top brings reference counting and asks hostedInterface() for the rest.
 //
 // Containers are not to be trusted: some never deactivate before they close, some ask for no document site, some give
 // extents that fit nothing. The rectangle that counts is the site's window context, then whatever the host sets.
@@ -111,7 +111,7 @@ protected:
     ~DocumentObject() = default;
 
     // One of the interfaces above by its IID, null for others.
-    void* answer(REFIID iid) noexcept;
+    void* hostedInterface(REFIID iid) noexcept;
     // The object takes the focus inside its host.
     void activateUi();
 

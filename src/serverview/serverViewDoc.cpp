@@ -33,6 +33,8 @@ ServerViewWindow& serverViewWindow()
     return shown.get();
 }
 
+serverViewDoc::serverViewDoc() = default;
+
 serverViewDoc::~serverViewDoc()
 {
     destroyContent();
@@ -40,7 +42,7 @@ serverViewDoc::~serverViewDoc()
 
 void serverViewDoc::queryExtra(REFIID iid, void** out) noexcept
 {
-    *out = answer(iid);
+    *out = hostedInterface(iid);
 }
 
 HRESULT serverViewDoc::putref_IMgr(_IntegrationMgr* manager) noexcept

@@ -23,6 +23,8 @@ ServerViewWindow& serverViewWindow();
 // keeps it at the size of the document.
 class serverViewDoc : public ComObject<serverViewDoc, dual<_serverViewDoc>, DocumentObject> {
 public:
+    serverViewDoc();
+    ~serverViewDoc() override;
     void queryExtra(REFIID iid, void** out) noexcept;
 
     STDMETHODIMP putref_IMgr(_IntegrationMgr* manager) noexcept override;
@@ -33,9 +35,6 @@ public:
     // The document's font: points, and the times it was set anew.
     const std::wstring& fontName() const noexcept { return m_fontName; }
     float fontSize() const noexcept { return m_fontSize; }
-
-protected:
-    ~serverViewDoc() override;
 
 private:
     class DocumentWindow;

@@ -1,0 +1,164 @@
+#!/usr/bin/env python3
+"""Draws the add-in's pictures. Run it after a change and commit what it writes; the build uses the files as they are.
+
+Needs Pillow. The same version draws the same bytes.
+"""
+from pathlib import Path
+
+from PIL import Image, ImageDraw, ImageFont
+
+HERE = Path(__file__).resolve().parent
+MASK = (255, 0, 255)
+FACE = (192, 192, 192)
+BLACK, WHITE, GREY, DARK = (0, 0, 0), (255, 255, 255), (160, 160, 164), (96, 96, 96)
+YELLOW, GOLD, BLUE, LIGHT = (255, 224, 128), (168, 120, 0), (0, 72, 160), (168, 208, 255)
+GREEN, RED, PURPLE = (0, 136, 56), (200, 32, 32), (120, 48, 152)
+
+
+def tile(background=MASK):
+    image = Image.new("RGB", (16, 16), background)
+    return image, ImageDraw.Draw(image)
+
+
+def folder(filtered=False):
+    image, draw = tile()
+    draw.polygon([(1, 4), (2, 3), (6, 3), (7, 4), (14, 4), (14, 13), (1, 13)], fill=YELLOW, outline=GOLD)
+    draw.line([(2, 6), (13, 6)], fill=WHITE)
+    if filtered:
+        draw.polygon([(6, 7), (15, 7), (11, 11), (11, 15), (10, 15), (10, 11)], fill=BLUE, outline=BLACK)
+    return image
+
+
+def cylinder(draw, left, top, fill, edge):
+    draw.rectangle([left, top + 2, left + 8, top + 10], fill=fill)
+    draw.ellipse([left, top + 8, left + 8, top + 12], fill=fill, outline=edge)
+    draw.rectangle([left + 1, top + 2, left + 7, top + 9], fill=fill)
+    draw.line([(left, top + 2), (left, top + 10)], fill=edge)
+    draw.line([(left + 8, top + 2), (left + 8, top + 10)], fill=edge)
+    draw.ellipse([left, top, left + 8, top + 4], fill=WHITE, outline=edge)
+
+
+def connection(connected):
+    image, draw = tile()
+    if connected:
+        cylinder(draw, 1, 1, LIGHT, BLUE)
+        draw.ellipse([8, 8, 15, 15], fill=GREEN, outline=BLACK)
+        draw.line([(10, 11), (11, 13), (13, 10)], fill=WHITE)
+    else:
+        cylinder(draw, 1, 1, FACE, DARK)
+        draw.line([(9, 9), (15, 15)], fill=RED, width=2)
+        draw.line([(15, 9), (9, 15)], fill=RED, width=2)
+    return image
+
+
+def page(draw):
+    draw.polygon([(2, 1), (9, 1), (12, 4), (12, 14), (2, 14)], fill=WHITE, outline=DARK)
+    draw.line([(9, 1), (9, 4), (12, 4)], fill=DARK)
+
+
+def changed(draw):
+    """The mark of a routine that was changed since it was built: dark enough to be told in grey, too."""
+    draw.polygon([(11, 15), (15, 15), (15, 8), (13, 5), (11, 8)], fill=RED, outline=BLACK)
+
+
+def procedure(dirty):
+    image, draw = tile()
+    page(draw)
+    for y, width in ((6, 5), (8, 7), (10, 4), (12, 6)):
+        draw.line([(4, y), (4 + width, y)], fill=BLUE)
+    if dirty:
+        changed(draw)
+    return image
+
+
+def function(dirty):
+    image, draw = tile()
+    page(draw)
+    draw.line([(8, 5), (7, 5), (6, 6), (6, 12), (5, 13)], fill=PURPLE)
+    draw.line([(4, 8), (9, 8)], fill=PURPLE)
+    draw.line([(8, 10), (10, 12)], fill=PURPLE)
+    draw.line([(10, 10), (8, 12)], fill=PURPLE)
+    if dirty:
+        changed(draw)
+    return image
+
+
+def trigger():
+    image, draw = tile()
+    draw.polygon([(9, 0), (3, 8), (7, 8), (5, 15), (13, 6), (9, 6), (12, 0)], fill=(255, 200, 0), outline=BLACK)
+    return image
+
+
+def table():
+    image, draw = tile()
+    draw.rectangle([1, 2, 14, 13], fill=WHITE, outline=DARK)
+    draw.rectangle([2, 3, 13, 5], fill=BLUE)
+    for y in (8, 11):
+        draw.line([(2, y), (13, y)], fill=GREY)
+    for x in (5, 9):
+        draw.line([(x, 6), (x, 12)], fill=GREY)
+    return image
+
+
+def view():
+    image = table()
+    draw = ImageDraw.Draw(image)
+    draw.ellipse([6, 6, 13, 13], fill=LIGHT, outline=BLACK)
+    draw.line([(12, 12), (15, 15)], fill=BLACK, width=2)
+    return image
+
+
+def entry_face():
+    image, draw = tile(FACE)
+    cylinder(draw, 1, 2, LIGHT, BLUE)
+    draw.polygon([(8, 7), (15, 7), (15, 14), (8, 14)], fill=WHITE, outline=BLACK)
+    draw.line([(10, 9), (13, 9)], fill=RED)
+    draw.line([(10, 11), (12, 11)], fill=RED)
+    return image
+
+
+def welcome():
+    width, height = 396, 355
+    image = Image.new("RGB", (width, height))
+    draw = ImageDraw.Draw(image)
+    for y in range(height):
+        part = y / height
+        draw.line([(0, y), (width, y)], fill=(int(16 + 24 * part), int(40 + 48 * part), int(88 + 72 * part)))
+    for index, (x, y, size) in enumerate([(238, 60, 120), (192, 120, 96), (270, 160, 84)]):
+        shade = 150 + 30 * index
+        body, edge = (shade - 60, shade - 20, min(shade + 40, 255)), (230, 240, 255)
+        draw.rectangle([x, y + size // 8, x + size, y + size - size // 8], fill=body)
+        draw.ellipse([x, y + size - size // 4, x + size, y + size], fill=body, outline=edge)
+        draw.rectangle([x + 1, y + size // 8, x + size - 1, y + size - size // 8], fill=body)
+        for ring in range(3):
+            top = y + ring * size // 4
+            draw.ellipse([x, top, x + size, top + size // 4], fill=(210, 226, 248) if ring == 0 else body, outline=edge)
+        draw.line([(x, y + size // 8), (x, y + size - size // 8)], fill=edge)
+        draw.line([(x + size, y + size // 8), (x + size, y + size - size // 8)], fill=edge)
+    bold = "/usr/share/fonts/truetype/dejavu/DejaVuSans-Bold.ttf"
+    plain = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"
+    draw.text((24, 28), "Rozel", font=ImageFont.truetype(bold, 46), fill=WHITE)
+    draw.text((26, 84), "for Velk databases", font=ImageFont.truetype(plain, 15), fill=(190, 212, 244))
+    draw.rectangle([0, 290, width, height], fill=(232, 238, 248))
+    draw.text((24, 300), "Velk Development Add-In", font=ImageFont.truetype(bold, 17), fill=(24, 48, 96))
+    draw.text((24, 325), "for Visual Interdev", font=ImageFont.truetype(plain, 13), fill=(64, 84, 120))
+    return image.quantize(colors=200, dither=Image.Dither.NONE)
+
+
+PICTURES = [
+    folder(), folder(True), connection(True), connection(False), procedure(False), procedure(True),
+    function(False), function(True), trigger(), table(), view(),
+]
+
+
+def main():
+    strip = Image.new("RGB", (16 * len(PICTURES), 16), MASK)
+    for place, picture in enumerate(PICTURES):
+        strip.paste(picture, (16 * place, 0))
+    strip.save(HERE / "serverview.bmp")
+    entry_face().save(HERE / "face100.bmp")
+    welcome().save(HERE / "welcome.gif")
+
+
+if __name__ == "__main__":
+    main()

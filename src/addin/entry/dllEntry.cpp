@@ -1,0 +1,48 @@
+// The DLL's four entry points, and its attachment to the host's process.
+
+#include "addin/classFactory.h"
+#include "addin/registration.h"
+#include "backend/library.h"
+#include "platform/dispatch.h"
+
+using namespace velk;
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID)
+{
+    if (reason == DLL_PROCESS_ATTACH)
+        DisableThreadLibraryCalls(instance);
+    return TRUE;
+}
+
+STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, LPVOID* out) noexcept
+{
+    if (!out)
+        return E_POINTER;
+    *out = nullptr;
+    for (const PublishedClass& row : publishedClasses())
+        if (*row.clsid == clsid)
+            return atBoundary(L"DllGetClassObject",
+                              [&] { return makeObject<ClassFactory>(row)->QueryInterface(iid, out); });
+    return CLASS_E_CLASSNOTAVAILABLE;
+}
+
+STDAPI DllCanUnloadNow() noexcept
+{
+    // What is kept for speed must not outlive the code, and must not be let go of under the loader's lock.
+    if (module::lockCount() != 0)
+        return S_FALSE;
+    forgetTypeLibraries();
+    unloadBackend();
+    setFailureObserver(nullptr);
+    return S_OK;
+}
+
+STDAPI DllRegisterServer() noexcept
+{
+    return FAILED(atBoundary(L"DllRegisterServer", [] { registerAddin(); })) ? SELFREG_E_CLASS : S_OK;
+}
+
+STDAPI DllUnregisterServer() noexcept
+{
+    return FAILED(atBoundary(L"DllUnregisterServer", [] { unregisterAddin(); })) ? SELFREG_E_CLASS : S_OK;
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "backend/records.h"
+#include "model/IntegrationMgr.h"
+#include "platform/window.h"
+
+#include <memory>
+
+namespace velk {
+
+// The hidden form whose timer drains the tool's notifications, ten times a second, and carries each of them out. It
+// is the only reader of the queue. Ticks come on the user-interface thread; one can begin inside another only while a
+// message box of the outer one runs its own message loop, and that is harmless.
+class notificationThreadFrm : public Window, public std::enable_shared_from_this<notificationThreadFrm> {
+public:
+    // Makes the form; its timer runs from then on. The form lives as long as its owner, or as a tick that is still
+    // on the stack when the owner lets go.
+    static std::shared_ptr<notificationThreadFrm> load();
+    ~notificationThreadFrm() override;
+
+    // The integration manager, to be set before the first tick finds a notification.
+    void setIMMgr(IntegrationMgr manager) { m_IMMgr = std::move(manager); }
+    // Ends the form: no Backend call follows, also not from a tick that waits in a message box.
+    void unload() noexcept;
+
+    void timerThread_Timer() noexcept;
+
+protected:
+    LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+private:
+    notificationThreadFrm();
+    void drain();
+    void dispatch(const trzNotify& notification);
+
+    IntegrationMgr m_IMMgr;
+    bool m_isUnloaded = false;
+};
+
+} // namespace velk

@@ -1,0 +1,37 @@
+#include "platform/control.h"
+
+#include "platform/error.h"
+#include "platform/module.h"
+
+namespace velk {
+
+Control::Control(const wchar_t* className, HWND parent, DWORD style, DWORD extendedStyle)
+    : m_hwnd(CreateWindowExW(extendedStyle, className, L"", WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, parent, nullptr,
+                             module::instance(), nullptr))
+{
+    throwLastErrorUnless(m_hwnd != nullptr);
+}
+
+Control::~Control()
+{
+    if (IsWindow(m_hwnd))
+        DestroyWindow(m_hwnd);
+}
+
+LRESULT Control::send(UINT message, WPARAM wParam, LPARAM lParam) const noexcept
+{
+    return SendMessageW(m_hwnd, message, wParam, lParam);
+}
+
+void Control::setFont(HFONT font) const noexcept
+{
+    send(WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+}
+
+bool Control::hasFocus() const noexcept
+{
+    const HWND focused = GetFocus();
+    return focused == m_hwnd || IsChild(m_hwnd, focused);
+}
+
+} // namespace velk

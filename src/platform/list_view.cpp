@@ -1,0 +1,109 @@
+#include "platform/list_view.h"
+
+namespace velk {
+namespace {
+
+// Room between a text and the borders of its column, as the control draws it.
+constexpr int cellPadding = 14;
+
+} // namespace
+
+list_view::list_view(HWND parent)
+    : Control(WC_LISTVIEWW, parent,
+              WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | LVS_SINGLESEL | LVS_SHAREIMAGELISTS,
+              WS_EX_CLIENTEDGE)
+{
+    constexpr DWORD extended = LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP;
+    send(LVM_SETEXTENDEDLISTVIEWSTYLE, extended, extended);
+}
+
+void list_view::setImages(HIMAGELIST images) const noexcept
+{
+    send(LVM_SETIMAGELIST, LVSIL_NORMAL, reinterpret_cast<LPARAM>(images));
+    send(LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(images));
+}
+
+void list_view::setColumns(const std::vector<std::wstring>& headers)
+{
+    removeColumns();
+    for (const std::wstring& header : headers) {
+        std::wstring text = header;
+        LVCOLUMNW column{};
+        column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
+        column.pszText = text.data();
+        column.cx = widthOf(text);
+        column.iSubItem = m_columns;
+        send(LVM_INSERTCOLUMNW, static_cast<WPARAM>(m_columns), reinterpret_cast<LPARAM>(&column));
+        ++m_columns;
+    }
+}
+
+void list_view::removeColumns()
+{
+    while (m_columns > 0)
+        send(LVM_DELETECOLUMN, static_cast<WPARAM>(--m_columns));
+}
+
+int list_view::columnWidth(int column) const noexcept
+{
+    return static_cast<int>(send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column)));
+}
+
+void list_view::setColumnWidth(int column, int pixels) const noexcept
+{
+    send(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), MAKELPARAM(pixels, 0));
+}
+
+int list_view::widthOf(const std::wstring& text) const noexcept
+{
+    return static_cast<int>(send(LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(text.c_str()))) + cellPadding;
+}
+
+void list_view::setRowCount(size_t rows) const noexcept
+{
+    send(LVM_SETITEMCOUNT, rows, LVSICF_NOSCROLL);
+}
+
+void list_view::redrawRow(size_t row) const noexcept
+{
+    send(LVM_REDRAWITEMS, row, static_cast<LPARAM>(row));
+}
+
+void list_view::removeRow(size_t row) const noexcept
+{
+    send(LVM_DELETEITEM, row);
+}
+
+int list_view::selectedRow() const noexcept
+{
+    return static_cast<int>(send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), MAKELPARAM(LVNI_SELECTED, 0)));
+}
+
+int list_view::focusedRow() const noexcept
+{
+    return static_cast<int>(send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), MAKELPARAM(LVNI_FOCUSED, 0)));
+}
+
+int list_view::topRow() const noexcept
+{
+    return static_cast<int>(send(LVM_GETTOPINDEX));
+}
+
+void list_view::selectRow(int row) const noexcept
+{
+    LVITEMW state{};
+    state.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+    send(LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&state));
+    state.state = LVIS_SELECTED | LVIS_FOCUSED;
+    if (row >= 0)
+        send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&state));
+}
+
+void list_view::scrollToTop(int row) const noexcept
+{
+    RECT first{LVIR_BOUNDS, 0, 0, 0};
+    if (send(LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&first)))
+        send(LVM_SCROLL, 0, (row - topRow()) * (first.bottom - first.top));
+}
+
+} // namespace velk

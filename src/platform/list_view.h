@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/control.h"
+
+#include <string>
+#include <vector>
+
+namespace velk {
+
+// A list in report mode that keeps no texts: the owner answers what is asked for the rows on screen.
+class list_view : public Control {
+public:
+    explicit list_view(HWND parent);
+
+    void setImages(HIMAGELIST images) const noexcept;
+
+    void setColumns(const std::vector<std::wstring>& headers);
+    void removeColumns();
+    int columnCount() const noexcept { return m_columns; }
+    int columnWidth(int column) const noexcept; // pixels
+    void setColumnWidth(int column, int pixels) const noexcept;
+    // Pixels that a text needs in a column, in the list's font.
+    int widthOf(const std::wstring& text) const noexcept;
+
+    // The number of rows, and that their contents may have changed; keeps scroll position and selection.
+    void setRowCount(size_t rows) const noexcept;
+    void redrawRow(size_t row) const noexcept;
+    // One row less: selection, focus and first visible row stay with their rows.
+    void removeRow(size_t row) const noexcept;
+
+    // Row numbers; -1 for none.
+    int selectedRow() const noexcept;
+    int focusedRow() const noexcept;
+    int topRow() const noexcept;
+    void selectRow(int row) const noexcept; // and focuses it; -1 takes the selection away
+    void scrollToTop(int row) const noexcept;
+
+private:
+    int m_columns = 0;
+};
+
+} // namespace velk

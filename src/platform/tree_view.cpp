@@ -1,0 +1,130 @@
+#include "platform/tree_view.h"
+
+#include "platform/error.h"
+
+namespace velk {
+
+tree_view::tree_view(HWND parent)
+    : Control(WC_TREEVIEWW, parent,
+              WS_TABSTOP | TVS_HASLINES | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_SHOWSELALWAYS, WS_EX_CLIENTEDGE)
+{
+}
+
+void tree_view::setImages(HIMAGELIST images) const noexcept
+{
+    send(TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(images));
+}
+
+void tree_view::add(const std::wstring& parentKey, TreeNode node)
+{
+    if (has(node.key))
+        throw Error(errorKeyNotUnique);
+    auto made = std::make_unique<Entry>();
+    made->node = std::move(node);
+    TVINSERTSTRUCTW insertion{};
+    insertion.hParent = parentKey.empty() ? TVI_ROOT : entry(parentKey).item;
+    insertion.hInsertAfter = TVI_LAST;
+    insertion.item.mask = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_PARAM;
+    insertion.item.pszText = made->node.text.data();
+    insertion.item.iImage = made->node.image;
+    insertion.item.iSelectedImage = made->node.image;
+    insertion.item.lParam = reinterpret_cast<LPARAM>(made.get());
+    // The first node of a tree is selected while it is inserted: it must be known by then.
+    Entry& kept = *(m_nodes[made->node.key] = std::move(made));
+    kept.item = reinterpret_cast<HTREEITEM>(send(TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insertion)));
+    if (!kept.item) {
+        m_nodes.erase(std::wstring(kept.node.key));
+        throw Error(errorOutOfMemory);
+    }
+}
+
+void tree_view::remove(const std::wstring& key)
+{
+    send(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(entry(key).item));
+}
+
+void tree_view::clear()
+{
+    send(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(TVI_ROOT));
+    m_nodes.clear();
+}
+
+void tree_view::setText(const std::wstring& key, const std::wstring& text)
+{
+    Entry& changed = entry(key);
+    changed.node.text = text;
+    TVITEMW item{};
+    item.mask = TVIF_TEXT;
+    item.hItem = changed.item;
+    item.pszText = changed.node.text.data();
+    send(TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+}
+
+void tree_view::setImage(const std::wstring& key, int image)
+{
+    Entry& changed = entry(key);
+    changed.node.image = image;
+    TVITEMW item{};
+    item.mask = TVIF_IMAGE | TVIF_SELECTEDIMAGE;
+    item.hItem = changed.item;
+    item.iImage = image;
+    item.iSelectedImage = image;
+    send(TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+}
+
+void tree_view::expand(const std::wstring& key) const
+{
+    send(TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(entry(key).item));
+}
+
+bool tree_view::isExpanded(const std::wstring& key) const
+{
+    const LPARAM item = reinterpret_cast<LPARAM>(entry(key).item);
+    return (send(TVM_GETITEMSTATE, static_cast<WPARAM>(item), TVIS_EXPANDED) & TVIS_EXPANDED) != 0;
+}
+
+void tree_view::select(const std::wstring& key) const
+{
+    send(TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(entry(key).item));
+}
+
+const TreeNode* tree_view::selected() const noexcept
+{
+    const auto item = reinterpret_cast<HTREEITEM>(send(TVM_GETNEXTITEM, TVGN_CARET, 0));
+    const Entry* found = item ? entryOf(item) : nullptr;
+    return found ? &found->node : nullptr;
+}
+
+std::wstring tree_view::parentOf(const std::wstring& key) const
+{
+    const auto parent = reinterpret_cast<HTREEITEM>(
+        send(TVM_GETNEXTITEM, TVGN_PARENT, reinterpret_cast<LPARAM>(entry(key).item)));
+    const Entry* found = parent ? entryOf(parent) : nullptr;
+    return found ? found->node.key : std::wstring();
+}
+
+void tree_view::onDeleteItem(const NMTREEVIEWW& notification) noexcept
+{
+    const auto* gone = reinterpret_cast<const Entry*>(notification.itemOld.lParam);
+    if (gone)
+        m_nodes.erase(m_nodes.find(gone->node.key));
+}
+
+tree_view::Entry& tree_view::entry(const std::wstring& key) const
+{
+    const auto found = m_nodes.find(key);
+    if (found == m_nodes.end())
+        throw Error(errorElementNotFound);
+    return *found->second;
+}
+
+const tree_view::Entry* tree_view::entryOf(HTREEITEM item) const noexcept
+{
+    TVITEMW asked{};
+    asked.mask = TVIF_PARAM;
+    asked.hItem = item;
+    return send(TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&asked)) ? reinterpret_cast<const Entry*>(asked.lParam)
+                                                                   : nullptr;
+}
+
+} // namespace velk

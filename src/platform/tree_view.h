@@ -1,0 +1,58 @@
+#pragma once
+
+#include "platform/control.h"
+
+#include <memory>
+#include <string>
+#include <unordered_map>
+
+namespace velk {
+
+// What a node of a tree carries beside its place.
+struct TreeNode {
+    std::wstring key;
+    std::wstring tag;
+    std::wstring text;
+    int image = 0;
+};
+
+// A tree whose nodes are found by key. A key that is taken is error 35602, one that is missing 35601. Adding, finding
+// and removing a node take time that does not depend on the number of nodes (removing: on those below it).
+class tree_view : public Control {
+public:
+    explicit tree_view(HWND parent);
+
+    void setImages(HIMAGELIST images) const noexcept;
+    // Adds a node as the last child of the parent; an empty parent key adds a root.
+    void add(const std::wstring& parentKey, TreeNode node);
+    void remove(const std::wstring& key);
+    void clear();
+    size_t size() const noexcept { return m_nodes.size(); }
+
+    bool has(const std::wstring& key) const { return m_nodes.contains(key); }
+    const TreeNode& node(const std::wstring& key) const { return entry(key).node; }
+    void setText(const std::wstring& key, const std::wstring& text);
+    void setImage(const std::wstring& key, int image);
+    void expand(const std::wstring& key) const;
+    bool isExpanded(const std::wstring& key) const;
+    void select(const std::wstring& key) const;
+    // The selected node, null when there is none. Valid until the tree changes.
+    const TreeNode* selected() const noexcept;
+    // The key of the node above, empty for a root.
+    std::wstring parentOf(const std::wstring& key) const;
+
+    // To be called by the parent window for the tree's notifications of this kind: the tree forgets deleted nodes.
+    void onDeleteItem(const NMTREEVIEWW& notification) noexcept;
+
+private:
+    struct Entry {
+        TreeNode node;
+        HTREEITEM item = nullptr;
+    };
+    Entry& entry(const std::wstring& key) const;
+    const Entry* entryOf(HTREEITEM item) const noexcept;
+
+    std::unordered_map<std::wstring, std::unique_ptr<Entry>> m_nodes;
+};
+
+} // namespace velk

@@ -1,0 +1,194 @@
+#include "serverview/svrViewCtl.h"
+
+#include "backend/calls.h"
+#include "backend/texts.h"
+#include "platform/boundary.h"
+#include "platform/text.h"
+#include "serverview/kinds.h"
+#include "serverview/publishedView.h"
+#include "serverview/viewAPIs.h"
+#include "ui/uiFont.h"
+
+namespace velk {
+namespace {
+
+constexpr int picturesResource = 120;
+constexpr int pictureSize = 16; // pixels
+constexpr COLORREF pictureMask = RGB(255, 0, 255);
+constexpr int firstTreeWidth = 3600; // twips
+
+// Headers that several kinds of folder share are fetched once.
+constexpr int32_t firstHeaderText = 500;
+constexpr int32_t lastSharedHeaderText = 505;
+
+} // namespace
+
+svrViewCtl::svrViewCtl()
+    : Window(L"velkviadd.svrViewCtl", GetSysColorBrush(COLOR_BTNFACE)), m_treeWidth(firstTreeWidth),
+      m_barLeft(firstTreeWidth)
+{
+}
+
+svrViewCtl::~svrViewCtl()
+{
+    // What is published must not outlive the controls it points to.
+    if (publishedView().serverTreeView == m_serverTreeView.get())
+        publishedView() = {};
+    destroy();
+}
+
+void svrViewCtl::create(HWND parent, const RECT& place)
+{
+    Window::create({parent, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, WS_EX_CONTROLPARENT, place.left,
+                    place.top, place.right - place.left, place.bottom - place.top, L""});
+    UserControl_Initialize();
+    resizeGUI();
+}
+
+void svrViewCtl::UserControl_Initialize()
+{
+    m_serverTreeView = std::make_unique<tree_view>(hwnd());
+    m_serverDetailsView = std::make_unique<DetailsList>(hwnd());
+    m_splitPane = std::make_unique<Control>(L"STATIC", hwnd(), WS_CLIPSIBLINGS);
+    m_serverDetailsView->view().removeColumns();
+    ImageList1 = std::make_unique<image_list>(picturesResource, pictureSize, pictureMask, imageKeys());
+    m_serverDetailsView->view().setImages(ImageList1->get());
+    m_serverTreeView->setImages(ImageList1->get());
+}
+
+void svrViewCtl::setupGUI()
+{
+    m_font = makeFont(uiFont());
+    m_serverTreeView->setFont(m_font.get());
+    m_serverDetailsView->setFont(m_font.get());
+    publishedView() = {m_serverTreeView.get(), m_serverDetailsView.get(), ImageList1.get(), m_IMgr};
+    fillColumnSets();
+}
+
+void svrViewCtl::fillColumnSets()
+{
+    std::map<int32_t, std::wstring> shared;
+    const auto header = [&shared](int32_t number) {
+        if (number < firstHeaderText || number > lastSharedHeaderText)
+            return getRZString(number);
+        const auto [found, isNew] = shared.try_emplace(number);
+        if (isNew)
+            found->second = getRZString(number);
+        return found->second;
+    };
+    for (const FolderKindRow& row : folderKindRows()) {
+        std::vector<std::wstring>& texts = m_columnSets[row.folderKind];
+        texts.clear();
+        for (const int32_t number : row.headers)
+            texts.push_back(header(number));
+    }
+}
+
+void svrViewCtl::selectNode(bool force)
+{
+    const TreeNode* node = m_serverTreeView->selected();
+    if (!node || (node->key == m_previousNode && !force))
+        return;
+    m_previousNode = node->key;
+    const int32_t handle = keyToHandle(node->key);
+    const int32_t kind = roundToLong(leadingNumber(node->tag));
+    const auto columns = m_columnSets.find(kind);
+    m_serverDetailsView->showColumns(kind, columns == m_columnSets.end() ? std::vector<std::wstring>()
+                                                                         : columns->second);
+    RZSetCurrentFolder(handle, kind);
+}
+
+void svrViewCtl::forgetNode(const std::wstring& key)
+{
+    if (key != m_previousNode)
+        return;
+    m_previousNode.clear();
+    m_serverDetailsView->showColumns(0, {});
+}
+
+LRESULT svrViewCtl::onTreeNotify(const NMHDR& header, LPARAM lParam)
+{
+    if (header.code == TVN_SELCHANGEDW)
+        selectNode(false);
+    if (header.code == TVN_DELETEITEMW) {
+        const auto& notification = *reinterpret_cast<const NMTREEVIEWW*>(lParam);
+        if (const auto* entry = reinterpret_cast<const TreeNode*>(notification.itemOld.lParam))
+            forgetNode(entry->key);
+        m_serverTreeView->onDeleteItem(notification);
+    }
+    return 0;
+}
+
+LRESULT svrViewCtl::onNotify(const NMHDR& header, LPARAM lParam)
+{
+    // Both controls tell things while they are being made.
+    if (m_serverTreeView && header.hwndFrom == m_serverTreeView->hwnd())
+        return onTreeNotify(header, lParam);
+    if (!m_serverDetailsView || header.hwndFrom != m_serverDetailsView->view().hwnd())
+        return 0;
+    if (header.code == LVN_GETDISPINFOW)
+        m_serverDetailsView->onGetDispInfo(*reinterpret_cast<NMLVDISPINFOW*>(lParam));
+    if (header.code == NM_CUSTOMDRAW)
+        return m_serverDetailsView->onCustomDraw(*reinterpret_cast<NMLVCUSTOMDRAW*>(lParam));
+    return 0;
+}
+
+bool svrViewCtl::translateKey(const MSG& message)
+{
+    if (message.message != WM_KEYDOWN)
+        return false;
+    const bool isInList = m_serverDetailsView->view().hasFocus();
+    if (message.wParam == VK_TAB && GetKeyState(VK_CONTROL) >= 0) {
+        SetFocus(isInList ? m_serverTreeView->hwnd() : m_serverDetailsView->view().hwnd());
+        return true;
+    }
+    if (message.wParam == VK_ESCAPE && m_isDragging) {
+        endDrag();
+        resizeGUI();
+        return true;
+    }
+    // The keys by which both controls move must reach them also where a host has them as accelerators of its own.
+    const bool moves = message.wParam >= VK_PRIOR && message.wParam <= VK_DOWN;
+    if (moves) {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+    return moves;
+}
+
+LRESULT svrViewCtl::handle(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const auto x = [&] { return toTwips(static_cast<short>(LOWORD(lParam))); };
+    const auto y = [&] { return toTwips(static_cast<short>(HIWORD(lParam))); };
+    switch (message) {
+    case WM_NOTIFY:
+        return onNotify(*reinterpret_cast<const NMHDR*>(lParam), lParam);
+    case WM_SIZE:
+        UserControl_Resize();
+        return 0;
+    case WM_LBUTTONDOWN:
+        if (rules().isOver(m_barLeft, x(), y())) {
+            SetCapture(hwnd());
+            m_isDragging = true;
+        }
+        return 0;
+    case WM_MOUSEMOVE:
+        UserControl_MouseMove((wParam & MK_LBUTTON) != 0, x(), y());
+        return 0;
+    case WM_LBUTTONUP:
+        UserControl_MouseUp(x(), y());
+        return 0;
+    case WM_CAPTURECHANGED:
+        m_isDragging = false;
+        resizeGUI();
+        return 0;
+    case WM_SETFOCUS:
+        if (m_serverTreeView)
+            SetFocus(m_serverTreeView->hwnd());
+        return 0;
+    default:
+        return handleDefault(message, wParam, lParam);
+    }
+}
+
+} // namespace velk

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "model/IntegrationMgr.h"
+#include "platform/image_list.h"
+#include "platform/tree_view.h"
+#include "platform/unique_any.h"
+#include "platform/window.h"
+#include "serverview/DetailsList.h"
+#include "serverview/splitter.h"
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace velk {
+
+// The control that fills the server view: the project's tree, the details list of the selected folder, and a splitter
+// between them. Sizes in its public face are pixels.
+class svrViewCtl : public Window {
+public:
+    svrViewCtl();
+    ~svrViewCtl() override;
+
+    // Makes the control's windows as a child of the parent.
+    void create(HWND parent, const RECT& place);
+    void setIMgr(IntegrationMgr manager) { m_IMgr = std::move(manager); }
+    // Fonts, column sets, and the references by which the tool's objects reach tree and list. May be repeated.
+    void setupGUI();
+    void resize(int width, int height);
+    // Whether the key was used: Tab moves between tree and list, and their own keys stay theirs.
+    bool translateKey(const MSG& message);
+
+    tree_view& serverTreeView() noexcept { return *m_serverTreeView; }
+    DetailsList& serverDetailsView() noexcept { return *m_serverDetailsView; }
+    HWND splitPane() const noexcept { return m_splitPane->hwnd(); }
+
+    // The selection routine: makes the selected node's folder the current one of the tool, with its columns and an
+    // empty list; the rows come with the folder's contents. Nothing when the node is the one of the last time, unless
+    // forced.
+    void selectNode(bool force);
+
+protected:
+    LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+private:
+    void UserControl_Initialize();
+    void UserControl_Resize();
+    void UserControl_MouseMove(bool isButtonDown, int x, int y); // twips
+    void UserControl_MouseUp(int x, int y);                      // twips
+    void resizeGUI();
+    void fillColumnSets();
+    void forgetNode(const std::wstring& key);
+    LRESULT onNotify(const NMHDR& header, LPARAM lParam);
+    LRESULT onTreeNotify(const NMHDR& header, LPARAM lParam);
+    SplitterRules rules() const noexcept;
+    int toTwips(int pixels) const noexcept;
+    int toPixels(int twips) const noexcept;
+    void endDrag() noexcept;
+
+    std::unique_ptr<image_list> ImageList1;
+    std::unique_ptr<tree_view> m_serverTreeView;
+    std::unique_ptr<DetailsList> m_serverDetailsView;
+    std::unique_ptr<Control> m_splitPane;
+    unique_font m_font;
+    IntegrationMgr m_IMgr;
+    std::map<int32_t, std::vector<std::wstring>> m_columnSets; // header texts by folder kind
+    std::wstring m_previousNode;                               // key, empty: none
+    int m_treeWidth;                                           // twips
+    int m_barLeft;                                             // twips, while dragged elsewhere than the tree's edge
+    bool m_isDragging = false;
+};
+
+} // namespace velk

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "backend/records.h"
+#include "serverview/DetailsList.h"
+
+#include <cstdint>
+#include <string>
+
+namespace velk {
+
+// Puts the tool's objects into the published server view. All but the two key conversions end quietly when the
+// controls refuse (a key that is taken or missing, no view, nothing selected); what was done before stays.
+
+// "K" and the handle in decimal, and back. The text behind the K is read as far as it is a number.
+std::wstring makeKey(int32_t handle);
+int32_t keyToHandle(const std::wstring& key);
+
+// A node of the kind that the tag names, "True" or "False" telling whether it is the root. A root empties the tree.
+void addFolderNode(const std::wstring& parentKey, const std::wstring& tag, const std::wstring& key,
+                   const std::wstring& text, const std::wstring& isRoot) noexcept;
+void addConnectionNode(const std::wstring& projectKey, const trzConnection& connection) noexcept;
+void removeNode(const std::wstring& key) noexcept;
+void setFolderFiltered(const std::wstring& key, bool filtered) noexcept;
+void updateProjectNode(const trzProject& project) noexcept;
+void updateConnectionNode(const trzConnection& connection) noexcept;
+void expandSelected() noexcept;
+bool selectedNodeKindIs(int32_t kind) noexcept;
+
+void addProcedureRow(const trzProcedure& procedure) noexcept;
+void addFunctionRow(const trzFunction& function) noexcept;
+void addTriggerRow(const trzTrigger& trigger) noexcept;
+void addTableRow(const trzTable& table) noexcept;
+void addViewRow(const trzView& view) noexcept;
+void updateProcedureRow(const trzProcedure& procedure) noexcept;
+void updateFunctionRow(const trzFunction& function) noexcept;
+// Removes the row only while a folder of that kind of object is selected.
+void removeListRow(const std::wstring& objectKind, const std::wstring& key) noexcept;
+void clearListRows() noexcept;
+
+// Rows added while it lives are shown together at its end; harmless without a view.
+class ListFilling {
+public:
+    ListFilling() noexcept;
+
+private:
+    DetailsList::Filling m_filling;
+};
+
+} // namespace velk

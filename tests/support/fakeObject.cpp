@@ -1,0 +1,86 @@
+#include "support/fakeObject.h"
+
+namespace velk::test {
+namespace {
+
+std::wstring shown(const variant& value)
+{
+    if (value.type() == VT_DISPATCH)
+        return L"<object>";
+    if (value.type() & VT_BYREF)
+        return L"<reference>";
+    if (value.isMissing())
+        return L"<missing>";
+    return value.type() == VT_BSTR ? L"\"" + value.asText() + L"\"" : value.asText();
+}
+
+std::vector<variant> inOrder(const DISPPARAMS& parameters)
+{
+    std::vector<variant> arguments;
+    for (UINT index = parameters.cArgs; index-- > 0;) {
+        variant copy;
+        // References are passed on as such: the function of a test may want to write through them.
+        if (parameters.rgvarg[index].vt & VT_BYREF)
+            *copy.put() = parameters.rgvarg[index];
+        else
+            VariantCopy(copy.put(), &parameters.rgvarg[index]);
+        arguments.push_back(std::move(copy));
+    }
+    return arguments;
+}
+
+std::wstring shown(const std::vector<variant>& arguments)
+{
+    std::wstring text;
+    for (const variant& argument : arguments)
+        text += (text.empty() ? L"" : L", ") + shown(argument);
+    return text;
+}
+
+} // namespace
+
+DISPID FakeObject::idOf(const std::wstring& member)
+{
+    const auto [found, isNew] = m_ids.try_emplace(member, static_cast<DISPID>(m_members.size()));
+    if (isNew)
+        m_members.push_back(member);
+    return found->second;
+}
+
+HRESULT FakeObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) noexcept
+{
+    const auto found = m_ids.find(names[0]);
+    ids[0] = found == m_ids.end() ? DISPID_UNKNOWN : found->second;
+    return found == m_ids.end() ? DISP_E_UNKNOWNNAME : S_OK;
+}
+
+HRESULT FakeObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                           EXCEPINFO* exception, UINT*) noexcept
+{
+    const auto failure = m_failures.find(id);
+    if (failure == m_failures.end())
+        return answer(id, flags, *parameters, result);
+    write(m_members[static_cast<size_t>(id)] + L" fails");
+    *exception = {};
+    exception->scode = failure->second.result();
+    exception->bstrDescription = SysAllocString(failure->second.description().c_str());
+    exception->bstrSource = SysAllocString(failure->second.source().c_str());
+    return DISP_E_EXCEPTION;
+}
+
+HRESULT FakeObject::answer(DISPID id, WORD flags, const DISPPARAMS& parameters, VARIANT* result)
+{
+    const std::wstring member = m_members[static_cast<size_t>(id)];
+    const std::vector<variant> arguments = inOrder(parameters);
+    if (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) {
+        write(member + L" = " + shown(arguments));
+        m_values[id] = arguments.at(0);
+        return S_OK;
+    }
+    const auto function = m_functions.find(id);
+    write(function == m_functions.end() ? member : member + L"(" + shown(arguments) + L")");
+    const variant value = function == m_functions.end() ? m_values[id] : function->second(arguments);
+    return result ? VariantCopy(result, const_cast<VARIANT*>(&value.get())) : S_OK;
+}
+
+} // namespace velk::test

@@ -1,0 +1,232 @@
+#include "addin/Connect.h"
+#include "fakeIde.h"
+#include "platform/module.h"
+#include "serverview/serverViewDoc.h"
+#include "support/fakeBackend.h"
+#include "ui/messageBox.h"
+#include "ui/splashscrnFrm.h"
+#include "ui/uiFont.h"
+
+#include <algorithm>
+#include <gmock/gmock.h>
+
+namespace velk {
+namespace {
+
+using Calls = std::vector<std::string>;
+using Lines = std::vector<std::wstring>;
+
+class ConnectTest : public testing::Test {
+protected:
+    ConnectTest()
+    {
+        backend.texts = {{100, L"Tahoma"}, {101, L"10"}, {200, L"Rozel"}, {400, L"Server View"}, {669, L"No project"}};
+        setMessagePresenter([this](const std::wstring& text, uint32_t style, const std::wstring& title) {
+            messages.push_back(text + L"|" + std::to_wstring(style) + L"|" + title);
+            return IDOK;
+        });
+    }
+    ~ConnectTest() override
+    {
+        disconnect();
+        connect.reset();
+        setMessagePresenter({});
+        serverViewWindow() = {};
+        uiFont() = {};
+    }
+    void load()
+    {
+        connect = makeObject<Connect>();
+        connect->OnConnection(ide.dte.get(), ext_cm_Startup, ide.addin.get(), nullptr);
+    }
+    void disconnect()
+    {
+        if (connect)
+            connect->OnDisconnection(ext_dm_UserClosed, nullptr);
+    }
+    bool journalHas(const std::wstring& line) const
+    {
+        return std::find(ide.journal.begin(), ide.journal.end(), line) != ide.journal.end();
+    }
+
+    test::FakeBackend backend;
+    test::FakeIde ide;
+    std::vector<std::wstring> messages;
+    com_ptr<Connect> connect;
+};
+
+TEST_F(ConnectTest, connection_setsTheUiFontFromTexts100And101)
+{
+    load();
+    EXPECT_EQ(uiFont().name, L"Tahoma");
+    EXPECT_EQ(uiFont().size, 10);
+    EXPECT_EQ(uiFont().charset, 1);
+}
+
+TEST_F(ConnectTest, message101Empty_fontSizeIs9)
+{
+    backend.texts.erase(101);
+    load();
+    EXPECT_EQ(uiFont().size, 9);
+}
+
+TEST_F(ConnectTest, fractionalFontSize_isRoundedHalvesToEven)
+{
+    backend.texts[101] = L"8.5 points";
+    load();
+    EXPECT_EQ(uiFont().size, 8);
+}
+
+TEST_F(ConnectTest, connection_addsTheEntryToBar13)
+{
+    load();
+    EXPECT_EQ(ide.journal,
+              (Lines{L"DTE.Windows", L"Windows.Count", L"DTE.MainWindow", L"DTE.CommandBars", L"CommandBars.Item(13)",
+                     L"Bar.Controls", L"Controls.Add(1)", L"Entry.Caption = \"Rozel\"",
+                     L"Entry.OnAction = \"velkviadd.Connect\"", L"Entry.PasteFace()", L"DTE.Events",
+                     L"Events.CommandBarEvents(<object>)"}));
+}
+
+TEST_F(ConnectTest, connection_doesNotContactTheTool)
+{
+    load();
+    EXPECT_EQ(backend.calls, Calls{});
+}
+
+TEST_F(ConnectTest, connectionThatFailsHalfway_staysLoadedWithWhatWasSetUp)
+{
+    ide.controls->failing(L"Add", Error(errorPermissionDenied));
+    load();
+    EXPECT_EQ(uiFont().name, L"Tahoma");
+    EXPECT_FALSE(ide.entryEvents->isConnected());
+}
+
+TEST_F(ConnectTest, clickWithoutOpenProject_shows669AndLeavesTheEntryEnabled)
+{
+    ide.solution->value(L"Count", variant(int32_t{0}));
+    load();
+    ide.clickEntry();
+    EXPECT_EQ(messages, Lines{L"No project|0|velkviadd"});
+    EXPECT_TRUE(ide.entry->read(L"Enabled").asBool());
+    EXPECT_EQ(backend.calls, Calls{});
+}
+
+TEST_F(ConnectTest, clickAfterAProjectWasOpened_starts)
+{
+    ide.solution->value(L"Count", variant(int32_t{0}));
+    load();
+    ide.clickEntry();
+    ide.solution->value(L"Count", variant(int32_t{1}));
+    ide.clickEntry();
+    EXPECT_EQ(backend.calls, Calls{"RZInitialize(3, \"C:\\work\\rz\\orders.rzv\", \"\")"});
+    EXPECT_FALSE(ide.entry->read(L"Enabled").asBool());
+}
+
+TEST_F(ConnectTest, clickWithoutSolutionObject_startsWithProject1)
+{
+    ide.dte->value(L"Solution", variant());
+    load();
+    ide.clickEntry();
+    EXPECT_THAT(backend.calls, testing::ElementsAre(testing::HasSubstr("\\rz\\project1.rzv")));
+    EXPECT_EQ(messages, Lines{});
+}
+
+TEST_F(ConnectTest, secondClickAfterAStart_startsNothing)
+{
+    load();
+    ide.clickEntry();
+    ide.clickEntry();
+    EXPECT_EQ(backend.calls.size(), 1u);
+}
+
+TEST_F(ConnectTest, start_makesOneToolWindowAndSetsItsDocumentUpOnce)
+{
+    load();
+    ide.clickEntry();
+    EXPECT_EQ(std::count(ide.journal.begin(), ide.journal.end(), L"Document.setupGUI()"), 1);
+    EXPECT_TRUE(journalHas(L"Windows.CreateToolWindow(<object>, \"velkviadd.serverViewDoc\", \"Server View\", "
+                           L"\"{5D1C7A3E-2B94-4F6A-9E0B-7C3D8A61F2B5}\", <reference>)"));
+    EXPECT_TRUE(journalHas(L"Document.IMgr = <object>"));
+}
+
+TEST_F(ConnectTest, startThatFails_isToldAndUndone)
+{
+    ide.windows->failing(L"CreateToolWindow", Error(errorPermissionDenied));
+    load();
+    ide.clickEntry();
+    EXPECT_EQ(messages, Lines{L"Permission denied|0|velkviadd"});
+    EXPECT_TRUE(ide.entry->read(L"Enabled").asBool());
+    EXPECT_FALSE(isSplashScreenLoaded());
+}
+
+TEST_F(ConnectTest, clickAfterAFailedStart_triesAgain)
+{
+    ide.windows->failing(L"CreateToolWindow", Error(errorPermissionDenied));
+    load();
+    ide.clickEntry();
+    ide.windows->mend(L"CreateToolWindow");
+    ide.clickEntry();
+    EXPECT_EQ(backend.calls.size(), 1u);
+    EXPECT_FALSE(ide.entry->read(L"Enabled").asBool());
+}
+
+TEST_F(ConnectTest, unloadingBeforeAnyClick_doesNotTouchTheBackend)
+{
+    load();
+    disconnect();
+    EXPECT_EQ(backend.calls, Calls{});
+    EXPECT_EQ(ide.journal.back(), L"Entry.Delete()");
+    EXPECT_FALSE(ide.entryEvents->isConnected());
+}
+
+TEST_F(ConnectTest, unloadingAfterAStart_endsTheSessionAndClosesTheWindow)
+{
+    load();
+    ide.clickEntry();
+    disconnect();
+    EXPECT_EQ(backend.calls.back(), "RZTerminate()");
+    EXPECT_TRUE(journalHas(L"ToolWindow.Close()"));
+    EXPECT_FALSE(isSplashScreenLoaded());
+}
+
+TEST_F(ConnectTest, entryThatCannotBeDeleted_doesNotStopTheTearDown)
+{
+    load();
+    ide.clickEntry();
+    ide.entry->failing(L"Delete", Error(errorPermissionDenied));
+    disconnect();
+    EXPECT_EQ(backend.calls.back(), "RZTerminate()");
+    EXPECT_TRUE(journalHas(L"ToolWindow.Close()"));
+}
+
+TEST_F(ConnectTest, windowThatRefusesToClose_isHidden)
+{
+    load();
+    ide.clickEntry();
+    ide.toolWindow->failing(L"Close", Error(errorPermissionDenied));
+    disconnect();
+    EXPECT_FALSE(ide.toolWindow->read(L"Visible").asBool());
+}
+
+TEST_F(ConnectTest, secondDisconnection_isHarmless)
+{
+    load();
+    ide.clickEntry();
+    disconnect();
+    const size_t calls = backend.calls.size();
+    disconnect();
+    EXPECT_EQ(backend.calls.size(), calls);
+}
+
+TEST_F(ConnectTest, disconnection_letsGoOfEveryObjectOfTheAddin)
+{
+    load();
+    const long locks = module::lockCount();
+    ide.clickEntry();
+    disconnect();
+    ide.document->value(L"IMgr", variant());
+    EXPECT_LT(module::lockCount(), locks);
+}
+
+} // namespace
+} // namespace velk

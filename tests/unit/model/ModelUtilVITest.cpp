@@ -1,0 +1,125 @@
+#include "model/ModelUtil.h"
+#include "model/ModelUtilVI.h"
+#include "model/stringArrays.h"
+#include "platform/automation.h"
+#include "support/fakeObject.h"
+
+#include <gtest/gtest.h>
+
+namespace velk {
+namespace {
+
+using test::asVariant;
+using test::FakeObject;
+using test::fakeObject;
+
+// An IDE whose windows have these types, in collection order.
+com_ptr<FakeObject> ideWithWindows(std::vector<int32_t> types, FakeObject::Journal* journal = nullptr)
+{
+    auto windows = fakeObject(L"Windows", journal);
+    windows->value(L"Count", variant(static_cast<int32_t>(types.size())));
+    windows->function(L"Item", [types, journal](const std::vector<variant>& arguments) {
+        const int32_t index = arguments.at(0).asLong();
+        auto window = fakeObject(L"Window" + std::to_wstring(index), journal);
+        window->value(L"Type", variant(types.at(static_cast<size_t>(index) - 1)));
+        return asVariant(window);
+    });
+    auto ide = fakeObject(L"DTE", journal);
+    ide->value(L"Windows", asVariant(windows));
+    return ide;
+}
+
+TEST(ModelUtilVI, bindingWithWindowOfType5_takesTheFirst)
+{
+    FakeObject::Journal journal;
+    const auto model = makeObject<ModelUtilVI>();
+    EXPECT_EQ(model->putref_VIInstance(ideWithWindows({12, 5, 5}, &journal).get()), S_OK);
+    EXPECT_TRUE(model->statusWindow());
+    EXPECT_EQ(journal, (FakeObject::Journal{L"DTE.Windows", L"Windows.Count", L"Windows.Item(1)", L"Window1.Type",
+                                            L"Windows.Item(2)", L"Window2.Type"}));
+}
+
+TEST(ModelUtilVI, bindingWithoutWindowOfType5_leavesTheStatusWindowEmpty)
+{
+    const auto model = makeObject<ModelUtilVI>();
+    EXPECT_EQ(model->putref_VIInstance(ideWithWindows({12, 6}).get()), S_OK);
+    EXPECT_FALSE(model->statusWindow());
+}
+
+TEST(ModelUtilVI, bindingThatFails_tellsItsCaller)
+{
+    const auto ide = fakeObject(L"DTE");
+    ide->value(L"Windows", variant())->failing(L"Windows", Error(errorPermissionDenied));
+    const auto model = makeObject<ModelUtilVI>();
+    EXPECT_EQ(model->putref_VIInstance(ide.get()), Error(errorPermissionDenied).result());
+}
+
+TEST(ModelUtilVI, boundInstance_isReadBack)
+{
+    const auto ide = ideWithWindows({});
+    const auto model = makeObject<ModelUtilVI>();
+    model->putref_VIInstance(ide.get());
+    com_ptr<IDispatch> read;
+    EXPECT_EQ(model->get_VIInstance(read.put()), S_OK);
+    EXPECT_EQ(read.get(), ide.get());
+}
+
+TEST(ModelUtilVI, GetDevLanguage_isTheTextThree)
+{
+    const ModelUtil model(com_ptr<_ModelUtil>(makeObject<ModelUtilVI>().get()));
+    EXPECT_EQ(model.GetDevLanguage(), L"3");
+}
+
+TEST(ModelUtilVI, existsDataEnvObjsAfterAddADOConnection_isStillFalse)
+{
+    const ModelUtil model(com_ptr<_ModelUtil>(makeObject<ModelUtilVI>().get()));
+    model.addADOConnection(L"DSN=x", L"Connection1", L"DataEnvironment1", L"Project1");
+    EXPECT_FALSE(model.existsDataEnvObjs());
+}
+
+TEST(ModelUtilVI, projectAndComponentNames_areEmpty)
+{
+    const ModelUtil model(com_ptr<_ModelUtil>(makeObject<ModelUtilVI>().get()));
+    EXPECT_EQ(model.getActiveProjName(), L"");
+    EXPECT_EQ(model.getSelectedcompName(), L"");
+}
+
+TEST(ModelUtilVI, lists_areLeftAsTheyCame)
+{
+    const auto model = makeObject<ModelUtilVI>();
+    SAFEARRAY* list = arrayOf({L"one", L"two"});
+    bstr name(L"Project1");
+    EXPECT_EQ(model->getProjList(&list), S_OK);
+    EXPECT_EQ(model->getDataEnvList(&list, name.ref()), S_OK);
+    EXPECT_EQ(textsOf(list), (std::vector<std::wstring>{L"one", L"two"}));
+    SafeArrayDestroy(list);
+}
+
+TEST(ModelUtilVI, lateBoundCaller_findsBothHalves)
+{
+    const com_ptr<IDispatch> own(makeObject<ModelUtilVI>().tryAs<IDispatch>());
+    EXPECT_TRUE(automation::hasMember(own.get(), L"printToFocusedWindow"));
+    const com_ptr<IDispatch> model(own.tryAs<IDispatch>(__uuidof(_ModelUtil)));
+    EXPECT_EQ(automation::call(model, L"GetDevLanguage").asText(), L"3");
+}
+
+TEST(EmptyModelUtil, everyOperation_givesTheEmptyValue)
+{
+    const ModelUtil model(com_ptr<_ModelUtil>(makeObject<EmptyModelUtil>().get()));
+    EXPECT_EQ(model.GetDevLanguage(), L"");
+    EXPECT_FALSE(model.existsDataEnvObjs());
+    EXPECT_NO_THROW(model.insertSQLCode(L"select 1", {1, 1, 2, 2}, L"Project1", L"a.sql"));
+}
+
+TEST(ModelUtil, missingObject_isError91)
+{
+    try {
+        ModelUtil().GetDevLanguage();
+        FAIL() << "no error";
+    } catch (const Error& error) {
+        EXPECT_EQ(error.number(), errorObjectNotSet);
+    }
+}
+
+} // namespace
+} // namespace velk

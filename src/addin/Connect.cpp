@@ -73,6 +73,8 @@ void Connect::AddinInstance_OnConnection(IDispatch* application, IDispatch* addi
     swallow(L"Connect.OnConnection", L"setupIM keeps what it could set up",
             [&] { throwIfFailed(m_manager->setupIM(application, addinInstance)); });
     m_menuEntry = addEntry(getRZString(entryCaptionText));
+    if (!m_menuEntry)
+        return; // an IDE without that bar: nothing to click
     const com_ptr<IDispatch> events = automation::getObject(m_ide, L"Events");
     MenuHandler.connect(automation::getObject(events, L"CommandBarEvents", {variant(m_menuEntry)}), clickEvent,
                         [this](const DISPPARAMS&) { MenuHandler_Click(); });

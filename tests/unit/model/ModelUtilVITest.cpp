@@ -100,7 +100,10 @@ TEST(ModelUtilVI, lateBoundCaller_findsBothHalves)
     const com_ptr<IDispatch> own(makeObject<ModelUtilVI>().tryAs<IDispatch>());
     EXPECT_TRUE(automation::hasMember(own.get(), L"printToFocusedWindow"));
     const com_ptr<IDispatch> model(own.tryAs<IDispatch>(__uuidof(_ModelUtil)));
+    EXPECT_EQ(automation::call(model, L"GetDevLanguage").type(), VT_BSTR);
     EXPECT_EQ(automation::call(model, L"GetDevLanguage").asText(), L"3");
+    EXPECT_TRUE(automation::hasMember(model.get(), L"GetDevLanguage"));
+    EXPECT_FALSE(automation::hasMember(model.get(), L"printToFocusedWindow"));
 }
 
 TEST(EmptyModelUtil, everyOperation_givesTheEmptyValue)

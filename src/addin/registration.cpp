@@ -2,6 +2,7 @@
 
 #include "addin/classes.h"
 #include "platform/boundary.h"
+#include "platform/bstr.h"
 #include "platform/dispatch.h"
 #include "platform/module.h"
 #include "platform/registry.h"
@@ -83,10 +84,10 @@ void registerTypeLibrary()
 
 void unregisterTypeLibrary()
 {
-    const HRESULT result = UnRegisterTypeLib(LIBID_velkviadd, 1, 0, LOCALE_NEUTRAL, SYS_WIN32);
-    // The library may never have been registered, and some systems say so in their own way.
-    if (result != TYPE_E_REGISTRYACCESS && result != TYPE_E_CANTLOADLIBRARY)
-        throwIfFailed(result);
+    bstr path;
+    // Systems differ in what they say of a library that was never registered, so it is not asked of them.
+    if (SUCCEEDED(QueryPathOfRegTypeLib(LIBID_velkviadd, 1, 0, LOCALE_NEUTRAL, path.put())))
+        throwIfFailed(UnRegisterTypeLib(LIBID_velkviadd, 1, 0, LOCALE_NEUTRAL, SYS_WIN32));
 }
 
 void registerWithIde()

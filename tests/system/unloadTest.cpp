@@ -1,0 +1,65 @@
+#include "dllFixture.h"
+
+#include <typelib/extensibility.h>
+
+namespace velk {
+namespace {
+
+class UnloadTest : public test::DllFixture {};
+
+TEST_F(UnloadTest, freshDll_mayGo)
+{
+    EXPECT_EQ(callEntry("DllCanUnloadNow"), S_OK);
+}
+
+TEST_F(UnloadTest, livingObject_keepsTheDll)
+{
+    com_ptr<_ModelUtil> model = make<_ModelUtil>(CLSID_ModelUtil);
+    ASSERT_TRUE(model);
+    EXPECT_EQ(callEntry("DllCanUnloadNow"), S_FALSE);
+    model.reset();
+    EXPECT_EQ(callEntry("DllCanUnloadNow"), S_OK);
+}
+
+TEST_F(UnloadTest, serverLock_keepsTheDll)
+{
+    com_ptr<IClassFactory> factory;
+    const auto getClassObject = entry<HRESULT(WINAPI*)(REFCLSID, REFIID, void**)>("DllGetClassObject");
+    EXPECT_EQ(getClassObject(CLSID_Connect, IID_IClassFactory, factory.putVoid()), S_OK);
+    factory->LockServer(TRUE);
+    factory->LockServer(FALSE);
+    factory.reset();
+    EXPECT_EQ(callEntry("DllCanUnloadNow"), S_OK);
+}
+
+TEST_F(UnloadTest, unknownClass_isRefused)
+{
+    com_ptr<IClassFactory> factory;
+    const auto getClassObject = entry<HRESULT(WINAPI*)(REFCLSID, REFIID, void**)>("DllGetClassObject");
+    EXPECT_EQ(getClassObject(IID_IDispatch, IID_IClassFactory, factory.putVoid()), CLASS_E_CLASSNOTAVAILABLE);
+}
+
+TEST_F(UnloadTest, connect_answersTheFiveEventsOfTheHost)
+{
+    const com_ptr<_IDTExtensibility2> events = make<_IDTExtensibility2>(CLSID_Connect);
+    ASSERT_TRUE(events);
+    SAFEARRAY* none = nullptr;
+    EXPECT_EQ(events->OnConnection(nullptr, ext_cm_AfterStartup, nullptr, &none), S_OK);
+    EXPECT_EQ(events->OnAddInsUpdate(&none), S_OK);
+    EXPECT_EQ(events->OnStartupComplete(nullptr), S_OK);
+    EXPECT_EQ(events->OnBeginShutdown(&none), S_OK);
+    EXPECT_EQ(events->OnDisconnection(ext_dm_UserClosed, &none), S_OK);
+}
+
+TEST_F(UnloadTest, unloadedAndLoadedAgain_works)
+{
+    make<_ModelUtil>(CLSID_ModelUtilVI);
+    ASSERT_EQ(callEntry("DllCanUnloadNow"), S_OK);
+    dll.reset();
+    EXPECT_EQ(GetModuleHandleW(L"velkviadd.dll"), nullptr);
+    dll.reset(LoadLibraryW(path().c_str()));
+    EXPECT_TRUE(make<_ModelUtil>(CLSID_ModelUtilVI));
+}
+
+} // namespace
+} // namespace velk

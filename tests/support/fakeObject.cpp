@@ -79,8 +79,12 @@ HRESULT FakeObject::answer(DISPID id, WORD flags, const DISPPARAMS& parameters, 
     }
     const auto function = m_functions.find(id);
     write(function == m_functions.end() ? member : member + L"(" + shown(arguments) + L")");
-    const variant value = function == m_functions.end() ? m_values[id] : function->second(arguments);
-    return result ? VariantCopy(result, const_cast<VARIANT*>(&value.get())) : S_OK;
+    try {
+        const variant value = function == m_functions.end() ? m_values[id] : function->second(arguments);
+        return result ? VariantCopy(result, const_cast<VARIANT*>(&value.get())) : S_OK;
+    } catch (const Error& error) {
+        return error.result();
+    }
 }
 
 } // namespace velk::test

@@ -1,0 +1,156 @@
+#include "addin/IMgrVI.h"
+#include "fakeIde.h"
+#include "platform/automation.h"
+#include "serverview/serverViewDoc.h"
+#include "support/fakeBackend.h"
+#include "ui/splashscrnFrm.h"
+
+#include <algorithm>
+#include <gmock/gmock.h>
+
+namespace velk {
+namespace {
+
+using Calls = std::vector<std::string>;
+
+class IMgrVITest : public testing::Test {
+protected:
+    IMgrVITest() { manager->setupIM(ide.dte.get(), ide.addin.get()); }
+    ~IMgrVITest() override
+    {
+        manager->closeRZCommunication();
+        manager->deleteRZUI();
+        serverViewWindow() = {};
+    }
+    IntegrationMgr requests() { return IntegrationMgr(com_ptr<_IntegrationMgr>(manager.get())); }
+    int32_t windowState() { return ide.mainWindow->read(L"WindowState").asLong(); }
+    int64_t timesInJournal(const std::wstring& line)
+    {
+        return std::count(ide.journal.begin(), ide.journal.end(), line);
+    }
+
+    test::FakeBackend backend;
+    test::FakeIde ide;
+    com_ptr<IMgrVI> manager = makeObject<IMgrVI>();
+};
+
+TEST_F(IMgrVITest, setupIM_keepsTheIdeAndTheAddin)
+{
+    com_ptr<IDispatch> read;
+    EXPECT_EQ(manager->get_VIInstance(read.put()), S_OK);
+    EXPECT_EQ(read.get(), ide.dte.get());
+    EXPECT_EQ(manager->get_VBAddin(read.put()), S_OK);
+    EXPECT_EQ(read.get(), ide.addin.get());
+    EXPECT_EQ(requests().getIdeType(), 3);
+}
+
+TEST_F(IMgrVITest, minimiseAndRestore_bringTheMaximisedStateBack)
+{
+    ide.mainWindow->value(L"WindowState", variant(int32_t{2}));
+    requests().minimizeVSAppWin();
+    EXPECT_EQ(windowState(), 1);
+    requests().restoreVSAppWinState();
+    EXPECT_EQ(windowState(), 2);
+}
+
+TEST_F(IMgrVITest, minimiseTwice_stillRemembersTheFirstState)
+{
+    ide.mainWindow->value(L"WindowState", variant(int32_t{2}));
+    requests().minimizeVSAppWin();
+    requests().minimizeVSAppWin();
+    requests().restoreVSAppWinState();
+    EXPECT_EQ(windowState(), 2);
+}
+
+TEST_F(IMgrVITest, restoreWithNothingRemembered_doesNothing)
+{
+    ide.mainWindow->value(L"WindowState", variant(int32_t{1}));
+    requests().restoreVSAppWinState();
+    EXPECT_EQ(windowState(), 1);
+}
+
+TEST_F(IMgrVITest, setRZFileName_isReadBackAndNothingElse)
+{
+    requests().setRZFileName(L"C:\\x\\y.rzv");
+    EXPECT_EQ(requests().getRZFileName(), L"C:\\x\\y.rzv");
+    EXPECT_EQ(backend.calls, Calls{});
+}
+
+TEST_F(IMgrVITest, openRZProject_opensTheCurrentFileByFolderAndName)
+{
+    requests().setRZFileName(L"C:\\x\\y.rzv");
+    requests().openRZProject();
+    EXPECT_EQ(backend.calls, Calls{"RZProjectDoAccess(\"C:\\x\", \"y.rzv\", 2)"});
+}
+
+TEST_F(IMgrVITest, openRZProjectWithoutFolder_passesAnEmptyFolder)
+{
+    requests().setRZFileName(L"y.rzv");
+    requests().openRZProject();
+    EXPECT_EQ(backend.calls, Calls{"RZProjectDoAccess(\"\", \"y.rzv\", 2)"});
+}
+
+TEST_F(IMgrVITest, listRequests_leaveTheListsEmpty)
+{
+    EXPECT_TRUE(requests().getProjList().empty());
+    EXPECT_TRUE(requests().getDataEnvList(L"Project1").empty());
+    EXPECT_TRUE(requests().getConnectionList(L"DataEnvironment1", L"Project1").empty());
+    EXPECT_EQ(requests().getModel().GetDevLanguage(), L"3");
+}
+
+TEST_F(IMgrVITest, openAndCreateUi_makeOneToolWindow)
+{
+    manager->openRZCommunication();
+    manager->createRZUI();
+    requests().showDevView();
+    EXPECT_EQ(timesInJournal(L"Document.setupGUI()"), 1);
+    EXPECT_EQ(timesInJournal(L"ToolWindow.Visible = True"), 1);
+}
+
+TEST_F(IMgrVITest, showDevViewAfterTheDocumentWentAway_makesItAnew)
+{
+    manager->openRZCommunication();
+    serverViewWindow() = {};
+    requests().showDevView();
+    EXPECT_EQ(timesInJournal(L"Document.setupGUI()"), 2);
+}
+
+TEST_F(IMgrVITest, createRZUI_takesFourOfTheSixSplashSteps)
+{
+    manager->openRZCommunication();
+    manager->createRZUI();
+    ASSERT_TRUE(isSplashScreenLoaded());
+    EXPECT_EQ(SendMessageW(splashScreen().ProgressBar1(), PBM_GETPOS, 0, 0), 4);
+    EXPECT_EQ(SendMessageW(splashScreen().ProgressBar1(), PBM_GETRANGE, FALSE, 0), 6);
+}
+
+TEST_F(IMgrVITest, closeRZCommunicationTwice_endsTheSessionOnce)
+{
+    manager->openRZCommunication();
+    manager->closeRZCommunication();
+    manager->closeRZCommunication();
+    EXPECT_EQ(std::count(backend.calls.begin(), backend.calls.end(), "RZTerminate()"), 1);
+}
+
+TEST_F(IMgrVITest, hostThatTakesTheDocumentAsAVariant_isServedToo)
+{
+    ide.windows->function(L"CreateToolWindow", [this](const std::vector<variant>& arguments) {
+        if (arguments.at(4).type() != (VT_VARIANT | VT_BYREF))
+            throw Error(errorTypeMismatch);
+        *arguments.at(4).get().pvarVal = asVariant(ide.document).get();
+        ide.document->AddRef();
+        return asVariant(ide.toolWindow);
+    });
+    EXPECT_EQ(manager->openRZCommunication(), S_OK);
+    EXPECT_EQ(timesInJournal(L"Document.setupGUI()"), 1);
+}
+
+TEST_F(IMgrVITest, lateBoundCaller_findsTheManagersOwnMembers)
+{
+    const com_ptr<IDispatch> face(manager.tryAs<IDispatch>());
+    EXPECT_TRUE(automation::hasMember(face.get(), L"openRZCommunication"));
+    EXPECT_EQ(automation::getObject(face, L"VIInstance").get(), ide.dte.get());
+}
+
+} // namespace
+} // namespace velk

@@ -59,6 +59,17 @@ int list_view::widthOf(const std::wstring& text) const noexcept
     return static_cast<int>(send(LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(text.c_str()))) + cellPadding;
 }
 
+int list_view::widthOf(const std::wstring& text, HFONT font) const noexcept
+{
+    const HDC dc = GetDC(hwnd());
+    const HGDIOBJ before = SelectObject(dc, font);
+    SIZE size{};
+    GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &size);
+    SelectObject(dc, before);
+    ReleaseDC(hwnd(), dc);
+    return size.cx + cellPadding;
+}
+
 void list_view::setRowCount(size_t rows) const noexcept
 {
     send(LVM_SETITEMCOUNT, rows, LVSICF_NOSCROLL);

@@ -19,8 +19,9 @@ public:
     int columnCount() const noexcept { return m_columns; }
     int columnWidth(int column) const noexcept; // pixels
     void setColumnWidth(int column, int pixels) const noexcept;
-    // Pixels that a text needs in a column, in the list's font.
+    // Pixels that a text needs in a column, in the list's font or in another one.
     int widthOf(const std::wstring& text) const noexcept;
+    int widthOf(const std::wstring& text, HFONT font) const noexcept;
 
     // The number of rows, and that their contents may have changed; keeps scroll position and selection.
     void setRowCount(size_t rows) const noexcept;

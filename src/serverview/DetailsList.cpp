@@ -80,14 +80,20 @@ void DetailsList::showRows()
     m_view.setRowCount(m_rows.size());
 }
 
+int DetailsList::widthOfCell(const Row& row, int column) const
+{
+    const std::wstring& text = row.cells.at(static_cast<size_t>(column));
+    const int width = row.bold ? m_view.widthOf(text, m_boldFont.get()) : m_view.widthOf(text);
+    return column == 0 ? width + pictureWidth : width;
+}
+
 void DetailsList::fitColumns()
 {
     const size_t looked = std::min(m_rows.size(), measuredRows);
     for (int column = 0; column < m_view.columnCount(); ++column) {
         int width = m_view.columnWidth(column);
         for (size_t row = 0; row < looked; ++row)
-            width = std::max(width, m_view.widthOf(m_rows.at(row).cells.at(static_cast<size_t>(column))) +
-                                        (column == 0 ? pictureWidth : 0));
+            width = std::max(width, widthOfCell(m_rows.at(row), column));
         m_view.setColumnWidth(column, std::min(width, widestColumn));
     }
     m_areWidthsKnown = true;

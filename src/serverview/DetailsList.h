@@ -56,6 +56,7 @@ private:
     void showRows();
     void keepWidths();
     void fitColumns();
+    int widthOfCell(const Row& row, int column) const; // pixels
 
     list_view m_view;
     RowModel m_rows;

@@ -22,7 +22,7 @@ __declspec(dllexport) void __stdcall FakeBackendConnect(Hooks* hooks)
     {                                                                                                                 \
         return connected && connected->name ? connected->name arguments : 0;                                          \
     }
-#include "support/fake_backend/exports.inc"
+#include "devkit/contract/exports.inc"
 #undef FAKE_EXPORT
 
 } // extern "C"

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "backend/records.h"
-#include "support/fake_backend/wire.h"
+#include "devkit/contract/wire.h"
 
 namespace velk::test {
+
+namespace wire = devkit::wire;
 
 // Write a record as the Backend would, into strings with the room that the caller gave them.
 void write(wire::trzText& target, const trzText& source);

@@ -1,15 +1,17 @@
 #pragma once
 
-#include "support/fake_backend/wire.h"
+#include "devkit/contract/wire.h"
 
 #include <functional>
 
 namespace velk::test {
 
+namespace wire = devkit::wire;
+
 // One function for each export of the fake library. An export without a function answers 0.
 struct Hooks {
 #define FAKE_EXPORT(name, parameters, arguments) std::function<int32_t parameters> name;
-#include "support/fake_backend/exports.inc"
+#include "devkit/contract/exports.inc"
 #undef FAKE_EXPORT
 };
 

@@ -2,7 +2,7 @@
 #include "backend/wire_copy.h"
 
 #include "literalBoundary.h"
-#include "support/fake_backend/wire.h"
+#include "devkit/contract/wire.h"
 #include "support/fakeBackend.h"
 
 #include <algorithm>
@@ -15,7 +15,7 @@ namespace velk {
 namespace {
 
 using namespace std::string_literals;
-namespace wire = test::wire;
+namespace wire = devkit::wire;
 namespace literal = test::literal;
 
 constexpr unsigned seed = 20240229;

@@ -11,7 +11,7 @@ namespace {
 using namespace std::string_view_literals;
 using test::FakeBackend;
 using testing::ElementsAre;
-namespace wire = test::wire;
+namespace wire = devkit::wire;
 
 TEST(RZInitialize, projectFile_crossesAsCountedText)
 {

@@ -15,7 +15,7 @@ using namespace std::string_view_literals;
 using test::FailureLog;
 using test::FakeBackend;
 using testing::ElementsAre;
-namespace wire = test::wire;
+namespace wire = devkit::wire;
 
 constexpr int32_t longest = std::numeric_limits<int32_t>::max();
 

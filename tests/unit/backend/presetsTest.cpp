@@ -11,7 +11,7 @@ namespace {
 
 using test::FakeBackend;
 using testing::ElementsAre;
-namespace wire = test::wire;
+namespace wire = devkit::wire;
 
 // The room of a string that holds NULs only, its terminator included; 0 when anything else stands in it.
 uint32_t blankRoom(const char* counted)

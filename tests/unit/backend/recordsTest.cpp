@@ -10,7 +10,7 @@ namespace {
 
 using test::FakeBackend;
 using testing::ElementsAre;
-namespace wire = test::wire;
+namespace wire = devkit::wire;
 
 TEST(fetchConnectionDE, allFields_comeBack)
 {

@@ -2,9 +2,9 @@
 
 #include <cstdint>
 
-// The Backend's side of the records, declared on its own: what the bridge and the fake agree on has been written
-// down twice. Every field stands at a multiple of its width; holes are spelled out.
-namespace velk::test::wire {
+// The Backend's side of the records, declared on its own: what the bridge and its other side agree on has been
+// written down twice. Every field stands at a multiple of its width; holes are spelled out.
+namespace velk::devkit::wire {
 
 #pragma pack(push, 1)
 
@@ -170,4 +170,4 @@ static_assert(sizeof(trzTable)        == 28);
 static_assert(sizeof(trzView)         == 20);
 // clang-format on
 
-} // namespace velk::test::wire
+} // namespace velk::devkit::wire

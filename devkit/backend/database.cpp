@@ -1,0 +1,78 @@
+#include "devkit/backend/database.h"
+
+#include "devkit/backend/routineSource.h"
+#include "devkit/backend/systemFile.h"
+
+namespace velk::devkit {
+namespace {
+
+std::wstring baseName(const std::wstring& path)
+{
+    const std::wstring file = path.substr(path.find_last_of(L"\\/") + 1);
+    return file.substr(0, file.find_last_of(L'.'));
+}
+
+} // namespace
+
+Database::Database(const ProjectConnection& connection, const std::wstring& folder,
+                   std::vector<ProjectRoutine> procedures, std::vector<ProjectRoutine> functions)
+    : m_name(connection.name), m_place(placeDatabase(connection.odbc, folder)), m_procedures(std::move(procedures)),
+      m_functions(std::move(functions)), m_catalog(makeCatalog(m_place.connectionString))
+{
+}
+
+void Database::open()
+{
+    auto opened = std::make_unique<OdbcConnection>(m_place.connectionString);
+    m_catalog->objects(*opened, kindTableFolder);
+    m_connection = std::move(opened);
+}
+
+const std::vector<ProjectRoutine>* Database::routinesOf(int32_t folderKind) const
+{
+    if (folderKind == kindProcedureFolder)
+        return &m_procedures;
+    return folderKind == kindFunctionFolder ? &m_functions : nullptr;
+}
+
+std::vector<ObjectFacts> Database::read(int32_t folderKind)
+{
+    if (!m_connection)
+        return {};
+    const auto* routines = routinesOf(folderKind);
+    return routines ? readRoutines(*routines) : m_catalog->objects(*m_connection, folderKind);
+}
+
+std::vector<ObjectFacts> Database::readRoutines(const std::vector<ProjectRoutine>& routines)
+{
+    std::vector<ObjectFacts> result;
+    const auto built = m_catalog->builtRoutines(*m_connection);
+    for (const ProjectRoutine& routine : routines) {
+        const auto bytes = readBytes(routine.file);
+        if (!bytes)
+            continue;
+        const std::wstring source = fromUtf8(*bytes);
+        ObjectFacts facts = parseRoutine(source);
+        facts.key = facts.file = routine.file;
+        if (facts.name.empty())
+            facts.name = baseName(routine.file);
+        facts.canDebug = routine.debug;
+        const auto found = built.find(facts.name);
+        facts.dirty = found == built.end() || comparable(found->second) != comparable(source);
+        result.push_back(std::move(facts));
+    }
+    return result;
+}
+
+std::wstring Database::changeMark(int32_t folderKind)
+{
+    if (!m_connection)
+        return {};
+    std::wstring mark = m_catalog->changeMark(*m_connection);
+    if (const auto* routines = routinesOf(folderKind))
+        for (const ProjectRoutine& routine : *routines)
+            mark += L"|" + fileStamp(routine.file);
+    return mark;
+}
+
+} // namespace velk::devkit

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "devkit/backend/catalog.h"
+#include "devkit/backend/odbc.h"
+#include "devkit/backend/projectFile.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace velk::devkit {
+
+// One connection of a project, open or not: its database's objects, and the project's routines that belong to it.
+class Database {
+public:
+    // The routines' files are absolute paths. The folder is the one that relative database files are in.
+    Database(const ProjectConnection& connection, const std::wstring& folder, std::vector<ProjectRoutine> procedures,
+             std::vector<ProjectRoutine> functions);
+
+    const std::wstring& name() const { return m_name; }
+    const std::wstring& file() const { return m_place.file; }
+    bool connected() const { return m_connection != nullptr; }
+
+    // Both throw OdbcError. Opening reads from the database once, because a driver may put off touching the file.
+    void open();
+    void close() { m_connection.reset(); }
+
+    // The contents of a folder. Throws OdbcError.
+    std::vector<ObjectFacts> read(int32_t folderKind);
+    // A text that differs when the contents of that folder may have changed. Throws OdbcError.
+    std::wstring changeMark(int32_t folderKind);
+
+private:
+    std::vector<ObjectFacts> readRoutines(const std::vector<ProjectRoutine>& routines);
+    const std::vector<ProjectRoutine>* routinesOf(int32_t folderKind) const;
+
+    std::wstring m_name;
+    DatabasePlace m_place;
+    std::vector<ProjectRoutine> m_procedures;
+    std::vector<ProjectRoutine> m_functions;
+    std::unique_ptr<Catalog> m_catalog;
+    std::unique_ptr<OdbcConnection> m_connection;
+};
+
+} // namespace velk::devkit

@@ -1,0 +1,100 @@
+#pragma once
+
+// The templates of the class Desk, for its own source files.
+#include "devkit/backend/desk.h"
+
+#include <cstring>
+#include <type_traits>
+
+namespace velk::devkit {
+
+template <class... Arguments>
+bool Desk::enter(const wchar_t* name, Arguments... arguments)
+{
+    std::wstring list;
+    ((list += (list.empty() ? L"" : L", ") + shown(arguments)), ...);
+    const std::wstring call = std::wstring(name) + L"(" + list + L")";
+    m_journal.line(call);
+    return mayUseSession(call);
+}
+
+// False when a string is missing, so that the record cannot be filled.
+template <class Record>
+bool Desk::checkPresets(const Record* record, size_t exceptOffset)
+{
+    if (!record) {
+        breach(L"there is no record");
+        return false;
+    }
+    bool complete = true;
+    for (const PresetRow& row : presetsOf(record)) {
+        char* text = nullptr;
+        std::memcpy(&text, reinterpret_cast<const char*>(record) + row.offset, sizeof text);
+        if (row.offset == exceptOffset)
+            complete = complete && text;
+        else
+            complete = checkPreset(row.name, text, row.capacity) && complete;
+    }
+    return complete;
+}
+
+template <class Record>
+int32_t Desk::unknownPayload(const wchar_t* name, int32_t handle, const Record* record)
+{
+    if (!enter(name, handle))
+        return 0;
+    checkPresets(record);
+    breach(L"nothing of this kind was ever queued");
+    return 0;
+}
+
+template <class Record>
+bool Desk::fillRecord(int32_t handle, Record& record)
+{
+    if constexpr (std::is_same_v<Record, wire::trzConnection>) {
+        const auto facts = m_session->connection(handle);
+        if (facts)
+            fill(record, handle, *facts);
+        return facts.has_value();
+    } else if constexpr (std::is_same_v<Record, wire::trzProject>) {
+        const ProjectFacts* const facts = m_session->project(handle);
+        if (facts)
+            fill(record, handle, *facts);
+        return facts != nullptr;
+    } else {
+        const ObjectFacts* const facts = m_session->object(handle);
+        if (facts)
+            fill(record, handle, *facts);
+        return facts != nullptr;
+    }
+}
+
+template <class Record>
+int32_t Desk::get(const wchar_t* name, int32_t kind, int32_t handle, Record* record)
+{
+    if (!enter(name, handle))
+        return 0;
+    const bool complete = checkPresets(record);
+    return checkHandle(handle, kind) && complete && fillRecord(handle, *record) ? 1 : 0;
+}
+
+template <class Record>
+int32_t Desk::enumNext(const wchar_t* name, int32_t kind, int32_t enumeration, Record* record)
+{
+    if (!enter(name, enumeration))
+        return 0;
+    const bool complete = checkPresets(record);
+    const auto found = m_enumerations.find(enumeration);
+    if (found == m_enumerations.end() || found->second.kind != kind) {
+        breach(L"no such enumeration is open");
+        return 0;
+    }
+    // An object may have gone since the enumeration began: the next one is given in its place.
+    Enumeration& open = found->second;
+    while (complete && open.next < open.handles.size())
+        if (fillRecord(open.handles[open.next++], *record))
+            return 1;
+    return 0;
+}
+
+} // namespace velk::devkit

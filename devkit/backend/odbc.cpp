@@ -1,0 +1,101 @@
+#include "devkit/backend/odbc.h"
+
+#include "platform/unique_any.h"
+
+namespace velk::devkit {
+namespace {
+
+constexpr size_t mostRows = 200000;
+constexpr SQLULEN timeLimit = 10; // seconds
+
+// ODBC's characters are UTF-16 under Windows, whatever its headers call them.
+SQLWCHAR* odbcText(const std::wstring& text)
+{
+    return reinterpret_cast<SQLWCHAR*>(const_cast<wchar_t*>(text.c_str()));
+}
+
+std::wstring messageOf(SQLSMALLINT kind, SQLHANDLE handle)
+{
+    std::wstring text(1024, L'\0');
+    SQLWCHAR state[6]{};
+    SQLINTEGER native = 0;
+    SQLSMALLINT length = 0;
+    const SQLRETURN result =
+        SQLGetDiagRecW(kind, handle, 1, state, &native, reinterpret_cast<SQLWCHAR*>(text.data()), 1024, &length);
+    return SQL_SUCCEEDED(result) ? std::wstring(text.c_str()) : L"the ODBC driver gave no reason";
+}
+
+void check(SQLRETURN result, SQLSMALLINT kind, SQLHANDLE handle)
+{
+    if (!SQL_SUCCEEDED(result))
+        throw OdbcError(messageOf(kind, handle));
+}
+
+std::wstring column(SQLHSTMT statement, SQLUSMALLINT number)
+{
+    std::wstring text;
+    wchar_t part[1024];
+    SQLLEN length = 0;
+    SQLRETURN result = SQL_SUCCESS_WITH_INFO;
+    while (result == SQL_SUCCESS_WITH_INFO) {
+        result = SQLGetData(statement, number, SQL_C_WCHAR, part, sizeof part, &length);
+        if (!SQL_SUCCEEDED(result) || length == SQL_NULL_DATA)
+            break;
+        text += part;
+    }
+    return text;
+}
+
+} // namespace
+
+OdbcConnection::OdbcConnection(const std::wstring& connectionString)
+{
+    if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &m_environment)))
+        throw OdbcError(L"ODBC is not installed");
+    SQLSetEnvAttr(m_environment, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
+    if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_DBC, m_environment, &m_connection)))
+        throw OdbcError(L"the ODBC driver manager does not work");
+    SQLSetConnectAttrW(m_connection, SQL_ATTR_LOGIN_TIMEOUT, reinterpret_cast<SQLPOINTER>(timeLimit), 0);
+    const SQLRETURN result = SQLDriverConnectW(m_connection, nullptr, odbcText(connectionString), SQL_NTS, nullptr, 0,
+                                               nullptr, SQL_DRIVER_NOPROMPT);
+    if (SQL_SUCCEEDED(result))
+        return;
+    const std::wstring reason = messageOf(SQL_HANDLE_DBC, m_connection);
+    SQLFreeHandle(SQL_HANDLE_DBC, m_connection);
+    SQLFreeHandle(SQL_HANDLE_ENV, m_environment);
+    throw OdbcError(reason);
+}
+
+OdbcConnection::~OdbcConnection()
+{
+    SQLDisconnect(m_connection);
+    SQLFreeHandle(SQL_HANDLE_DBC, m_connection);
+    SQLFreeHandle(SQL_HANDLE_ENV, m_environment);
+}
+
+OdbcConnection::Rows OdbcConnection::query(const std::wstring& sql)
+{
+    SQLHSTMT statement = SQL_NULL_HSTMT;
+    check(SQLAllocHandle(SQL_HANDLE_STMT, m_connection, &statement), SQL_HANDLE_DBC, m_connection);
+    const scope_exit freed([&] { SQLFreeHandle(SQL_HANDLE_STMT, statement); });
+    SQLSetStmtAttrW(statement, SQL_ATTR_QUERY_TIMEOUT, reinterpret_cast<SQLPOINTER>(timeLimit), 0);
+    const SQLRETURN executed = SQLExecDirectW(statement, odbcText(sql), SQL_NTS);
+    if (executed == SQL_NO_DATA)
+        return {};
+    check(executed, SQL_HANDLE_STMT, statement);
+    SQLSMALLINT columns = 0;
+    check(SQLNumResultCols(statement, &columns), SQL_HANDLE_STMT, statement);
+    Rows rows;
+    while (columns > 0 && rows.size() < mostRows) {
+        const SQLRETURN result = SQLFetch(statement);
+        if (result == SQL_NO_DATA)
+            break;
+        check(result, SQL_HANDLE_STMT, statement);
+        rows.emplace_back();
+        for (SQLUSMALLINT number = 1; number <= columns; ++number)
+            rows.back().push_back(column(statement, number));
+    }
+    return rows;
+}
+
+} // namespace velk::devkit

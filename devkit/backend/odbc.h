@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/win32.h"
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include <sql.h>
+#include <sqlext.h>
+
+namespace velk::devkit {
+
+// What the driver said, in its own words.
+class OdbcError : public std::runtime_error {
+public:
+    explicit OdbcError(std::wstring words) : std::runtime_error("ODBC error"), text(std::move(words)) {}
+    std::wstring text;
+};
+
+// A connection to a database. Opened and closed with the object; every statement is bounded in rows.
+class OdbcConnection {
+public:
+    explicit OdbcConnection(const std::wstring& connectionString);
+    OdbcConnection(const OdbcConnection&) = delete;
+    OdbcConnection& operator=(const OdbcConnection&) = delete;
+    ~OdbcConnection();
+
+    using Rows = std::vector<std::vector<std::wstring>>;
+    Rows query(const std::wstring& sql);
+
+private:
+    SQLHENV m_environment = SQL_NULL_HENV;
+    SQLHDBC m_connection = SQL_NULL_HDBC;
+};
+
+// The connection string with its Database= made absolute (relative to a folder) and, under Wine, a Unix path, which is
+// what the drivers there want. Other databases than files are named without a path and stay as they are.
+struct DatabasePlace {
+    std::wstring connectionString;
+    std::wstring file; // the absolute path, or the name; empty when the string names no database
+};
+DatabasePlace placeDatabase(const std::wstring& connectionString, const std::wstring& folder);
+
+} // namespace velk::devkit

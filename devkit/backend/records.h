@@ -1,0 +1,43 @@
+#pragma once
+
+#include "devkit/backend/counted.h"
+#include "devkit/backend/facts.h"
+#include "devkit/backend/queue.h"
+#include "devkit/contract/wire.h"
+
+#include <span>
+
+namespace velk::devkit {
+
+// A string field that the caller presets with so many NULs.
+struct PresetRow {
+    const wchar_t* name;
+    size_t offset;
+    size_t capacity;
+};
+
+// The preset fields of each record that is fetched, in the record's order.
+std::span<const PresetRow> presetsOf(const wire::trzText*);
+std::span<const PresetRow> presetsOf(const wire::trzSQLText*);
+std::span<const PresetRow> presetsOf(const wire::trzADOText*);
+std::span<const PresetRow> presetsOf(const wire::trzConnectionDE*);
+std::span<const PresetRow> presetsOf(const wire::trzCommandDE*);
+std::span<const PresetRow> presetsOf(const wire::trzProject*);
+std::span<const PresetRow> presetsOf(const wire::trzConnection*);
+std::span<const PresetRow> presetsOf(const wire::trzProcedure*);
+std::span<const PresetRow> presetsOf(const wire::trzFunction*);
+std::span<const PresetRow> presetsOf(const wire::trzTrigger*);
+std::span<const PresetRow> presetsOf(const wire::trzTable*);
+std::span<const PresetRow> presetsOf(const wire::trzView*);
+
+// Fills a record's fields in place. Of a long text, lTextSz says how much room all of it needs with its NUL.
+void fill(wire::trzText& record, const TextPayload& payload);
+void fill(wire::trzProject& record, int32_t handle, const ProjectFacts& facts);
+void fill(wire::trzConnection& record, int32_t handle, const ConnectionFacts& facts);
+void fill(wire::trzProcedure& record, int32_t handle, const ObjectFacts& facts);
+void fill(wire::trzFunction& record, int32_t handle, const ObjectFacts& facts);
+void fill(wire::trzTrigger& record, int32_t handle, const ObjectFacts& facts);
+void fill(wire::trzTable& record, int32_t handle, const ObjectFacts& facts);
+void fill(wire::trzView& record, int32_t handle, const ObjectFacts& facts);
+
+} // namespace velk::devkit

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "devkit/backend/database.h"
+#include "devkit/backend/handles.h"
+#include "devkit/backend/queue.h"
+#include "devkit/backend/texts.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <unordered_map>
+
+namespace velk::devkit {
+
+struct ProjectState;
+struct ConnectionState;
+struct FolderState;
+
+// What an action came to.
+enum class Outcome {
+    unknown, // there is no such action
+    refused, // not for this object, or not in this edition; the user has been told
+    done,
+};
+
+// The tool's work for one user of it, from its beginning to its end: the open project, its connections and objects.
+// Everything that happens is told by notifications. Not for several threads, but for the queue.
+class Session {
+public:
+    Session(Handles& handles, const TextTable& texts);
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+    ~Session();
+
+    void begin();
+    void openProject(const std::wstring& path);
+    void setCurrentFolder(int32_t folder);
+    Outcome act(int32_t handle, int32_t code);
+
+    // The next notification. When none waits, looks for changes of the current folder, at most once a second.
+    std::optional<Notification> next(bool& more);
+
+    // A question to the user, with buttons as the caller understands them; the answer arrives at the function.
+    void ask(const std::wstring& text, const std::wstring& buttons, std::function<void(int32_t)> answered);
+    // False when nothing was asked.
+    bool answer(int32_t button);
+    void tell(int32_t number, const std::vector<std::wstring>& parameters);
+
+    // What a handle stands for; null when it does not stand for such a thing any more.
+    const ProjectFacts* project(int32_t handle) const;
+    std::optional<ConnectionFacts> connection(int32_t handle) const;
+    const ObjectFacts* object(int32_t handle) const;
+    // The objects in a folder, or the connections of a project.
+    std::vector<int32_t> contents(int32_t container) const;
+    const NotificationQueue& queue() const { return m_queue; }
+
+    // The actions' work, each on the thing with that handle; false when it is not for that kind of thing.
+    bool connect(int32_t handle);
+    bool disconnect(int32_t handle);
+    bool refresh(int32_t handle);
+    bool remove(int32_t handle);
+
+    void watchAgain() { m_nextWatch = 0; } // at the next call of next(), for tests
+
+private:
+    void addProject(ProjectFacts facts, const ProjectFile& file);
+    void addConnection(const ProjectConnection& connection, const ProjectFile& file, bool first);
+    void reportMissingFiles(const ProjectFile& file);
+    void closeProject();
+    bool open(ConnectionState& connection);
+    void lose(ConnectionState& connection, const std::wstring& reason, int32_t number);
+    bool load(ConnectionState& connection, FolderState& folder, bool announce);
+    void update(ConnectionState& connection, FolderState& folder, std::vector<ObjectFacts> found, bool announce);
+    void announceContents(const ConnectionState& connection, FolderState& folder);
+    void watch();
+    Notification about(Notice type, int32_t kind, int32_t handle, const ConnectionState* connection) const;
+
+    ConnectionState* connectionState(int32_t handle) const;
+    std::pair<ConnectionState*, FolderState*> folderState(int32_t handle) const;
+
+    Handles& m_handles;
+    const TextTable& m_texts;
+    NotificationQueue m_queue;
+    std::unique_ptr<ProjectState> m_project;
+    std::unordered_map<int32_t, ObjectFacts> m_objects;
+    int32_t m_currentFolder = 0;
+    uint64_t m_nextWatch = 0;
+    std::deque<std::function<void(int32_t)>> m_questions;
+};
+
+} // namespace velk::devkit

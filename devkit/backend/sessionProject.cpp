@@ -1,0 +1,172 @@
+// The part of a session that opens and closes projects and connections.
+#include "devkit/backend/messages.h"
+#include "devkit/backend/session.h"
+#include "devkit/backend/sessionState.h"
+#include "devkit/backend/systemFile.h"
+
+#include <algorithm>
+
+namespace velk::devkit {
+namespace {
+
+std::wstring nameOf(const std::wstring& path)
+{
+    const std::wstring file = path.substr(path.find_last_of(L"\\/") + 1);
+    return file.substr(0, file.find_last_of(L'.'));
+}
+
+std::vector<ProjectRoutine> routinesOf(const std::vector<ProjectRoutine>& all, const std::wstring& connection,
+                                       bool first, const std::wstring& folder)
+{
+    std::vector<ProjectRoutine> result;
+    for (ProjectRoutine routine : all) {
+        if (routine.connection.empty() ? !first : routine.connection != connection)
+            continue;
+        routine.file = absolutePath(folder, routine.file);
+        result.push_back(std::move(routine));
+    }
+    return result;
+}
+
+} // namespace
+
+void Session::openProject(const std::wstring& path)
+{
+    closeProject();
+    const std::wstring whole = absolutePath({}, path);
+    const ProjectFacts empty{nameOf(whole), {}};
+    const auto bytes = readBytes(whole);
+    const DWORD code = bytes ? ERROR_SUCCESS : GetLastError();
+    if (bytes) {
+        try {
+            const ProjectFile file = parseProject(*bytes);
+            const std::wstring name = file.name.empty() ? nameOf(whole) : file.name;
+            addProject({name, whole}, file);
+        } catch (const ProjectFileError& error) {
+            tell(messageProjectBroken, {whole, std::to_wstring(error.line), error.reason});
+            addProject(empty, {});
+        }
+    } else if (code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND) {
+        tell(messageProjectMissing, {whole});
+        addProject({nameOf(whole), whole}, {});
+    } else {
+        tell(messageProjectUnread, {whole, systemReason(code)});
+        addProject(empty, {});
+    }
+}
+
+void Session::addProject(ProjectFacts facts, const ProjectFile& file)
+{
+    m_project = std::make_unique<ProjectState>();
+    m_project->handle = m_handles.make(kindProject);
+    m_project->facts = std::move(facts);
+    m_queue.push(about(Notice::added, kindProject, m_project->handle, nullptr));
+    reportMissingFiles(file);
+    bool first = true;
+    for (const ProjectConnection& connection : file.connections) {
+        addConnection(connection, file, first);
+        first = false;
+    }
+}
+
+void Session::reportMissingFiles(const ProjectFile& file)
+{
+    if (file.connections.empty() && !(file.procedures.empty() && file.functions.empty()))
+        tell(messageNoConnection, {m_project->facts.path});
+    for (const auto* routines : {&file.procedures, &file.functions})
+        for (const ProjectRoutine& routine : *routines) {
+            const std::wstring source = absolutePath(folderOf(m_project->facts.path), routine.file);
+            if (fileStamp(source).empty())
+                tell(messageSourceMissing, {source, m_project->facts.path});
+        }
+}
+
+void Session::addConnection(const ProjectConnection& connection, const ProjectFile& file, bool first)
+{
+    const std::wstring folder = folderOf(m_project->facts.path);
+    auto made = std::make_unique<ConnectionState>(
+        ConnectionState{m_handles.make(kindConnection),
+                        Database(connection, folder, routinesOf(file.procedures, connection.name, first, folder),
+                                 routinesOf(file.functions, connection.name, first, folder)),
+                        {}});
+    for (size_t index = 0; index < made->folders.size(); ++index)
+        made->folders[index] = {m_handles.make(folderKinds[index]), folderKinds[index], {}, {}, {}, {}};
+    ConnectionState& state = *m_project->connections.emplace_back(std::move(made));
+    m_queue.push(about(Notice::added, kindConnection, state.handle, &state));
+    open(state);
+}
+
+// The caller hears of the project only: its connections and folders go with it.
+void Session::closeProject()
+{
+    if (!m_project)
+        return;
+    Notification removed = about(Notice::removed, kindProject, m_project->handle, nullptr);
+    removed.ends.push_back(m_project->handle);
+    for (const auto& connection : m_project->connections) {
+        removed.ends.push_back(connection->handle);
+        for (const FolderState& folder : connection->folders) {
+            removed.ends.push_back(folder.handle);
+            removed.ends.insert(removed.ends.end(), folder.objects.begin(), folder.objects.end());
+        }
+    }
+    m_currentFolder = 0;
+    m_objects.clear();
+    m_project.reset();
+    m_queue.push(std::move(removed));
+}
+
+bool Session::open(ConnectionState& connection)
+{
+    try {
+        connection.database.open();
+        return true;
+    } catch (const OdbcError& error) {
+        tell(messageDatabaseClosed,
+             {connection.database.name(), connection.database.file(), error.text, m_project->facts.path});
+        return false;
+    }
+}
+
+void Session::lose(ConnectionState& connection, const std::wstring& reason, int32_t number)
+{
+    connection.database.close();
+    if (number != 0)
+        tell(number, {connection.database.name(), connection.database.file(), reason});
+    m_queue.push(about(Notice::changed, kindConnection, connection.handle, &connection));
+    for (FolderState& folder : connection.folders)
+        update(connection, folder, {}, false);
+}
+
+bool Session::connect(int32_t handle)
+{
+    ConnectionState* const state = connectionState(handle);
+    if (!state)
+        return false;
+    if (!state->database.connected() && open(*state))
+        m_queue.push(about(Notice::changed, kindConnection, handle, state));
+    return true;
+}
+
+bool Session::disconnect(int32_t handle)
+{
+    ConnectionState* const state = connectionState(handle);
+    if (!state)
+        return false;
+    if (state->database.connected())
+        lose(*state, {}, 0);
+    const auto [connection, folder] = folderState(m_currentFolder);
+    if (connection == state)
+        announceContents(*connection, *folder);
+    return true;
+}
+
+bool Session::remove(int32_t handle)
+{
+    if (!project(handle))
+        return false;
+    closeProject();
+    return true;
+}
+
+} // namespace velk::devkit

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/unique_any.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace velk::devkit {
+
+struct file_traits {
+    using Handle = HANDLE;
+    static Handle empty() noexcept { return INVALID_HANDLE_VALUE; }
+    static void close(Handle file) noexcept { CloseHandle(file); }
+};
+class unique_file : public unique_any<file_traits> {
+public:
+    explicit unique_file(HANDLE file) : unique_any(file) {}
+};
+
+std::wstring environmentText(const wchar_t* name);
+
+// The bytes of a file. Nothing when it cannot be read: GetLastError tells why.
+std::optional<std::string> readBytes(const std::wstring& path);
+
+// UTF-8 text; what is not UTF-8 becomes the replacement character, or nothing at all in the strict form.
+std::wstring fromUtf8(std::string_view bytes);
+std::optional<std::wstring> fromUtf8Strictly(std::string_view bytes);
+std::string toUtf8(std::wstring_view text);
+
+// Size and time of last change in one text that differs when the file was changed; empty when there is no file.
+std::wstring fileStamp(const std::wstring& path);
+
+std::wstring folderOf(const std::wstring& path);
+std::wstring absolutePath(const std::wstring& folder, const std::wstring& path);
+// The system's words for an error code.
+std::wstring systemReason(DWORD code);
+
+} // namespace velk::devkit

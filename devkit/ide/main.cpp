@@ -1,0 +1,107 @@
+// velkide: the stand-in IDE as a program.
+#include "devkit/ide/options.h"
+#include "devkit/ide/recorder.h"
+#include "devkit/ide/scriptRunner.h"
+#include "devkit/ide/textFile.h"
+
+#include <commctrl.h>
+#include <shellapi.h>
+#include <thread>
+
+namespace velk::devkit {
+namespace {
+
+constexpr UINT exitFailed = 1;
+constexpr UINT exitUsage = 2;
+constexpr UINT exitTimeLimit = 3;
+
+void say(const std::wstring& text)
+{
+    const std::string bytes = toUtf8(text + L"\n");
+    DWORD written = 0;
+    WriteFile(GetStdHandle(STD_OUTPUT_HANDLE), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+}
+
+std::vector<std::wstring> commandLine()
+{
+    int count = 0;
+    wchar_t** const raw = CommandLineToArgvW(GetCommandLineW(), &count);
+    std::vector<std::wstring> arguments(raw + 1, raw + count);
+    LocalFree(raw);
+    return arguments;
+}
+
+struct ScriptJob {
+    Shell* shell;
+    Options options;
+    std::vector<ScriptLine> lines;
+};
+
+DWORD WINAPI runScript(void* parameter) noexcept
+{
+    const ScriptJob& job = *static_cast<ScriptJob*>(parameter);
+    // A script that fails may leave message boxes and half a session behind: nothing is worth an orderly end then.
+    if (ScriptRunner(*job.shell, job.options.shots).run(job.lines) != 0)
+        TerminateProcess(GetCurrentProcess(), exitFailed);
+    PostMessageW(job.shell->hwnd(), WM_CLOSE, 0, 0);
+    return 0;
+}
+
+DWORD WINAPI watch(void* seconds) noexcept
+{
+    Sleep(static_cast<DWORD>(reinterpret_cast<UINT_PTR>(seconds)) * 1000);
+    say(L"FAILED: the time limit was reached");
+    TerminateProcess(GetCurrentProcess(), exitTimeLimit);
+    return 0;
+}
+
+void start(LPTHREAD_START_ROUTINE routine, void* parameter)
+{
+    const HANDLE thread = CreateThread(nullptr, 0, routine, parameter, 0, nullptr);
+    throwLastErrorUnless(thread != nullptr);
+    CloseHandle(thread);
+}
+
+int run(const Options& options)
+{
+    recorder().setFile(options.journal);
+    recorder().setFailing(options.failing);
+    recorder().setMissing(options.missing);
+    Shell shell(options.hidden);
+    if (!options.solution.empty())
+        shell.dte().solution->open(options.solution);
+    ScriptJob job{&shell, options, {}};
+    if (!options.script.empty()) {
+        std::wstring text;
+        if (!readTextFile(options.script, text))
+            throw ScriptFailure(L"there is no script " + options.script);
+        job.lines = parseScript(text, options.definitions);
+        start(watch, reinterpret_cast<void*>(static_cast<UINT_PTR>(options.timeLimit)));
+        start(runScript, &job);
+    }
+    return shell.run(!options.noAddIns);
+}
+
+} // namespace
+} // namespace velk::devkit
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int)
+{
+    using namespace velk::devkit;
+    OleInitialize(nullptr);
+    INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES | ICC_BAR_CLASSES};
+    InitCommonControlsEx(&controls);
+    int status = exitFailed;
+    try {
+        status = run(parseOptions(commandLine()));
+    } catch (const ScriptFailure& failure) {
+        say(L"velkide: " + failure.text);
+        status = exitUsage;
+    } catch (const velk::Error& error) {
+        say(L"velkide: " + error.description());
+    } catch (const std::exception&) {
+        say(L"velkide: an unexpected failure");
+    }
+    OleUninitialize();
+    return status;
+}

@@ -1,0 +1,211 @@
+#include "devkit/ide/probe.h"
+
+#include <commctrl.h>
+#include <cwchar>
+
+namespace velk::devkit::probe {
+namespace {
+
+constexpr int textRoom = 2048;
+constexpr int deepest = 16;
+
+std::wstring classOf(HWND window)
+{
+    wchar_t name[128] = L"";
+    GetClassNameW(window, name, 128);
+    return name;
+}
+
+struct Search {
+    std::wstring className;
+    HWND found = nullptr;
+};
+
+BOOL CALLBACK childFound(HWND window, LPARAM context) noexcept
+{
+    Search& search = *reinterpret_cast<Search*>(context);
+    if (classOf(window) != search.className || !(GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE))
+        return TRUE;
+    search.found = window;
+    return FALSE;
+}
+
+BOOL CALLBACK topFound(HWND window, LPARAM context) noexcept
+{
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    return process == GetCurrentProcessId() ? childFound(window, context) : TRUE;
+}
+
+BOOL CALLBACK collectTexts(HWND window, LPARAM context) noexcept
+{
+    if (classOf(window) == L"Static")
+        *reinterpret_cast<std::wstring*>(context) += textOf(window) + L"\n";
+    return TRUE;
+}
+
+void describe(HWND tree, HTREEITEM item, const std::wstring& above, std::wstring& text)
+{
+    for (; item; item = TreeView_GetNextSibling(tree, item)) {
+        const std::wstring path = above + nodeText(tree, item);
+        text += path + L"\n";
+        describe(tree, TreeView_GetChild(tree, item), path + L"/", text);
+    }
+}
+
+void click(HWND window, const RECT& place, bool right)
+{
+    const LPARAM point = MAKELPARAM((place.left + place.right) / 2, (place.top + place.bottom) / 2);
+    PostMessageW(window, right ? WM_RBUTTONDOWN : WM_LBUTTONDOWN, right ? MK_RBUTTON : MK_LBUTTON, point);
+    PostMessageW(window, right ? WM_RBUTTONUP : WM_LBUTTONUP, 0, point);
+}
+
+} // namespace
+
+HWND childOfClass(HWND parent, const wchar_t* className)
+{
+    Search search{className};
+    EnumChildWindows(parent, childFound, reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+HWND topWindow(const std::wstring& className)
+{
+    Search search{className};
+    EnumWindows(topFound, reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+std::wstring textOf(HWND window)
+{
+    std::wstring text(textRoom, L'\0');
+    const LRESULT length = SendMessageW(window, WM_GETTEXT, textRoom, reinterpret_cast<LPARAM>(text.data()));
+    text.resize(static_cast<size_t>(length));
+    return text;
+}
+
+HWND dialog()
+{
+    return topWindow(L"#32770");
+}
+
+std::wstring dialogText(HWND dialog)
+{
+    std::wstring text = textOf(dialog) + L"\n";
+    EnumChildWindows(dialog, collectTexts, reinterpret_cast<LPARAM>(&text));
+    return text;
+}
+
+HWND dialogButton(HWND dialog, const std::wstring& name)
+{
+    struct Named {
+        const wchar_t* name;
+        int id;
+    };
+    constexpr Named known[] = {{L"ok", IDOK}, {L"cancel", IDCANCEL}, {L"yes", IDYES}, {L"no", IDNO}};
+    for (const Named& row : known)
+        if (name == row.name)
+            if (const HWND button = GetDlgItem(dialog, row.id))
+                return button;
+    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        std::wstring caption = textOf(child);
+        std::erase(caption, L'&');
+        if (classOf(child) == L"Button" && _wcsicmp(caption.c_str(), name.c_str()) == 0)
+            return child;
+    }
+    return nullptr;
+}
+
+std::wstring nodeText(HWND tree, HTREEITEM item)
+{
+    wchar_t text[textRoom] = L"";
+    TVITEMW asked{};
+    asked.mask = TVIF_TEXT | TVIF_HANDLE;
+    asked.hItem = item;
+    asked.pszText = text;
+    asked.cchTextMax = textRoom;
+    SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&asked));
+    return asked.pszText;
+}
+
+HTREEITEM node(HWND tree, const std::vector<std::wstring>& path)
+{
+    HTREEITEM item = TreeView_GetRoot(tree);
+    for (size_t depth = 0; depth < path.size() && depth < deepest; ++depth) {
+        if (depth > 0)
+            item = TreeView_GetChild(tree, item);
+        while (item && nodeText(tree, item) != path[depth])
+            item = TreeView_GetNextSibling(tree, item);
+    }
+    return item;
+}
+
+std::wstring treeText(HWND tree)
+{
+    std::wstring text;
+    describe(tree, TreeView_GetRoot(tree), L"", text);
+    return text;
+}
+
+std::vector<std::wstring> columns(HWND list)
+{
+    const HWND header = ListView_GetHeader(list);
+    std::vector<std::wstring> texts;
+    for (int index = 0; index < Header_GetItemCount(header); ++index) {
+        wchar_t text[textRoom] = L"";
+        HDITEMW asked{};
+        asked.mask = HDI_TEXT;
+        asked.pszText = text;
+        asked.cchTextMax = textRoom;
+        SendMessageW(header, HDM_GETITEMW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&asked));
+        texts.emplace_back(asked.pszText);
+    }
+    return texts;
+}
+
+std::vector<std::wstring> cells(HWND list, int row)
+{
+    std::vector<std::wstring> texts;
+    const int count = Header_GetItemCount(ListView_GetHeader(list));
+    for (int column = 0; column < count; ++column) {
+        wchar_t text[textRoom] = L"";
+        LVITEMW asked{};
+        asked.iSubItem = column;
+        asked.pszText = text;
+        asked.cchTextMax = textRoom;
+        SendMessageW(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&asked));
+        texts.emplace_back(asked.pszText);
+    }
+    return texts;
+}
+
+int rowCount(HWND list)
+{
+    return ListView_GetItemCount(list);
+}
+
+std::optional<int> row(HWND list, const std::wstring& firstCell)
+{
+    for (int index = 0; index < rowCount(list); ++index)
+        if (const auto texts = cells(list, index); !texts.empty() && texts.front() == firstCell)
+            return index;
+    return std::nullopt;
+}
+
+void clickNode(HWND tree, HTREEITEM item, bool right)
+{
+    TreeView_EnsureVisible(tree, item);
+    RECT place{};
+    TreeView_GetItemRect(tree, item, &place, TRUE);
+    click(tree, place, right);
+}
+
+void clickRow(HWND list, int row, bool right)
+{
+    ListView_EnsureVisible(list, row, FALSE);
+    RECT place{};
+    ListView_GetItemRect(list, row, &place, LVIR_LABEL);
+    click(list, place, right);
+}
+
+} // namespace velk::devkit::probe

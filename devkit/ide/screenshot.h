@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/win32.h"
+
+#include <string>
+
+namespace velk::devkit {
+
+// Writes what the screen shows where the window stands, other windows above it included, as a PNG file. Throws when
+// the system cannot do it.
+void writeScreenshot(HWND window, const std::wstring& path);
+
+} // namespace velk::devkit

@@ -1,8 +1,12 @@
 #include "devkit/backend/routineSource.h"
 
+#include <algorithm>
 #include <cwchar>
-#include <regex>
+#include <cwctype>
+#include <optional>
 #include <sstream>
+#include <string_view>
+#include <utility>
 
 namespace velk::devkit {
 namespace {
@@ -70,36 +74,96 @@ size_t closingBracket(const std::wstring& text, size_t open)
     return std::wstring::npos;
 }
 
-std::wstring found(const std::wstring& text, const wchar_t* pattern)
+bool isWordLetter(wchar_t letter)
 {
-    std::wsmatch match;
-    const std::wregex expression(pattern, std::regex::icase | std::regex::ECMAScript);
-    return std::regex_search(text, match, expression) ? trimmed(match[1].str()) : std::wstring();
+    return std::iswalnum(letter) || letter == L'_';
+}
+
+// The place of a word of a statement, in letters of either case; a word inside another does not count.
+size_t wordPlace(const std::wstring& text, std::wstring_view word, size_t from)
+{
+    for (size_t place = from; place + word.size() <= text.size(); ++place) {
+        const size_t end = place + word.size();
+        const bool begins = place == 0 || !isWordLetter(text[place - 1]);
+        const bool ends = end == text.size() || !isWordLetter(text[end]);
+        if (begins && ends && _wcsnicmp(text.c_str() + place, word.data(), word.size()) == 0)
+            return place;
+    }
+    return std::wstring::npos;
+}
+
+// Reads a text piece by piece. (No regular expressions: those of the library run out of stack on long lines.)
+class Reader {
+public:
+    explicit Reader(std::wstring text) : m_text(std::move(text)) {}
+
+    // Passes over the word if it stands next.
+    bool accept(std::wstring_view word)
+    {
+        skipSpace();
+        if (wordPlace(m_text.substr(m_place, word.size() + 1), word, 0) != 0)
+            return false;
+        m_place += word.size();
+        return true;
+    }
+    std::wstring until(const wchar_t* ends)
+    {
+        skipSpace();
+        const size_t end = std::min(m_text.find_first_of(ends, m_place), m_text.size());
+        return m_text.substr(std::exchange(m_place, end), end - m_place);
+    }
+    std::wstring rest()
+    {
+        skipSpace();
+        return m_text.substr(m_place);
+    }
+
+private:
+    void skipSpace() { m_place = std::min(m_text.find_first_not_of(L" \t\r\n", m_place), m_text.size()); }
+
+    std::wstring m_text;
+    size_t m_place = 0;
+};
+
+// Behind "CREATE [OR REPLACE] PROCEDURE" or "... FUNCTION"; nothing when there is no such statement.
+std::optional<Reader> statementIn(const std::wstring& head)
+{
+    constexpr std::wstring_view create = L"CREATE";
+    for (size_t place = wordPlace(head, create, 0); place != std::wstring::npos;
+         place = wordPlace(head, create, place + 1)) {
+        Reader reader(head.substr(place + create.size()));
+        if (reader.accept(L"OR") && !reader.accept(L"REPLACE"))
+            continue;
+        if (reader.accept(L"PROCEDURE") || reader.accept(L"FUNCTION"))
+            return reader;
+    }
+    return std::nullopt;
 }
 
 } // namespace
 
 ObjectFacts parseRoutine(const std::wstring& source)
 {
+    constexpr std::wstring_view language = L"LANGUAGE";
     ObjectFacts facts;
-    const std::wstring head = readRemarks(facts, source);
-    static const std::wregex create(LR"(\bCREATE\s+(?:OR\s+REPLACE\s+)?(?:PROCEDURE|FUNCTION)\s+([^\s(]+)\s*)",
-                                    std::regex::icase);
-    std::wsmatch match;
-    if (!std::regex_search(head, match, create))
+    auto statement = statementIn(readRemarks(facts, source));
+    if (!statement)
         return facts;
-    const std::wstring full = match[1].str();
+    const std::wstring full = statement->until(L" \t\n(");
     const size_t dot = full.find(L'.');
     facts.schema = dot == std::wstring::npos ? L"" : full.substr(0, dot);
     facts.name = dot == std::wstring::npos ? full : full.substr(dot + 1);
-    std::wstring rest = match.suffix().str();
+    std::wstring rest = statement->rest();
     const size_t close = rest.starts_with(L"(") ? closingBracket(rest, 0) : std::wstring::npos;
     if (close != std::wstring::npos) {
         facts.parameters = onOneLine(rest.substr(1, close - 1));
         rest.erase(0, close + 1);
     }
-    facts.result = found(rest, LR"(^\s*RETURNS\s+([^\n]*?)\s*(?:LANGUAGE\b|\n|$))");
-    facts.language = found(rest, LR"(\bLANGUAGE\s+(\w+))");
+    const size_t named = wordPlace(rest, language, 0);
+    if (Reader result(rest.substr(0, named)); result.accept(L"RETURNS"))
+        facts.result = trimmed(result.until(L"\n"));
+    if (named != std::wstring::npos)
+        facts.language = Reader(rest.substr(named + language.size())).until(L" \t\n;");
     return facts;
 }
 

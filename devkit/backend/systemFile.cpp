@@ -93,8 +93,12 @@ std::wstring absolutePath(const std::wstring& folder, const std::wstring& path)
 {
     const bool complete = path.size() > 1 && (path[1] == L':' || path.starts_with(L"\\\\"));
     const std::wstring joined = complete || folder.empty() ? path : folder + L"\\" + path;
-    std::wstring whole(32768, L'\0');
-    const DWORD length = GetFullPathNameW(joined.c_str(), static_cast<DWORD>(whole.size()), whole.data(), nullptr);
+    std::wstring whole(MAX_PATH, L'\0');
+    DWORD length = GetFullPathNameW(joined.c_str(), static_cast<DWORD>(whole.size()), whole.data(), nullptr);
+    if (length >= whole.size()) {
+        whole.resize(length);
+        length = GetFullPathNameW(joined.c_str(), static_cast<DWORD>(whole.size()), whole.data(), nullptr);
+    }
     if (length == 0 || length >= whole.size())
         return joined;
     whole.resize(length);

@@ -7,6 +7,15 @@ namespace {
 
 using Text = const std::wstring&;
 
+// A control by its caption, or by its place from 1 on: "#1".
+CommandBarControl* childOf(const CommandBar& bar, Text name)
+{
+    if (!name.starts_with(L'#'))
+        return bar.findCaption(name);
+    const auto place = static_cast<size_t>(_wtoi(name.c_str() + 1));
+    return place >= 1 && place <= bar.controls.size() ? bar.controls[place - 1].get() : nullptr;
+}
+
 // "Bar/Caption/Caption": a control by the way to it. Call on the shell's thread.
 CommandBarControl* controlAt(Dte& dte, Text path)
 {
@@ -14,7 +23,7 @@ CommandBarControl* controlAt(Dte& dte, Text path)
     CommandBar* bar = dte.bars->find(parts.front());
     CommandBarControl* control = nullptr;
     for (size_t depth = 1; bar && depth < parts.size(); ++depth) {
-        control = bar->findCaption(parts[depth]);
+        control = childOf(*bar, parts[depth]);
         bar = control ? control->menu.get() : nullptr;
     }
     return control;

@@ -196,11 +196,9 @@ TEST_F(Caller, texts_ofAnotherTable_areTaken)
 {
     RZTerminate();
     unloadBackend();
-    write(L"rz\\other.rzv", "428=Ausl\xC3\xB6"
-                            "ser\n");
+    write(L"rz\\other.rzv", "428=2 \xC3\x97 2\n");
     SetEnvironmentVariableW(L"VELK_BACKEND_TEXTS", path(L"rz\\other.rzv").c_str());
-    EXPECT_EQ(getRZString(428), L"Ausl\xF6"
-                                L"ser");
+    EXPECT_EQ(getRZString(428), L"2 \xD7 2");
     SetEnvironmentVariableW(L"VELK_BACKEND_TEXTS", nullptr);
 }
 

@@ -108,6 +108,18 @@ TEST(RoutineSources, source_ofHalfAMegabyte_isReadByItsHead)
     EXPECT_EQ(parseRoutine(L"CREATE PROCEDURE p ()\n" + std::wstring(500000, L'(')).name, L"p");
 }
 
+TEST(RoutineSources, statement_ofOneEndlessLine_isNoTrouble)
+{
+    const std::wstring endless(500000, L'a');
+    EXPECT_EQ(parseRoutine(L"CREATE PROCEDURE " + endless).name.substr(0, 5), L"aaaaa");
+    EXPECT_EQ(parseRoutine(L"CREATE FUNCTION f () RETURNS " + endless).name, L"f");
+}
+
+TEST(RoutineSources, word_inAnotherWord_isNotTheStatement)
+{
+    EXPECT_EQ(parseRoutine(L"-- RECREATE PROCEDURE a ()\nCREATE TABLE b (c)\nCREATE PROCEDURE d ()").name, L"d");
+}
+
 TEST(CountedStrings, text_ofWesternLetters_isCutAnywhere)
 {
     EXPECT_EQ(wholeCharacters("abcdef", 3, 1252), 3U);

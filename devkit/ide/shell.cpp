@@ -10,6 +10,8 @@ namespace {
 constexpr UINT rebuildMessage = WM_APP + 1;
 constexpr UINT callMessage = WM_APP + 2;   // lParam: a Call to run now
 constexpr UINT postedMessage = WM_APP + 3; // lParam: a function to run and delete
+constexpr UINT_PTR libraryTimer = 1;
+constexpr UINT libraryInterval = 250; // milliseconds
 constexpr int immediateHeight = 88;
 constexpr int stripHeight = 18;
 constexpr wchar_t title[] = L"Development Environment";
@@ -44,9 +46,13 @@ Shell::Shell(bool hidden)
     m_dte->windows->layOut = [this] { layOut(); };
     m_dte->solution->onChange = [this] { showTitle(); };
     addCommands();
-    setBarsObserver([this] { PostMessageW(hwnd(), rebuildMessage, 0, 0); });
+    setBarsObserver([this] {
+        if (!std::exchange(m_rebuildsAsked, true))
+            PostMessageW(hwnd(), rebuildMessage, 0, 0);
+    });
     rebuildBars();
     layOut();
+    SetTimer(hwnd(), libraryTimer, libraryInterval, nullptr);
 }
 
 Shell::~Shell()
@@ -102,9 +108,7 @@ void Shell::showTitle() const
 
 void Shell::rebuildBars()
 {
-    MSG waiting{};
-    while (PeekMessageW(&waiting, hwnd(), rebuildMessage, rebuildMessage, PM_REMOVE)) {
-    }
+    m_rebuildsAsked = false;
     m_menu.rebuild(hwnd(), m_dte->bars->menuBar());
     m_toolbars.rebuild(hwnd(), m_dte->bars->living());
 }
@@ -232,6 +236,11 @@ LRESULT Shell::handle(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_COMMAND:
         if (HIWORD(wParam) <= 1)
             click(LOWORD(wParam));
+        return 0;
+    case WM_TIMER:
+        // As hosts do from time to time: a library that could not go with its add-in, because it waited in a message
+        // box of its own, goes later.
+        CoFreeUnusedLibrariesEx(0, 0);
         return 0;
     case rebuildMessage:
         rebuildBars();

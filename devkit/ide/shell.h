@@ -47,6 +47,7 @@ private:
     ToolbarRow m_toolbars;
     HWND m_immediate = nullptr;
     HWND m_status = nullptr;
+    bool m_rebuildsAsked = false;
     bool m_ended = false;
 };
 

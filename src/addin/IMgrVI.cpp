@@ -2,6 +2,7 @@
 
 #include "addin/rzFileName.h"
 #include "backend/calls.h"
+#include "backend/library.h"
 #include "backend/texts.h"
 #include "platform/automation.h"
 #include "platform/module.h"
@@ -73,6 +74,8 @@ void IMgrVI::open()
     } catch (const Error&) {
         swallow(L"IMgrVI.open", L"the failed start is what counts", [this] { closeRZCommunication(); });
         swallow(L"IMgrVI.open", L"the failed start is what counts", [this] { removeToolWindow(); });
+        // The file can be replaced by a right one only while nobody holds it; the next click loads it again.
+        unloadBackend();
         throw;
     }
 }

@@ -98,8 +98,8 @@ com_ptr<IDispatch> Connect::addEntry(std::wstring_view caption)
         const com_ptr<IDispatch> bar = automation::getObject(bars, L"Item", {variant(entryBarIndex)});
         if (!bar)
             return;
-        entry = automation::call(automation::getObject(bar, L"Controls"), L"Add", {variant(controlTypeButton)})
-                    .asObject();
+        entry =
+            automation::call(automation::getObject(bar, L"Controls"), L"Add", {variant(controlTypeButton)}).asObject();
         automation::put(entry, L"Caption", variant(caption));
         automation::put(entry, L"OnAction", variant(entryAction));
         putBitmapOnClipboard(dialogOwner(), loadBitmap(entryFace).get());

@@ -38,8 +38,8 @@ size_t lengthOf(std::wstring_view text, CodePage codePage)
 {
     if (text.empty())
         return 0;
-    const int length = WideCharToMultiByte(codePage, 0, text.data(), systemLength(text.size()), nullptr, 0, nullptr,
-                                           nullptr);
+    const int length =
+        WideCharToMultiByte(codePage, 0, text.data(), systemLength(text.size()), nullptr, 0, nullptr, nullptr);
     throwLastErrorUnless(length > 0);
     return static_cast<size_t>(length);
 }

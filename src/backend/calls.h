@@ -14,8 +14,7 @@ struct BackendCall {
     int32_t operator()(typename Kinds::Face... faces) const
     {
         std::tuple<Kinds...> arguments(faces...);
-        const int32_t result =
-            std::apply([this](Kinds&... argument) { return onWire(argument.wire()...); }, arguments);
+        const int32_t result = std::apply([this](Kinds&... argument) { return onWire(argument.wire()...); }, arguments);
         std::apply([](const Kinds&... argument) { (argument.readBack(), ...); }, arguments);
         return result;
     }
@@ -29,7 +28,7 @@ struct BackendCall {
 };
 
 namespace arguments::calls {
-#define BACKEND_FUNCTION(name, ...)                                                                                   \
+#define BACKEND_FUNCTION(name, ...)                                                                                    \
     inline constexpr BackendCall<BackendFunction::name __VA_OPT__(, ) __VA_ARGS__> name{};
 #include "backend/functions.inc"
 #undef BACKEND_FUNCTION

@@ -48,19 +48,19 @@ consteval size_t texts(std::span<const FieldRow> rows)
         std::count_if(rows.begin(), rows.end(), [](const FieldRow& field) { return field.kind == FieldKind::text; }));
 }
 
-#define FIELD(record, name, offset, capacity)                                                                         \
-    row(kindOf<decltype(record::name), decltype(wire::record::name)>(), offsetof(record, name),                       \
+#define FIELD(record, name, offset, capacity)                                                                          \
+    row(kindOf<decltype(record::name), decltype(wire::record::name)>(), offsetof(record, name),                        \
         offsetof(wire::record, name), offset, capacity)
 
-#define LAYOUT(record, size, rows)                                                                                    \
-    static_assert(std::is_standard_layout_v<record>);                                                                 \
-    static_assert(sizeof(wire::record) == size && extent(rows) == size && size <= largestWireRecord);                 \
-    static_assert(texts(rows) <= mostTextsInRecord);                                                                  \
-    template <>                                                                                                       \
-    const RecordLayout& layoutOf<record>() noexcept                                                                   \
-    {                                                                                                                 \
-        static constexpr RecordLayout layout{rows, size};                                                             \
-        return layout;                                                                                                \
+#define LAYOUT(record, size, rows)                                                                                     \
+    static_assert(std::is_standard_layout_v<record>);                                                                  \
+    static_assert(sizeof(wire::record) == size && extent(rows) == size && size <= largestWireRecord);                  \
+    static_assert(texts(rows) <= mostTextsInRecord);                                                                   \
+    template <>                                                                                                        \
+    const RecordLayout& layoutOf<record>() noexcept                                                                    \
+    {                                                                                                                  \
+        static constexpr RecordLayout layout{rows, size};                                                              \
+        return layout;                                                                                                 \
     }
 
 // clang-format off

@@ -39,8 +39,7 @@ std::wstring fetchMessage(std::wstring_view where, Fetch fetch) noexcept
 
 std::wstring getRZString(int32_t number) noexcept
 {
-    return fetchMessage(L"getRZString",
-                        [&](char* buffer) { return RZGetString.onWire(number, buffer, capacity); });
+    return fetchMessage(L"getRZString", [&](char* buffer) { return RZGetString.onWire(number, buffer, capacity); });
 }
 
 std::wstring getRZStringP1(int32_t number, std::wstring& parameter) noexcept

@@ -44,8 +44,7 @@ private:
 template <class Record>
 class WireCopy : private WireBlock {
 public:
-    explicit WireCopy(const Record& record, Fill fill = Fill::preset,
-                      ansi::CodePage codePage = ansi::processCodePage)
+    explicit WireCopy(const Record& record, Fill fill = Fill::preset, ansi::CodePage codePage = ansi::processCodePage)
         : WireBlock(layoutOf<Record>(), &record, fill, codePage)
     {
     }

@@ -60,8 +60,8 @@ void ModelUtil::AddADOCommand(int32_t commandType, const std::wstring& commandTe
     bstr connection(conName);
     bstr dataEnvironment(dataenvName);
     bstr project(projName);
-    check(object().AddADOCommand(&type, text.ref(), name.ref(), connection.ref(), dataEnvironment.ref(),
-                                 project.ref()));
+    check(
+        object().AddADOCommand(&type, text.ref(), name.ref(), connection.ref(), dataEnvironment.ref(), project.ref()));
 }
 
 bool ModelUtil::existsDataEnvObjs() const

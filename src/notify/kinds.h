@@ -13,9 +13,9 @@ inline constexpr int32_t kindConnection = 6;
 // What the pump does for a kind of database object, chosen by the object's kind or by that of its folder.
 struct ObjectKindRow {
     int32_t objectKind;
-    void (*addIfShown)(int32_t handle);   // fetches always, shows it only while its folder is selected
+    void (*addIfShown)(int32_t handle);    // fetches always, shows it only while its folder is selected
     void (*updateIfShown)(int32_t handle); // null: a change of this kind changes nothing on screen
-    void (*fill)(int32_t folderHandle);   // adds a row for each object that the Backend enumerates
+    void (*fill)(int32_t folderHandle);    // adds a row for each object that the Backend enumerates
     int32_t folderKind() const noexcept { return objectKind - 1; }
 };
 

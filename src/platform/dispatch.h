@@ -2,8 +2,8 @@
 
 #include "platform/com_ptr.h"
 
-#include <string>
 #include "platform/win32.h"
+#include <string>
 
 namespace velk {
 

@@ -30,8 +30,7 @@ com_ptr<IPicture> loadPicture(int resource)
     throwIfFailed(stream->Write(bytes, size, nullptr));
     throwIfFailed(stream->Seek({}, STREAM_SEEK_SET, nullptr));
     com_ptr<IPicture> picture;
-    throwIfFailed(
-        OleLoadPicture(stream.get(), static_cast<LONG>(size), FALSE, IID_IPicture, picture.putVoid()));
+    throwIfFailed(OleLoadPicture(stream.get(), static_cast<LONG>(size), FALSE, IID_IPicture, picture.putVoid()));
     return picture;
 }
 

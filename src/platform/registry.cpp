@@ -17,8 +17,8 @@ bool isEmpty(HKEY key) noexcept
 {
     DWORD keys = 0;
     DWORD values = 0;
-    return RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values, nullptr, nullptr,
-                            nullptr, nullptr) == ERROR_SUCCESS &&
+    return RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values, nullptr, nullptr, nullptr,
+                            nullptr) == ERROR_SUCCESS &&
            keys == 0 && values == 0;
 }
 

@@ -22,7 +22,8 @@ double leadingNumber(std::wstring_view text);
 // To the nearest whole number, halves to even; error 6 outside 32 bits.
 int32_t roundToLong(double number);
 
-// A whole text as a number, as an assignment to a Long converts it: error 13 when it is not a number, 6 outside 32 bits.
+// A whole text as a number, as an assignment to a Long converts it: error 13 when it is not a number, 6 outside 32
+// bits.
 int32_t textToLong(std::wstring_view text);
 
 } // namespace velk

@@ -5,8 +5,8 @@
 namespace velk {
 
 tree_view::tree_view(HWND parent)
-    : Control(WC_TREEVIEWW, parent,
-              WS_TABSTOP | TVS_HASLINES | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_SHOWSELALWAYS, WS_EX_CLIENTEDGE)
+    : Control(WC_TREEVIEWW, parent, WS_TABSTOP | TVS_HASLINES | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_SHOWSELALWAYS,
+              WS_EX_CLIENTEDGE)
 {
 }
 
@@ -97,8 +97,8 @@ const TreeNode* tree_view::selected() const noexcept
 
 std::wstring tree_view::parentOf(const std::wstring& key) const
 {
-    const auto parent = reinterpret_cast<HTREEITEM>(
-        send(TVM_GETNEXTITEM, TVGN_PARENT, reinterpret_cast<LPARAM>(entry(key).item)));
+    const auto parent =
+        reinterpret_cast<HTREEITEM>(send(TVM_GETNEXTITEM, TVGN_PARENT, reinterpret_cast<LPARAM>(entry(key).item)));
     const Entry* found = parent ? entryOf(parent) : nullptr;
     return found ? found->node.key : std::wstring();
 }

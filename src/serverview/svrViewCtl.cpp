@@ -93,8 +93,8 @@ void svrViewCtl::selectNode(bool force)
     const int32_t handle = keyToHandle(node->key);
     const int32_t kind = roundToLong(leadingNumber(node->tag));
     const auto columns = m_columnSets.find(kind);
-    m_serverDetailsView->showColumns(kind, columns == m_columnSets.end() ? std::vector<std::wstring>()
-                                                                         : columns->second);
+    m_serverDetailsView->showColumns(kind,
+                                     columns == m_columnSets.end() ? std::vector<std::wstring>() : columns->second);
     RZSetCurrentFolder(handle, kind);
 }
 

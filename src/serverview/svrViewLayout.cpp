@@ -83,8 +83,7 @@ void svrViewCtl::UserControl_MouseMove(bool isButtonDown, int x, int y)
     m_barLeft = x;
     RECT inner{};
     GetClientRect(hwnd(), &inner);
-    SetWindowPos(m_splitPane->hwnd(), HWND_TOP, toPixels(x), 0, toPixels(barWidthTwips), inner.bottom,
-                 SWP_NOACTIVATE);
+    SetWindowPos(m_splitPane->hwnd(), HWND_TOP, toPixels(x), 0, toPixels(barWidthTwips), inner.bottom, SWP_NOACTIVATE);
 }
 
 void svrViewCtl::UserControl_MouseUp(int x, int)

@@ -64,8 +64,8 @@ void addFunctionRow(const trzFunction& function) noexcept
 {
     swallow(where, why, [&] {
         Row row{makeKey(function.lHdl),
-                {function.strName, function.strSchema, function.strParameters, function.strResult,
-                 function.strLanguage, function.strSpecific, numberText(function.bIsFenced), function.strComment},
+                {function.strName, function.strSchema, function.strParameters, function.strResult, function.strLanguage,
+                 function.strSpecific, numberText(function.bIsFenced), function.strComment},
                 {}};
         dressFunction(row, function);
         list().add(std::move(row));
@@ -75,11 +75,11 @@ void addFunctionRow(const trzFunction& function) noexcept
 void addTriggerRow(const trzTrigger& trigger) noexcept
 {
     swallow(where, why, [&] {
-        list().add({makeKey(trigger.lHdl),
-                    {trigger.strName, trigger.strSchema, trigger.strTableName, trigger.strTableSchema,
-                     trigger.strComment},
-                    {},
-                    imageOf(L"Trigger")});
+        list().add(
+            {makeKey(trigger.lHdl),
+             {trigger.strName, trigger.strSchema, trigger.strTableName, trigger.strTableSchema, trigger.strComment},
+             {},
+             imageOf(L"Trigger")});
     });
 }
 
@@ -96,23 +96,20 @@ void addTableRow(const trzTable& table) noexcept
 void addViewRow(const trzView& view) noexcept
 {
     swallow(where, why, [&] {
-        list().add(
-            {makeKey(view.lHdl), {view.strName, view.strSchema, view.strComment}, {}, imageOf(L"VelkView")});
+        list().add({makeKey(view.lHdl), {view.strName, view.strSchema, view.strComment}, {}, imageOf(L"VelkView")});
     });
 }
 
 void updateProcedureRow(const trzProcedure& procedure) noexcept
 {
-    swallow(where, why, [&] {
-        list().update(makeKey(procedure.lHdl), [&](Row& row) { dressProcedure(row, procedure); });
-    });
+    swallow(where, why,
+            [&] { list().update(makeKey(procedure.lHdl), [&](Row& row) { dressProcedure(row, procedure); }); });
 }
 
 void updateFunctionRow(const trzFunction& function) noexcept
 {
-    swallow(where, why, [&] {
-        list().update(makeKey(function.lHdl), [&](Row& row) { dressFunction(row, function); });
-    });
+    swallow(where, why,
+            [&] { list().update(makeKey(function.lHdl), [&](Row& row) { dressFunction(row, function); }); });
 }
 
 void clearListRows() noexcept
@@ -120,6 +117,8 @@ void clearListRows() noexcept
     swallow(where, why, [] { list().clear(); });
 }
 
-ListFilling::ListFilling() noexcept : m_filling(publishedView().serverDetailsView) {}
+ListFilling::ListFilling() noexcept : m_filling(publishedView().serverDetailsView)
+{
+}
 
 } // namespace velk

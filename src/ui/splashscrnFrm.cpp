@@ -62,9 +62,9 @@ void splashscrnFrm::load()
     create({dialogOwner(), style, WS_EX_TOOLWINDOW, (work.left + work.right - width) / 2,
             (work.top + work.bottom - height) / 2, width, height, L""});
     const HINSTANCE instance = module::instance();
-    m_statusLbl = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS,
-                                  margin, statusTop, pictureWidth - 2 * margin, statusHeight, hwnd(), nullptr,
-                                  instance, nullptr);
+    m_statusLbl =
+        CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS, margin,
+                        statusTop, pictureWidth - 2 * margin, statusHeight, hwnd(), nullptr, instance, nullptr);
     m_progressBar1 = CreateWindowExW(0, PROGRESS_CLASSW, L"", WS_CHILD | WS_VISIBLE | PBS_SMOOTH, margin, barTop,
                                      pictureWidth - 2 * margin, barHeight, hwnd(), nullptr, instance, nullptr);
     throwLastErrorUnless(m_statusLbl && m_progressBar1);

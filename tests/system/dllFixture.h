@@ -49,8 +49,8 @@ protected:
         lines.insert(path);
         wchar_t name[512];
         DWORD length = 512;
-        for (DWORD index = 0; RegEnumValueW(key.get(), index, name, &length, nullptr, nullptr, nullptr, nullptr) ==
-                              ERROR_SUCCESS;
+        for (DWORD index = 0;
+             RegEnumValueW(key.get(), index, name, &length, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
              ++index, length = 512)
             lines.insert(path + L" @ " + name);
         for (DWORD index = 0; RegEnumKeyW(key.get(), index, name, 512) == ERROR_SUCCESS; ++index)

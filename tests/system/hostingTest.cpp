@@ -13,13 +13,15 @@ protected:
     HostingTest() : atl(LoadLibraryW(L"atl.dll"))
     {
         callEntry("DllRegisterServer");
-        const auto init = reinterpret_cast<BOOL(WINAPI*)()>(
-            reinterpret_cast<void*>(GetProcAddress(atl.get(), "AtlAxWinInit")));
+        const auto init =
+            reinterpret_cast<BOOL(WINAPI*)()>(reinterpret_cast<void*>(GetProcAddress(atl.get(), "AtlAxWinInit")));
         init();
-        host = CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW, 0, 0, 800, 600, nullptr, nullptr, nullptr, nullptr);
-        site = CreateWindowExW(0, L"AtlAxWin", L"", WS_CHILD | WS_VISIBLE, 0, 0, 600, 300, host, nullptr, nullptr, nullptr);
-        const auto create = reinterpret_cast<CreateControl>(
-            reinterpret_cast<void*>(GetProcAddress(atl.get(), "AtlAxCreateControlEx")));
+        host =
+            CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW, 0, 0, 800, 600, nullptr, nullptr, nullptr, nullptr);
+        site = CreateWindowExW(0, L"AtlAxWin", L"", WS_CHILD | WS_VISIBLE, 0, 0, 600, 300, host, nullptr, nullptr,
+                               nullptr);
+        const auto create =
+            reinterpret_cast<CreateControl>(reinterpret_cast<void*>(GetProcAddress(atl.get(), "AtlAxCreateControlEx")));
         created = create(L"velkviadd.serverViewDoc", site, nullptr, nullptr, document.put(), IID_NULL, nullptr);
     }
     ~HostingTest() override

@@ -44,7 +44,8 @@ TEST_F(RegistrationTest, addinKey_hasTheDisplayName)
 TEST_F(RegistrationTest, everyClass_isFoundByItsName)
 {
     callEntry("DllRegisterServer");
-    for (const wchar_t* name : {L"Connect", L"IMgrVI", L"IntegrationMgr", L"ModelUtil", L"ModelUtilVI", L"serverViewDoc"}) {
+    for (const wchar_t* name :
+         {L"Connect", L"IMgrVI", L"IntegrationMgr", L"ModelUtil", L"ModelUtilVI", L"serverViewDoc"}) {
         CLSID clsid{};
         EXPECT_EQ(CLSIDFromProgID((std::wstring(L"velkviadd.") + name).c_str(), &clsid), S_OK) << name;
     }
@@ -54,8 +55,7 @@ TEST_F(RegistrationTest, registeredClass_isMadeByCom)
 {
     callEntry("DllRegisterServer");
     com_ptr<_ModelUtil> model;
-    EXPECT_EQ(CoCreateInstance(CLSID_ModelUtilVI, nullptr, CLSCTX_INPROC_SERVER, __uuidof(_ModelUtil),
-                               model.putVoid()),
+    EXPECT_EQ(CoCreateInstance(CLSID_ModelUtilVI, nullptr, CLSCTX_INPROC_SERVER, __uuidof(_ModelUtil), model.putVoid()),
               S_OK);
     bstr language;
     EXPECT_EQ(model->GetDevLanguage(language.put()), S_OK);

@@ -96,7 +96,12 @@ TEST_F(svrViewCtlTest, otherFolder_emptiesTheListUntilItsContentsCome)
 {
     addProject();
     tree().select(L"K23");
-    addTableRow({.lHdl = 200, .bIsDirty = false, .strSchema = L"", .strName = L"n", .strTableSpace = L"", .lType = 1,
+    addTableRow({.lHdl = 200,
+                 .bIsDirty = false,
+                 .strSchema = L"",
+                 .strName = L"n",
+                 .strTableSpace = L"",
+                 .lType = 1,
                  .strComment = L""});
     tree().select(L"K24");
     EXPECT_EQ(shownRows(), 0);
@@ -115,7 +120,12 @@ TEST_F(svrViewCtlTest, removedSelectedConnection_emptiesTheList)
 {
     addProject();
     tree().select(L"K23");
-    addTableRow({.lHdl = 200, .bIsDirty = false, .strSchema = L"", .strName = L"n", .strTableSpace = L"", .lType = 1,
+    addTableRow({.lHdl = 200,
+                 .bIsDirty = false,
+                 .strSchema = L"",
+                 .strName = L"n",
+                 .strTableSpace = L"",
+                 .lType = 1,
                  .strComment = L""});
     removeNode(L"K10");
     EXPECT_EQ(shownRows(), 0);

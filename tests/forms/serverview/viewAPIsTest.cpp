@@ -130,7 +130,12 @@ TEST_F(viewAPIsTest, triggerTableAndViewRows_haveTheirOwnColumns)
     EXPECT_EQ(headers(), (Texts{L"#500", L"#501", L"#511", L"#512", L"#502"}));
     EXPECT_EQ(cells(0), (Texts{L"t", L"s", L"tab", L"ts", L"c"}));
     tree().select(L"K23");
-    addTableRow({.lHdl = 200, .bIsDirty = false, .strSchema = L"s", .strName = L"n", .strTableSpace = L"sp", .lType = 4,
+    addTableRow({.lHdl = 200,
+                 .bIsDirty = false,
+                 .strSchema = L"s",
+                 .strName = L"n",
+                 .strTableSpace = L"sp",
+                 .lType = 4,
                  .strComment = L"c"});
     EXPECT_EQ(headers(), (Texts{L"#500", L"#501", L"#513", L"#514", L"#502"}));
     EXPECT_EQ(cells(0), (Texts{L"n", L"s", L"sp", L"4", L"c"}));

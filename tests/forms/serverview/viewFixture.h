@@ -3,8 +3,8 @@
 #include "serverview/publishedView.h"
 #include "serverview/svrViewCtl.h"
 #include "serverview/viewAPIs.h"
-#include "support/fakeBackend.h"
 #include "support/failureLog.h"
+#include "support/fakeBackend.h"
 
 #include <gmock/gmock.h>
 
@@ -35,10 +35,7 @@ protected:
     }
     tree_view& tree() { return view.serverTreeView(); }
     DetailsList& list() { return view.serverDetailsView(); }
-    std::wstring imageOf(const std::wstring& key)
-    {
-        return publishedView().ImageList1->keyOf(tree().node(key).image);
-    }
+    std::wstring imageOf(const std::wstring& key) { return publishedView().ImageList1->keyOf(tree().node(key).image); }
     std::wstring header(int column)
     {
         std::wstring text(64, L'\0');

@@ -152,8 +152,7 @@ int32_t FakeBackend::readNext(const Records& records, int32_t enumeration, Wire*
 void FakeBackend::setActions()
 {
     // Functions that only note that they were called.
-#define NOTED(name)                                                                                                   \
-    on.name = [this](auto... arguments) { return enter(#name, listed(arguments...)); }
+#define NOTED(name) on.name = [this](auto... arguments) { return enter(#name, listed(arguments...)); }
     NOTED(RZInitialize);
     NOTED(RZTerminate);
     NOTED(RZButtonDoAction);
@@ -187,10 +186,10 @@ void FakeBackend::setActions()
 }
 
 // A function that reads a record: an answer of 0 set by the test leaves the record alone.
-#define READ(name, records, wireRecord)                                                                               \
-    on.name = [this](int32_t handle, wire::wireRecord* target) {                                                      \
-        const int32_t answer = enter(#name, listed(handle));                                                          \
-        return answer && read(records, handle, target) ? answer : 0;                                                  \
+#define READ(name, records, wireRecord)                                                                                \
+    on.name = [this](int32_t handle, wire::wireRecord* target) {                                                       \
+        const int32_t answer = enter(#name, listed(handle));                                                           \
+        return answer && read(records, handle, target) ? answer : 0;                                                   \
     }
 
 void FakeBackend::setRecords()
@@ -204,19 +203,19 @@ void FakeBackend::setRecords()
     READ(RZConnectionGet, connections, trzConnection);
 }
 
-#define OBJECTS(kind, records)                                                                                        \
-    READ(RZ##kind##Get, records, trz##kind);                                                                          \
-    on.RZ##kind##EnumBegin = [this](int32_t folder, int32_t* unread, int32_t* enumeration) {                          \
-        const int32_t answer = enter("RZ" #kind "EnumBegin", listed(folder));                                         \
-        return answer && begin(folder, unread, enumeration) ? answer : 0;                                             \
-    };                                                                                                                \
-    on.RZ##kind##EnumNext = [this](int32_t enumeration, wire::trz##kind* target) {                                    \
-        const int32_t answer = enter("RZ" #kind "EnumNext", listed(enumeration));                                     \
-        return answer && readNext(records, enumeration, target) ? answer : 0;                                         \
-    };                                                                                                                \
-    on.RZ##kind##EnumEnd = [this](int32_t enumeration) {                                                              \
-        enumerations.erase(enumeration);                                                                              \
-        return enter("RZ" #kind "EnumEnd", listed(enumeration));                                                      \
+#define OBJECTS(kind, records)                                                                                         \
+    READ(RZ##kind##Get, records, trz##kind);                                                                           \
+    on.RZ##kind##EnumBegin = [this](int32_t folder, int32_t* unread, int32_t* enumeration) {                           \
+        const int32_t answer = enter("RZ" #kind "EnumBegin", listed(folder));                                          \
+        return answer && begin(folder, unread, enumeration) ? answer : 0;                                              \
+    };                                                                                                                 \
+    on.RZ##kind##EnumNext = [this](int32_t enumeration, wire::trz##kind* target) {                                     \
+        const int32_t answer = enter("RZ" #kind "EnumNext", listed(enumeration));                                      \
+        return answer && readNext(records, enumeration, target) ? answer : 0;                                          \
+    };                                                                                                                 \
+    on.RZ##kind##EnumEnd = [this](int32_t enumeration) {                                                               \
+        enumerations.erase(enumeration);                                                                               \
+        return enter("RZ" #kind "EnumEnd", listed(enumeration));                                                       \
     }
 
 void FakeBackend::setObjects()

@@ -80,11 +80,10 @@ TEST_F(ConnectTest, fractionalFontSize_isRoundedHalvesToEven)
 TEST_F(ConnectTest, connection_addsTheEntryToBar13)
 {
     load();
-    EXPECT_EQ(ide.journal,
-              (Lines{L"DTE.Windows", L"Windows.Count", L"DTE.MainWindow", L"DTE.CommandBars", L"CommandBars.Item(13)",
-                     L"Bar.Controls", L"Controls.Add(1)", L"Entry.Caption = \"Rozel\"",
-                     L"Entry.OnAction = \"velkviadd.Connect\"", L"Entry.PasteFace()", L"DTE.Events",
-                     L"Events.CommandBarEvents(<object>)"}));
+    EXPECT_EQ(ide.journal, (Lines{L"DTE.Windows", L"Windows.Count", L"DTE.MainWindow", L"DTE.CommandBars",
+                                  L"CommandBars.Item(13)", L"Bar.Controls", L"Controls.Add(1)",
+                                  L"Entry.Caption = \"Rozel\"", L"Entry.OnAction = \"velkviadd.Connect\"",
+                                  L"Entry.PasteFace()", L"DTE.Events", L"Events.CommandBarEvents(<object>)"}));
 }
 
 TEST_F(ConnectTest, connection_doesNotContactTheTool)

@@ -1,8 +1,8 @@
 // The quick way over the boundary gives what the literal one gives, in every code page and for every content.
 #include "backend/wire_copy.h"
 
-#include "literalBoundary.h"
 #include "devkit/contract/wire.h"
+#include "literalBoundary.h"
 #include "support/fakeBackend.h"
 
 #include <algorithm>
@@ -29,14 +29,22 @@ public:
     std::string next(size_t room)
     {
         switch (below(8)) {
-        case 0: return {};
-        case 1: return some(below(12), 'a', 'z') + '\0' + some(below(5), 'A', 'Z');
-        case 2: return some(room, 1, 255);
-        case 3: return some(room, 0, 255);
-        case 4: return some(room, 0x81, 0x9f);
-        case 5: return some(below(room), 0x81, 0xfc) + '\0' + some(1, 0x40, 0x7e) + '\0';
-        case 6: return some(room - 1, 0x20, 0x7e) + '\x83';
-        default: return leadBeforeNul(room);
+        case 0:
+            return {};
+        case 1:
+            return some(below(12), 'a', 'z') + '\0' + some(below(5), 'A', 'Z');
+        case 2:
+            return some(room, 1, 255);
+        case 3:
+            return some(room, 0, 255);
+        case 4:
+            return some(room, 0x81, 0x9f);
+        case 5:
+            return some(below(room), 0x81, 0xfc) + '\0' + some(1, 0x40, 0x7e) + '\0';
+        case 6:
+            return some(room - 1, 0x20, 0x7e) + '\x83';
+        default:
+            return leadBeforeNul(room);
         }
     }
     std::wstring nextWide()
@@ -78,7 +86,7 @@ class boundary : public testing::TestWithParam<UINT> {};
 
 TEST_P(boundary, randomProcedures_areReadAsTheLiteralWayReadsThem)
 {
-    using Text = std::pair<char* wire::trzProcedure::*, std::wstring trzProcedure::*>;
+    using Text = std::pair<char * wire::trzProcedure::*, std::wstring trzProcedure::*>;
     const std::pair<Text, size_t> texts[] = {
         {{&wire::trzProcedure::strSchema, &trzProcedure::strSchema}, 256},
         {{&wire::trzProcedure::strName, &trzProcedure::strName}, 1024},

@@ -115,8 +115,8 @@ TEST(enumeration, wholeFolder_beginsGoesOnAndEnds)
     EXPECT_EQ(view.strName, L"OPEN");
     EXPECT_EQ(RZViewEnumNext(enumeration, view), 0);
     EXPECT_EQ(RZViewEnumEnd(enumeration), 1);
-    EXPECT_THAT(backend.calls, ElementsAre("RZViewEnumBegin(30)", "RZViewEnumNext(1)", "RZViewEnumNext(1)",
-                                           "RZViewEnumEnd(1)"));
+    EXPECT_THAT(backend.calls,
+                ElementsAre("RZViewEnumBegin(30)", "RZViewEnumNext(1)", "RZViewEnumNext(1)", "RZViewEnumEnd(1)"));
     EXPECT_TRUE(backend.enumerations.empty());
 }
 

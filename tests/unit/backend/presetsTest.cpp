@@ -70,8 +70,8 @@ TEST(fetchConnectionDE, preset_isItsCapacities)
     FakeBackend backend;
     std::vector<uint32_t> rooms;
     using Wire = wire::trzConnectionDE;
-    backend.on.RZConnectionGetDE = roomsInto<Wire>(rooms, &Wire::strVSProject, &Wire::strDEName,
-                                                   &Wire::strDEConnection, &Wire::strConnectionString);
+    backend.on.RZConnectionGetDE = roomsInto<Wire>(rooms, &Wire::strVSProject, &Wire::strDEName, &Wire::strDEConnection,
+                                                   &Wire::strConnectionString);
     trzConnectionDE record;
     fetchConnectionDE(1, record);
     EXPECT_THAT(rooms, ElementsAre(256u, 256u, 256u, 1024u));
@@ -82,9 +82,8 @@ TEST(fetchCommandDE, preset_isItsCapacities)
     FakeBackend backend;
     std::vector<uint32_t> rooms;
     using Wire = wire::trzCommandDE;
-    backend.on.RZCommandGetDE =
-        roomsInto<Wire>(rooms, &Wire::strVSProject, &Wire::strDEName, &Wire::strDEConnection, &Wire::strDECommand,
-                        &Wire::strCommandText);
+    backend.on.RZCommandGetDE = roomsInto<Wire>(rooms, &Wire::strVSProject, &Wire::strDEName, &Wire::strDEConnection,
+                                                &Wire::strDECommand, &Wire::strCommandText);
     trzCommandDE record;
     fetchCommandDE(1, record);
     EXPECT_THAT(rooms, ElementsAre(256u, 256u, 256u, 256u, 4096u));

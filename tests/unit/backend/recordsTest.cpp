@@ -98,9 +98,8 @@ TEST(fetchTrigger, allFields_comeBack)
     EXPECT_EQ(fetchTrigger(103, r), 1);
     EXPECT_TRUE(r.bIsDirty);
     EXPECT_FALSE(r.bCanDebug);
-    EXPECT_THAT(
-        (std::vector{r.strSchema, r.strName, r.strTableSchema, r.strTableName, r.strComment, r.strFileName}),
-        ElementsAre(L"S", L"N", L"TS", L"TN", L"C", L"F"));
+    EXPECT_THAT((std::vector{r.strSchema, r.strName, r.strTableSchema, r.strTableName, r.strComment, r.strFileName}),
+                ElementsAre(L"S", L"N", L"TS", L"TN", L"C", L"F"));
 }
 
 TEST(fetchTable, allFields_comeBack)

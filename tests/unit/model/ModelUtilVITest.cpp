@@ -1,5 +1,5 @@
-#include "model/ModelUtil.h"
 #include "model/ModelUtilVI.h"
+#include "model/ModelUtil.h"
 #include "model/stringArrays.h"
 #include "platform/automation.h"
 #include "support/fakeObject.h"

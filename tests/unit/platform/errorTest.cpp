@@ -1,6 +1,6 @@
 #include "platform/boundary.h"
-#include "platform/com_ptr.h"
 #include "platform/bstr.h"
+#include "platform/com_ptr.h"
 #include "support/failureLog.h"
 
 #include <gmock/gmock.h>

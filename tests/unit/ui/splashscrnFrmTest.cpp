@@ -1,5 +1,5 @@
-#include "support/fakeBackend.h"
 #include "ui/splashscrnFrm.h"
+#include "support/fakeBackend.h"
 
 #include "platform/error.h"
 #include "ui/uiFont.h"

@@ -12,7 +12,8 @@ TEST(fontCharset, firstDoubleByteName_is136)
 
 TEST(fontCharset, secondDoubleByteName_is128)
 {
-    const std::wstring name = L"\u0082\u006C\u0082\u0072\u0020\u0082\u006F\u0083\u0053\u0083\u0056\u0083\u0062\u0083\u004E";
+    const std::wstring name =
+        L"\u0082\u006C\u0082\u0072\u0020\u0082\u006F\u0083\u0053\u0083\u0056\u0083\u0062\u0083\u004E";
     EXPECT_EQ(fontCharset(name), 128);
 }
 

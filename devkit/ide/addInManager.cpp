@@ -1,5 +1,6 @@
 #include "devkit/ide/addInManager.h"
 
+#include "devkit/ide/extensibility.h"
 #include "devkit/ide/recorder.h"
 #include "platform/automation.h"
 
@@ -7,16 +8,6 @@
 
 namespace velk::devkit {
 namespace {
-
-// The interface by which an environment talks to its add-ins.
-struct Extensibility : IDispatch {
-    virtual HRESULT __stdcall OnConnection(IDispatch* application, int mode, IDispatch* addIn, SAFEARRAY** custom) = 0;
-    virtual HRESULT __stdcall OnDisconnection(int mode, SAFEARRAY** custom) = 0;
-    virtual HRESULT __stdcall OnAddInsUpdate(SAFEARRAY** custom) = 0;
-    virtual HRESULT __stdcall OnStartupComplete(SAFEARRAY** custom) = 0;
-    virtual HRESULT __stdcall OnBeginShutdown(SAFEARRAY** custom) = 0;
-};
-constexpr IID extensibilityIid{0xB65AD801, 0xABAF, 0x11D0, {0xBB, 0x8B, 0x00, 0xA0, 0xC9, 0x0F, 0x27, 0x44}};
 
 constexpr wchar_t addInsKey[] = L"Software\\Microsoft\\VisualStudio\\6.0\\AddIns";
 constexpr uint32_t loadWithEnvironment = 1;

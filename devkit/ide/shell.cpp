@@ -102,7 +102,8 @@ void Shell::showTitle() const
 {
     const std::wstring& solution = m_dte->solution->fullName();
     SetWindowTextW(hwnd(), (solution.empty() ? title : baseName(solution) + L" - " + title).c_str());
-    SetWindowTextW(m_status, solution.empty() ? L"No solution is open" : solution.c_str());
+    const std::wstring file = solution.substr(solution.rfind(L'\\') + 1);
+    SetWindowTextW(m_status, file.empty() ? L"No solution is open" : file.c_str());
     InvalidateRect(hwnd(), nullptr, TRUE);
 }
 

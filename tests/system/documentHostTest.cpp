@@ -1,0 +1,81 @@
+// The server view's document in a host for whole documents.
+#include "documentHost.h"
+#include "dllFixture.h"
+
+#include <gmock/gmock.h>
+
+namespace velk {
+namespace {
+
+using testing::ElementsAre;
+
+class DocumentHostTest : public test::DllFixture {
+protected:
+    DocumentHostTest()
+    {
+        window = CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 500, 400, nullptr, nullptr,
+                                 nullptr, nullptr);
+        host = makeObject<test::DocumentHost>(window);
+        document = make<IUnknown>(CLSID_serverViewDoc);
+        shown = host->show(document.get());
+    }
+    ~DocumentHostTest() override
+    {
+        if (host)
+            host->close();
+        document.reset();
+        host.reset();
+        DestroyWindow(window);
+    }
+    HWND content() const { return FindWindowExW(window, nullptr, L"velkviadd.serverViewDoc", nullptr); }
+
+    HWND window = nullptr;
+    com_ptr<test::DocumentHost> host;
+    com_ptr<IUnknown> document;
+    HRESULT shown = E_FAIL;
+};
+
+TEST_F(DocumentHostTest, documentSite_isAskedAndActivatesTheView)
+{
+    EXPECT_EQ(shown, S_OK);
+    EXPECT_THAT(host->asked, ElementsAre(testing::StrEq("ActivateMe"), testing::StrEq("OnInPlaceActivate"),
+                                         testing::StrEq("OnUIActivate")));
+    EXPECT_NE(content(), nullptr);
+}
+
+TEST_F(DocumentHostTest, view_takesTheRectangleThatItIsGiven)
+{
+    RECT wanted{10, 20, 210, 120};
+    EXPECT_EQ(host->view->SetRect(&wanted), S_OK);
+    RECT read{};
+    EXPECT_EQ(host->view->GetRect(&read), S_OK);
+    EXPECT_TRUE(EqualRect(&wanted, &read));
+}
+
+TEST_F(DocumentHostTest, hiddenView_isShownAgain)
+{
+    EXPECT_EQ(host->view->Show(FALSE), S_OK);
+    EXPECT_EQ(GetWindowLongW(content(), GWL_STYLE) & WS_VISIBLE, 0);
+    EXPECT_EQ(host->view->Show(TRUE), S_OK);
+    EXPECT_NE(GetWindowLongW(content(), GWL_STYLE) & WS_VISIBLE, 0);
+}
+
+TEST_F(DocumentHostTest, secondView_isRefused)
+{
+    com_ptr<IOleDocumentView> second;
+    const auto other = makeObject<test::DocumentHost>(window);
+    const auto site = com_ptr<IOleClientSite>(other.get()).tryAs<IOleInPlaceSite>();
+    EXPECT_NE(document.tryAs<IOleDocument>()->CreateView(site.get(), nullptr, 0, second.put()), S_OK);
+    EXPECT_FALSE(second);
+}
+
+TEST_F(DocumentHostTest, closedView_leavesTheSiteInOrder)
+{
+    host->asked.clear();
+    host->view->CloseView(0);
+    EXPECT_THAT(host->asked, ElementsAre(testing::StrEq("OnUIDeactivate"), testing::StrEq("OnInPlaceDeactivate")));
+    EXPECT_EQ(content(), nullptr);
+}
+
+} // namespace
+} // namespace velk

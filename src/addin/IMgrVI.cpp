@@ -4,8 +4,10 @@
 #include "backend/calls.h"
 #include "backend/library.h"
 #include "backend/texts.h"
+#include "model/conLstCtl.h"
 #include "platform/automation.h"
 #include "platform/module.h"
+#include "scc/VSSAPI.h"
 #include "serverview/serverViewDoc.h"
 #include "ui/messageBox.h"
 #include "ui/splashscrnFrm.h"
@@ -108,6 +110,9 @@ void IMgrVI::buildUserInterface()
 
 HRESULT IMgrVI::deleteRZUI() noexcept
 {
+    Dialog::hideAll();
+    connectionDialog().terminate();
+    closeSourceSafe();
     unloadSplashScreen();
     swallow(L"IMgrVI.deleteRZUI", L"tear-down goes on with the next step", [this] { removeToolWindow(); });
     setMainWindow(nullptr);

@@ -2,6 +2,7 @@
 
 #include "platform/automation.h"
 #include "platform/boundary.h"
+#include "platform/send_keys.h"
 
 namespace velk {
 namespace {
@@ -47,9 +48,22 @@ HRESULT ModelUtilVI::ModelUtil_saveRZFileName(BSTR fileName) noexcept
     return saveRZFileName(fileName);
 }
 
-HRESULT ModelUtilVI::printToFocusedWindow(BSTR*, VARIANT_BOOL*) noexcept
+HRESULT ModelUtilVI::printToFocusedWindow(BSTR* strText, VARIANT_BOOL* toStatusWin) noexcept
 {
-    return atBoundary(L"ModelUtilVI.printToFocusedWindow", [] { throw Error(errorUnsupportedAction); });
+    return atBoundary(L"ModelUtilVI.printToFocusedWindow", [&] {
+        if (!strText || !toStatusWin)
+            throw Error(errorInvalidCall);
+        const bool toStatus = *toStatusWin != VARIANT_FALSE;
+        if (toStatus && !m_statusWindow)
+            return;
+        if (toStatus) {
+            automation::put(m_statusWindow, L"Visible", variant(true));
+            // Hosts of this family know the one or the other.
+            automation::call(m_statusWindow,
+                             automation::hasMember(m_statusWindow.get(), L"SetFocus") ? L"SetFocus" : L"Activate");
+        }
+        sendKeys(std::wstring(bstr::viewOf(*strText)), toStatus);
+    });
 }
 
 HRESULT ModelUtilVI::GetDevLanguage(BSTR* language) noexcept

@@ -1,5 +1,6 @@
 #include "notify/fetched.h"
 #include "notify/handlers.h"
+#include "notify/prompts.h"
 
 #include "backend/texts.h"
 #include "ui/messageBox.h"
@@ -55,6 +56,8 @@ void handleText(const IntegrationMgr& manager, const trzNotify& notification)
     for (const CommandWord& row : commandWords)
         if (row.word == text.strText)
             return row.carryOut(manager);
+    if (!text.strButtons.empty())
+        showPrompt(text);
 }
 
 } // namespace velk

@@ -27,11 +27,15 @@ struct NotificationRow {
 
 // clang-format off
 constexpr NotificationRow notificationRows[] = {
-    {2, handleText,           tellNothing},
-    {5, handleFolderContents, tellNothing},
-    {6, handleObjectChanged,  tellError},
-    {7, handleObjectRemoved,  658},
-    {8, handleObjectAdded,    657},
+    { 2, handleText,           tellNothing},
+    { 3, handleSQLText,        659},
+    { 4, handleADOText,        660},
+    { 5, handleFolderContents, tellNothing},
+    { 6, handleObjectChanged,  tellError},
+    { 7, handleObjectRemoved,  658},
+    { 8, handleObjectAdded,    657},
+    { 9, handleConnectionDE,   655},
+    {10, handleCommandDE,      656},
 };
 // clang-format on
 
@@ -50,6 +54,8 @@ void tellFailure(int32_t failureText, const Error& error) noexcept
 }
 
 } // namespace
+
+uint32_t notificationThreadFrm::s_generation = 0;
 
 notificationThreadFrm::notificationThreadFrm() : Window(L"velkviadd.notificationThreadFrm")
 {
@@ -70,6 +76,7 @@ notificationThreadFrm::~notificationThreadFrm()
 void notificationThreadFrm::unload() noexcept
 {
     m_isUnloaded = true;
+    ++s_generation;
     destroy(); // and the timer with it
     m_IMMgr = {};
 }

@@ -25,6 +25,9 @@ public:
 
     void timerThread_Timer() noexcept;
 
+    // Changes whenever a form is unloaded: what waits in a message box sees by it that its session is over.
+    static uint32_t generation() noexcept { return s_generation; }
+
 protected:
     LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam) override;
 
@@ -32,6 +35,8 @@ private:
     notificationThreadFrm();
     void drain();
     void dispatch(const trzNotify& notification);
+
+    static uint32_t s_generation;
 
     IntegrationMgr m_IMMgr;
     bool m_isUnloaded = false;

@@ -6,6 +6,26 @@ namespace {
 // Room between a text and the borders of its column, as the control draws it.
 constexpr int cellPadding = 14;
 
+unique_bitmap arrowPicture(bool isUp)
+{
+    constexpr int width = 9;
+    constexpr int height = 5;
+    const HDC screen = GetDC(nullptr);
+    unique_bitmap picture(CreateCompatibleBitmap(screen, width, height));
+    const unique_memory_dc dc(CreateCompatibleDC(screen));
+    ReleaseDC(nullptr, screen);
+    const HGDIOBJ before = SelectObject(dc.get(), picture.get());
+    const RECT area{0, 0, width, height};
+    FillRect(dc.get(), &area, GetSysColorBrush(COLOR_BTNFACE));
+    for (int line = 0; line < height; ++line) {
+        const int half = isUp ? line : height - 1 - line;
+        const RECT row{width / 2 - half, line, width / 2 + half + 1, line + 1};
+        FillRect(dc.get(), &row, GetSysColorBrush(COLOR_BTNSHADOW));
+    }
+    SelectObject(dc.get(), before);
+    return picture;
+}
+
 } // namespace
 
 list_view::list_view(HWND parent)
@@ -70,6 +90,36 @@ int list_view::widthOf(const std::wstring& text, HFONT font) const noexcept
     return size.cx + cellPadding;
 }
 
+void list_view::setSortMark(int column, SortMark mark)
+{
+    const auto header = reinterpret_cast<HWND>(send(LVM_GETHEADER));
+    HDITEMW item{};
+    item.mask = HDI_FORMAT;
+    SendMessageW(header, HDM_GETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
+    // A picture of our own: hosts without visual styles do not draw the header's sort flags.
+    item.fmt &= ~(HDF_BITMAP | HDF_BITMAP_ON_RIGHT);
+    if (mark != SortMark::none) {
+        unique_bitmap& arrow = mark == SortMark::up ? m_upArrow : m_downArrow;
+        if (!arrow)
+            arrow = arrowPicture(mark == SortMark::up);
+        item.mask |= HDI_BITMAP;
+        item.fmt |= HDF_BITMAP | HDF_BITMAP_ON_RIGHT;
+        item.hbm = arrow.get();
+    }
+    SendMessageW(header, HDM_SETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
+}
+
+list_view::SortMark list_view::sortMark(int column) const noexcept
+{
+    const auto header = reinterpret_cast<HWND>(send(LVM_GETHEADER));
+    HDITEMW item{};
+    item.mask = HDI_FORMAT | HDI_BITMAP;
+    SendMessageW(header, HDM_GETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
+    if (!(item.fmt & HDF_BITMAP))
+        return SortMark::none;
+    return item.hbm == m_upArrow.get() ? SortMark::up : SortMark::down;
+}
+
 void list_view::setRowCount(size_t rows) const noexcept
 {
     send(LVM_SETITEMCOUNT, rows, LVSICF_NOSCROLL);
@@ -108,6 +158,29 @@ void list_view::selectRow(int row) const noexcept
     state.state = LVIS_SELECTED | LVIS_FOCUSED;
     if (row >= 0)
         send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&state));
+}
+
+void list_view::focusRow(int row) const noexcept
+{
+    LVITEMW state{};
+    state.stateMask = LVIS_FOCUSED;
+    state.state = LVIS_FOCUSED;
+    send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&state));
+}
+
+int list_view::rowAt(POINT place) const noexcept
+{
+    LVHITTESTINFO test{};
+    test.pt = place;
+    return static_cast<int>(send(LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&test)));
+}
+
+RECT list_view::placeOf(int row) const noexcept
+{
+    RECT place{};
+    place.left = LVIR_LABEL;
+    send(LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
+    return place;
 }
 
 void list_view::scrollToTop(int row) const noexcept

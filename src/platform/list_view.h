@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/control.h"
+#include "platform/unique_any.h"
 
 #include <string>
 #include <vector>
@@ -23,6 +24,11 @@ public:
     int widthOf(const std::wstring& text) const noexcept;
     int widthOf(const std::wstring& text, HFONT font) const noexcept;
 
+    // The arrow in a column's header.
+    enum class SortMark { none, up, down };
+    void setSortMark(int column, SortMark mark);
+    SortMark sortMark(int column) const noexcept;
+
     // The number of rows, and that their contents may have changed; keeps scroll position and selection.
     void setRowCount(size_t rows) const noexcept;
     void redrawRow(size_t row) const noexcept;
@@ -34,10 +40,17 @@ public:
     int focusedRow() const noexcept;
     int topRow() const noexcept;
     void selectRow(int row) const noexcept; // and focuses it; -1 takes the selection away
+    void focusRow(int row) const noexcept;
     void scrollToTop(int row) const noexcept;
+    // The row at a place of the control (pixels); -1 for none.
+    int rowAt(POINT place) const noexcept;
+    // Where a row's text stands in the control.
+    RECT placeOf(int row) const noexcept;
 
 private:
     int m_columns = 0;
+    unique_bitmap m_upArrow;
+    unique_bitmap m_downArrow;
 };
 
 } // namespace velk

@@ -1,11 +1,14 @@
 #include "platform/registry.h"
 
-#include "platform/error.h"
+#include "platform/boundary.h"
+#include "platform/text.h"
 
 #include <array>
 
 namespace velk::registry {
 namespace {
+
+constexpr size_t ansiRoom = 2048; // characters
 
 void check(LONG status)
 {
@@ -65,6 +68,37 @@ void removeEmptyUpTo(HKEY root, std::wstring path, const std::wstring& stop) noe
         RegDeleteKeyW(root, path.c_str());
         path.resize(path.rfind(L'\\'));
     }
+}
+
+bool hasAnsiValue(HKEY root, const std::wstring& path, const std::wstring& name) noexcept
+{
+    bool isThere = false;
+    swallow(L"registry", L"what cannot be read counts as absent", [&] {
+        unique_key key;
+        std::array<BYTE, ansiRoom> data{};
+        auto size = static_cast<DWORD>(data.size());
+        isThere =
+            RegOpenKeyExA(root, toAnsi(path).c_str(), 0, KEY_READ, key.put()) == ERROR_SUCCESS &&
+            RegQueryValueExA(key.get(), toAnsi(name).c_str(), nullptr, nullptr, data.data(), &size) == ERROR_SUCCESS;
+    });
+    return isThere;
+}
+
+std::optional<std::pair<std::wstring, std::wstring>> ansiValueAt(HKEY root, const std::wstring& path, uint32_t index)
+{
+    unique_key key;
+    if (RegOpenKeyA(root, toAnsi(path).c_str(), key.put()) != ERROR_SUCCESS)
+        return std::nullopt;
+    std::array<char, ansiRoom> name{};
+    std::array<BYTE, ansiRoom> data{};
+    auto nameLength = static_cast<DWORD>(name.size());
+    auto dataLength = static_cast<DWORD>(data.size());
+    if (RegEnumValueA(key.get(), index, name.data(), &nameLength, nullptr, nullptr, data.data(), &dataLength) !=
+        ERROR_SUCCESS)
+        return std::nullopt;
+    // The data's length counts its closing NUL.
+    const std::string_view text(reinterpret_cast<const char*>(data.data()), dataLength > 0 ? dataLength - 1 : 0);
+    return std::pair(toWide({name.data(), nameLength}), toWide(text));
 }
 
 } // namespace velk::registry

@@ -2,7 +2,10 @@
 
 #include "platform/unique_any.h"
 
+#include <cstdint>
+#include <optional>
 #include <string>
+#include <utility>
 
 namespace velk::registry {
 
@@ -17,5 +20,10 @@ void removeTree(HKEY root, const std::wstring& path);
 // Removes the key if it holds neither values nor keys, then the one above it, and so on up to (not including) the
 // key named as stop. For keys that other programs may share.
 void removeEmptyUpTo(HKEY root, std::wstring path, const std::wstring& stop) noexcept;
+
+// Reading what programs of the ANSI time wrote: through the ANSI functions, at most 2048 characters of name and data.
+// Whether a value can be read; and name and data of a value by its number, nothing when there is none.
+bool hasAnsiValue(HKEY root, const std::wstring& path, const std::wstring& name) noexcept;
+std::optional<std::pair<std::wstring, std::wstring>> ansiValueAt(HKEY root, const std::wstring& path, uint32_t index);
 
 } // namespace velk::registry

@@ -95,6 +95,25 @@ const TreeNode* tree_view::selected() const noexcept
     return found ? &found->node : nullptr;
 }
 
+const TreeNode* tree_view::nodeAt(POINT place) const noexcept
+{
+    TVHITTESTINFO test{};
+    test.pt = place;
+    send(TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&test));
+    constexpr UINT onTheNode = TVHT_ONITEM | TVHT_ONITEMRIGHT | TVHT_ONITEMINDENT | TVHT_ONITEMBUTTON;
+    const Entry* found = test.hItem && (test.flags & onTheNode) ? entryOf(test.hItem) : nullptr;
+    return found ? &found->node : nullptr;
+}
+
+RECT tree_view::placeOfSelected() const noexcept
+{
+    RECT place{};
+    *reinterpret_cast<HTREEITEM*>(&place) = reinterpret_cast<HTREEITEM>(send(TVM_GETNEXTITEM, TVGN_CARET, 0));
+    if (!send(TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&place)))
+        place = {};
+    return place;
+}
+
 std::wstring tree_view::parentOf(const std::wstring& key) const
 {
     const auto parent =

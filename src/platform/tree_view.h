@@ -38,6 +38,9 @@ public:
     void select(const std::wstring& key) const;
     // The selected node, null when there is none. Valid until the tree changes.
     const TreeNode* selected() const noexcept;
+    // The node at a place of the control (pixels), null when there is none; and where the selected node's text stands.
+    const TreeNode* nodeAt(POINT place) const noexcept;
+    RECT placeOfSelected() const noexcept;
     // The key of the node above, empty for a root.
     std::wstring parentOf(const std::wstring& key) const;
 

@@ -1,5 +1,7 @@
 #include "serverview/DetailsList.h"
 
+#include "platform/boundary.h"
+
 #include <algorithm>
 
 namespace velk {
@@ -23,33 +25,41 @@ void DetailsList::setFont(HFONT font)
 
 void DetailsList::showColumns(int32_t folderKind, const std::vector<std::wstring>& headers)
 {
+    keepLooks();
     clear();
-    keepWidths();
+    m_placeBeforeClear = {}; // another folder's rows may come
     m_folderKind = folderKind;
     m_view.setColumns(headers);
-    const auto known = m_widths.find(folderKind);
-    m_areWidthsKnown = known != m_widths.end();
+    const auto known = m_looks.find(folderKind);
+    m_areWidthsKnown = known != m_looks.end();
+    m_order = m_areWidthsKnown ? known->second.order : RowOrder();
+    showOrder();
     if (!m_areWidthsKnown)
         return;
     for (int column = 0; column < m_view.columnCount(); ++column)
-        m_view.setColumnWidth(column, known->second.at(static_cast<size_t>(column)));
+        m_view.setColumnWidth(column, known->second.widths.at(static_cast<size_t>(column)));
 }
 
-void DetailsList::keepWidths()
+void DetailsList::keepLooks()
 {
     if (!m_areWidthsKnown)
         return;
-    std::vector<int>& widths = m_widths[m_folderKind];
-    widths.clear();
+    Looks& looks = m_looks[m_folderKind];
+    looks.order = m_order;
+    looks.widths.clear();
     for (int column = 0; column < m_view.columnCount(); ++column)
-        widths.push_back(m_view.columnWidth(column));
+        looks.widths.push_back(m_view.columnWidth(column));
 }
 
 void DetailsList::add(Row row)
 {
     m_rows.add(std::move(row));
-    if (m_fillings == 0)
-        showRows();
+    if (m_fillings != 0)
+        return;
+    const Place place = placeNow();
+    m_rows.placeLast(m_order);
+    showRows();
+    goTo(place);
 }
 
 void DetailsList::update(const std::wstring& key, const std::function<void(Row&)>& change)
@@ -68,9 +78,70 @@ void DetailsList::remove(const std::wstring& key)
 
 void DetailsList::clear()
 {
+    if (m_rows.size() > 0)
+        m_placeBeforeClear = placeNow();
     m_rows.clear();
     m_view.selectRow(-1);
     m_view.setRowCount(0);
+}
+
+const Row* DetailsList::selected() const noexcept
+{
+    const int row = m_view.selectedRow();
+    return row >= 0 && static_cast<size_t>(row) < m_rows.size() ? &m_rows.at(static_cast<size_t>(row)) : nullptr;
+}
+
+void DetailsList::sortBy(size_t column)
+{
+    m_order = {column, m_order.column == column && !m_order.isDescending};
+    const Place place = placeNow();
+    m_rows.sort(m_order);
+    showOrder();
+    m_view.setRowCount(m_rows.size());
+    goTo({place.selected, place.focused, {}});
+}
+
+void DetailsList::showOrder()
+{
+    for (int column = 0; column < m_view.columnCount(); ++column) {
+        const bool isOrdered = m_order.column == static_cast<size_t>(column);
+        m_view.setSortMark(column, !isOrdered             ? list_view::SortMark::none
+                                   : m_order.isDescending ? list_view::SortMark::down
+                                                          : list_view::SortMark::up);
+    }
+}
+
+DetailsList::Place DetailsList::placeNow() const
+{
+    const auto keyAt = [this](int row) {
+        return row >= 0 && static_cast<size_t>(row) < m_rows.size() ? m_rows.at(static_cast<size_t>(row)).key
+                                                                    : std::wstring();
+    };
+    return {keyAt(m_view.selectedRow()), keyAt(m_view.focusedRow()), keyAt(m_view.topRow())};
+}
+
+void DetailsList::goTo(const Place& place) const
+{
+    const auto rowOf = [this](const std::wstring& key) {
+        const std::optional<size_t> found = m_rows.find(key);
+        return found ? static_cast<int>(*found) : -1;
+    };
+    if (const int top = rowOf(place.top); top >= 0)
+        m_view.scrollToTop(top);
+    m_view.selectRow(rowOf(place.selected));
+    if (const int focused = rowOf(place.focused); focused >= 0)
+        m_view.focusRow(focused);
+}
+
+void DetailsList::endFilling() noexcept
+{
+    swallow(L"DetailsList", L"the rows are there, in another order or place", [this] {
+        if (m_order.column)
+            m_rows.sort(m_order);
+        showRows();
+        const Place place = std::exchange(m_placeBeforeClear, {});
+        goTo(place);
+    });
 }
 
 void DetailsList::showRows()
@@ -124,6 +195,17 @@ LRESULT DetailsList::onCustomDraw(NMLVCUSTOMDRAW& draw) const noexcept
         return CDRF_DODEFAULT;
     SelectObject(draw.nmcd.hdc, m_boldFont.get());
     return CDRF_NEWFONT;
+}
+
+LRESULT DetailsList::onFindItem(const NMLVFINDITEMW& question) const
+{
+    if (!(question.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) || !question.lvfi.psz)
+        return -1;
+    const size_t start = question.iStart > 0 ? static_cast<size_t>(question.iStart) : 0;
+    std::optional<size_t> found = m_rows.findName(question.lvfi.psz, start);
+    if (!found && (question.lvfi.flags & LVFI_WRAP))
+        found = m_rows.findName(question.lvfi.psz, 0);
+    return found ? static_cast<LRESULT>(*found) : -1;
 }
 
 } // namespace velk

@@ -9,8 +9,8 @@
 
 namespace velk {
 
-// The list of a folder's objects: the rows stand in the model, the control shows those that are on screen. Columns
-// keep the width that the user gave them, for each kind of folder, for the life of the list.
+// The list of a folder's objects: the rows stand in the model, the control shows those that are on screen. For each
+// kind of folder, for the life of the list, columns keep the width and the order that the user gave them.
 class DetailsList {
 public:
     explicit DetailsList(HWND parent) : m_view(parent) {}
@@ -26,7 +26,16 @@ public:
     // Changes a row in place and shows the change; nothing when no row has the key.
     void update(const std::wstring& key, const std::function<void(Row&)>& change);
     void remove(const std::wstring& key);
+    // Takes all rows away. If the next filling brings them back (a refresh of the folder), selection, focus and first
+    // visible row are found again by their keys.
     void clear();
+
+    // Orders by a column; by the same column again reverses the order.
+    void sortBy(size_t column);
+    const RowOrder& order() const noexcept { return m_order; }
+
+    // The selected row; null when none is.
+    const Row* selected() const noexcept;
 
     // While one of these lives, added rows are not shown one by one but all together at its end.
     class Filling {
@@ -41,7 +50,7 @@ public:
         ~Filling()
         {
             if (m_list && --m_list->m_fillings == 0)
-                m_list->showRows();
+                m_list->endFilling();
         }
 
     private:
@@ -51,17 +60,37 @@ public:
     // The control's questions, handed on by its parent window.
     void onGetDispInfo(NMLVDISPINFOW& question) const noexcept;
     LRESULT onCustomDraw(NMLVCUSTOMDRAW& draw) const noexcept;
+    // The row whose name begins with what the user typed; -1 for none.
+    LRESULT onFindItem(const NMLVFINDITEMW& question) const;
 
 private:
+    // Where the user was, by the keys of rows.
+    struct Place {
+        std::wstring selected;
+        std::wstring focused;
+        std::wstring top;
+    };
+    Place placeNow() const;
+    void goTo(const Place& place) const;
+    void endFilling() noexcept;
     void showRows();
-    void keepWidths();
+    void showOrder();
+    void keepLooks();
     void fitColumns();
     int widthOfCell(const Row& row, int column) const; // pixels
+
+    // What the user gave a kind of folder.
+    struct Looks {
+        std::vector<int> widths; // pixels
+        RowOrder order;
+    };
 
     list_view m_view;
     RowModel m_rows;
     unique_font m_boldFont;
-    std::map<int32_t, std::vector<int>> m_widths; // pixels, by folder kind
+    std::map<int32_t, Looks> m_looks; // by folder kind
+    RowOrder m_order;
+    Place m_placeBeforeClear;
     int32_t m_folderKind = 0;
     int m_fillings = 0;
     bool m_areWidthsKnown = false;

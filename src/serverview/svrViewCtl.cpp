@@ -4,6 +4,7 @@
 #include "backend/texts.h"
 #include "platform/boundary.h"
 #include "platform/text.h"
+#include "scc/VSSAPI.h"
 #include "serverview/kinds.h"
 #include "serverview/publishedView.h"
 #include "serverview/viewAPIs.h"
@@ -62,6 +63,7 @@ void svrViewCtl::setupGUI()
     m_serverTreeView->setFont(m_font.get());
     m_serverDetailsView->setFont(m_font.get());
     publishedView() = {m_serverTreeView.get(), m_serverDetailsView.get(), ImageList1.get(), m_IMgr};
+    m_menus.setUp(isSourceSafeInstalled(), m_IMgr ? m_IMgr.getIdeType() : ideTypeVisualInterDev);
     fillColumnSets();
 }
 
@@ -124,13 +126,27 @@ LRESULT svrViewCtl::onNotify(const NMHDR& header, LPARAM lParam)
     // Both controls tell things while they are being made.
     if (m_serverTreeView && header.hwndFrom == m_serverTreeView->hwnd())
         return onTreeNotify(header, lParam);
-    if (!m_serverDetailsView || header.hwndFrom != m_serverDetailsView->view().hwnd())
-        return 0;
-    if (header.code == LVN_GETDISPINFOW)
-        m_serverDetailsView->onGetDispInfo(*reinterpret_cast<NMLVDISPINFOW*>(lParam));
-    if (header.code == NM_CUSTOMDRAW)
-        return m_serverDetailsView->onCustomDraw(*reinterpret_cast<NMLVCUSTOMDRAW*>(lParam));
+    if (m_serverDetailsView && header.hwndFrom == m_serverDetailsView->view().hwnd())
+        return onListNotify(header, lParam);
     return 0;
+}
+
+LRESULT svrViewCtl::onListNotify(const NMHDR& header, LPARAM lParam)
+{
+    switch (header.code) {
+    case LVN_GETDISPINFOW:
+        m_serverDetailsView->onGetDispInfo(*reinterpret_cast<NMLVDISPINFOW*>(lParam));
+        return 0;
+    case NM_CUSTOMDRAW:
+        return m_serverDetailsView->onCustomDraw(*reinterpret_cast<NMLVCUSTOMDRAW*>(lParam));
+    case LVN_COLUMNCLICK:
+        m_serverDetailsView->sortBy(static_cast<size_t>(reinterpret_cast<const NMLISTVIEW*>(lParam)->iSubItem));
+        return 0;
+    case LVN_ODFINDITEMW:
+        return m_serverDetailsView->onFindItem(*reinterpret_cast<const NMLVFINDITEMW*>(lParam));
+    default:
+        return 0;
+    }
 }
 
 bool svrViewCtl::translateKey(const MSG& message)
@@ -147,6 +163,8 @@ bool svrViewCtl::translateKey(const MSG& message)
         resizeGUI();
         return true;
     }
+    if (useKey(message.wParam))
+        return true;
     // The keys by which both controls move must reach them also where a host has them as accelerators of its own.
     const bool moves = message.wParam >= VK_PRIOR && message.wParam <= VK_DOWN;
     if (moves) {
@@ -181,6 +199,10 @@ LRESULT svrViewCtl::handle(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_CAPTURECHANGED:
         m_isDragging = false;
         resizeGUI();
+        return 0;
+    case WM_CONTEXTMENU:
+        onContextMenu(reinterpret_cast<HWND>(wParam),
+                      {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))}, lParam == -1);
         return 0;
     case WM_SETFOCUS:
         if (m_serverTreeView)

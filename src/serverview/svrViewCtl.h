@@ -6,6 +6,7 @@
 #include "platform/unique_any.h"
 #include "platform/window.h"
 #include "serverview/DetailsList.h"
+#include "serverview/popupMenus.h"
 #include "serverview/splitter.h"
 
 #include <map>
@@ -40,6 +41,13 @@ public:
     // forced.
     void selectNode(bool force);
 
+    PopupMenus& menus() noexcept { return m_menus; }
+    // What the user's choice of a menu item does.
+    void clickMenuItem(MenuItem item);
+    // Carries out an item's action code on the tree's selected node, or on the list's selected row. A failure is told
+    // in a message box.
+    void doMenuCommand(MenuItem item, bool fromTree) noexcept;
+
 protected:
     LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam) override;
 
@@ -53,6 +61,25 @@ private:
     void forgetNode(const std::wstring& key);
     LRESULT onNotify(const NMHDR& header, LPARAM lParam);
     LRESULT onTreeNotify(const NMHDR& header, LPARAM lParam);
+    LRESULT onListNotify(const NMHDR& header, LPARAM lParam);
+    void onContextMenu(HWND source, POINT place, bool isByKeyboard); // pixels of the screen
+    void serverTreeView_MouseUp(POINT place, bool isByKeyboard);
+    void serverDetailsView_MouseUp(POINT place, bool isByKeyboard);
+    void popUp(PopupMenu menu, POINT place);
+    int32_t selectedKind() const;
+    std::optional<PopupMenu> menuOfSelectedRow();
+    bool useKey(WPARAM key);
+    bool useFirstItem();
+    bool useRemoveOfRow();
+    bool useRemoveOfNode();
+    void projSaveAsMnuItem_Click();
+    void scmPropsMnuItem_Click();
+    void devObjAddFileMnuItem_Click();
+    void devObjChkOutMnuItem_Click();
+    void devObjChkInMnuItem_Click();
+    using FileOperation = void (*)(const std::wstring& path);
+    void onObjectsFile(MenuItem clicked, FileOperation operation);
+    void runCommand(int32_t code, int32_t handle);
     SplitterRules rules() const noexcept;
     int toTwips(int pixels) const noexcept;
     int toPixels(int twips) const noexcept;
@@ -64,6 +91,9 @@ private:
     std::unique_ptr<Control> m_splitPane;
     unique_font m_font;
     IntegrationMgr m_IMgr;
+    PopupMenus m_menus;
+    // Expires with the control: what waits in a menu or a dialog of its own looks at it before it goes on.
+    std::shared_ptr<void> m_life = std::make_shared<int>(0);
     std::map<int32_t, std::vector<std::wstring>> m_columnSets; // header texts by folder kind
     std::wstring m_previousNode;                               // key, empty: none
     int m_treeWidth;                                           // twips

@@ -32,12 +32,16 @@ void setMessagePresenter(MessagePresenter presenter)
 
 int32_t showMessage(const std::wstring& text, uint32_t style, const std::wstring& title)
 {
+    // Escape and the close button of a box that has OK only mean OK, whatever the system's box answers then.
+    const auto meant = [style](int32_t answer) {
+        return answer == 0 || (style & MB_TYPEMASK) == MB_OK ? int32_t{IDOK} : answer;
+    };
     if (presenterSlot())
-        return presenterSlot()(text, style, title);
+        return meant(presenterSlot()(text, style, title));
     // Task modal where there is no owner: the user must not go on working beside a box of an unknown parent.
     const HWND owner = dialogOwner();
     const int answer = MessageBoxW(owner, text.c_str(), title.c_str(), style | (owner ? 0u : MB_TASKMODAL));
-    return answer == 0 ? IDOK : answer;
+    return meant(answer);
 }
 
 } // namespace velk

@@ -147,7 +147,7 @@ TEST_F(svrViewCtlTest, sharedHeaders_areFetchedOnce)
 {
     backend.counts.clear();
     view.setupGUI();
-    EXPECT_EQ(backend.counts["RZGetString"], 15); // 500 to 505 once, 506 to 514 each in one set
+    EXPECT_EQ(backend.counts["RZGetString"], 15 + 25); // 500 to 505 once, 506 to 514 each in one set; menu captions
 }
 
 TEST_F(svrViewCtlTest, destroyedView_isWithdrawn)

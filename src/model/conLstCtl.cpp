@@ -1,0 +1,155 @@
+#include "model/conLstCtl.h"
+
+#include "backend/texts.h"
+#include "platform/never_destroyed.h"
+#include "platform/text.h"
+#include "ui/formFont.h"
+#include "ui/messageBox.h"
+
+namespace velk {
+namespace {
+
+using enum DialogControl;
+using Form = conLstCtl;
+
+// clang-format off
+constexpr DialogRow rows[] = {
+    {Form::descLbl,      label,         L"Specify the following information.", 8,   8, 224,  18},
+    {Form::nameLbl,      label,         L"Command Name",                       8,  32,  84,   9},
+    {Form::nameTxt,      edit,          L"",                                  96,  30, 136,  13},
+    {Form::projLbl,      label,         L"Project",                            8,  50,  84,   9},
+    {Form::projCombo,    dropDownList,  L"",                                  96,  48, 136, 100},
+    {Form::dataEnvLbl,   label,         L"Data environment",                   8,  68,  84,   9},
+    {Form::dataEnvCombo, dropDownList,  L"",                                  96,  66, 136, 100},
+    {Form::conLbl,       label,         L"Connection",                         8,  86,  84,   9},
+    {Form::conCombo,     dropDownList,  L"",                                  96,  84, 136, 100},
+    {Form::okBtn,        defaultButton, L"OK",                               118, 106,  54,  14},
+    {Form::cancelBtn,    button,        L"Cancel",                           178, 106,  54,  14},
+};
+constexpr DialogLayout layout{240, 127, rows};
+
+// What the form says in each of its two cases.
+struct CaseTexts {
+    int32_t caption, description, name;
+};
+constexpr CaseTexts connectionTexts{524, 531, 527};
+constexpr CaseTexts commandTexts   {525, 532, 526};
+constexpr int32_t connectionListText = 530;
+
+struct CaptionRow {
+    int control;
+    int32_t text;
+};
+constexpr CaptionRow sharedCaptions[] = {
+    {Form::projLbl, 528}, {Form::dataEnvLbl, 529}, {Form::cancelBtn, 521}, {Form::okBtn, 520},
+};
+// clang-format on
+
+} // namespace
+
+void conLstCtl::loadForm()
+{
+    load(dialogOwner(), layout, formFont());
+}
+
+void conLstCtl::setTitle(const std::wstring& title)
+{
+    loadForm();
+    setCaption(title);
+}
+
+void conLstCtl::setupGUI(const std::wstring& nameTxtStr, bool isCommand)
+{
+    loadForm();
+    show(conLbl, isCommand);
+    show(conCombo, isCommand);
+    const CaseTexts& texts = isCommand ? commandTexts : connectionTexts;
+    setCaption(getRZString(texts.caption));
+    setText(descLbl, getRZString(texts.description));
+    setText(nameLbl, getRZString(texts.name));
+    if (isCommand)
+        setText(conLbl, getRZString(connectionListText));
+    setText(nameTxt, nameTxtStr);
+    for (const CaptionRow& row : sharedCaptions)
+        setText(row.control, getRZString(row.text));
+    fillProjects();
+}
+
+void conLstCtl::fill(int combo, const std::vector<std::wstring>& texts) const
+{
+    fillList(combo, texts);
+    if (!texts.empty())
+        selectInList(combo, 0);
+}
+
+// Selecting the first entry does what the user's selection does: it fills the list below.
+void conLstCtl::fillProjects()
+{
+    fill(projCombo, m_IMgr.getProjList());
+    projCombo_Click();
+}
+
+void conLstCtl::fillDataEnvironments()
+{
+    const std::wstring project = selectedInList(projCombo);
+    fill(dataEnvCombo, project.empty() ? std::vector<std::wstring>() : m_IMgr.getDataEnvList(project));
+    dataEnvCombo_Click();
+}
+
+void conLstCtl::fillConnections()
+{
+    const std::wstring project = selectedInList(projCombo);
+    const std::wstring environment = selectedInList(dataEnvCombo);
+    const bool isAsked = !project.empty() && !environment.empty();
+    fill(conCombo, isAsked ? m_IMgr.getConnectionList(environment, project) : std::vector<std::wstring>());
+}
+
+void conLstCtl::okBtn_Click()
+{
+    m_decision = true;
+    m_selectedName = text(nameTxt);
+    m_selectedProj = selectedInList(projCombo);
+    m_selectedDataEnv = selectedInList(dataEnvCombo);
+    m_selectedCon = isVisible(conCombo) ? selectedInList(conCombo) : std::wstring();
+    hide();
+}
+
+void conLstCtl::cancelBtn_Click()
+{
+    m_decision = false;
+    hide();
+}
+
+std::wstring conLstCtl::userDecision() const
+{
+    return booleanText(m_decision);
+}
+
+void conLstCtl::terminate() noexcept
+{
+    unload();
+    m_IMgr = {};
+    m_decision = false;
+    for (std::wstring* result : {&m_selectedName, &m_selectedProj, &m_selectedDataEnv, &m_selectedCon})
+        *result = std::wstring();
+}
+
+void conLstCtl::onCommand(int id, int notification)
+{
+    if (id == okBtn)
+        okBtn_Click();
+    else if (id == cancelBtn)
+        cancelBtn_Click();
+    else if (id == projCombo && notification == CBN_SELCHANGE)
+        projCombo_Click();
+    else if (id == dataEnvCombo && notification == CBN_SELCHANGE)
+        dataEnvCombo_Click();
+}
+
+conLstCtl& connectionDialog()
+{
+    static never_destroyed<conLstCtl> only;
+    return only.get();
+}
+
+} // namespace velk

@@ -1,0 +1,147 @@
+#include "scc/VSSAPI.h"
+
+#include "backend/texts.h"
+#include "platform/automation.h"
+#include "platform/boundary.h"
+#include "platform/never_destroyed.h"
+#include "ui/messageBox.h"
+
+namespace velk {
+namespace {
+
+constexpr wchar_t progId[] = L"SourceSafe";
+constexpr wchar_t rootSpec[] = L"$/";
+constexpr wchar_t iniFile[] = L"\\srcsafe.ini";
+constexpr wchar_t whyQuiet[] = L"SourceSafe's failures end their operation only";
+constexpr int32_t cannotHandleText = 675;
+constexpr int32_t logInFirstText = 682;
+
+// The one open database and the project that was chosen in it. Empty until a login, and again after closeSourceSafe.
+struct SourceSafeState {
+    com_ptr<IDispatch> database;
+    com_ptr<IDispatch> project;
+};
+
+SourceSafeState& state()
+{
+    static never_destroyed<SourceSafeState> only;
+    return only.get();
+}
+
+// Items that were deleted in SourceSafe are never asked for.
+com_ptr<IDispatch> item(const std::wstring& spec)
+{
+    return automation::getObject(state().database, L"VSSItem", {variant(std::wstring_view(spec)), variant(false)});
+}
+
+std::wstring currentProjectSpec()
+{
+    return rootSpec + automation::get(state().project, L"Name").asText();
+}
+
+std::wstring folderOf(const std::wstring& databaseName, const DatabaseTable& table)
+{
+    for (const SourceSafeDatabase& row : table)
+        if (row.name == databaseName)
+            return row.folder;
+    return {};
+}
+
+// A file operation that needs an open database; says so where there is none.
+template <class Operation>
+void onFile(const wchar_t* where, const std::wstring& path, Operation operation)
+{
+    if (!state().database) {
+        std::wstring parameter = path;
+        showMessage(getRZStringP1(cannotHandleText, parameter) + L"\r\n" + getRZString(logInFirstText));
+        return;
+    }
+    swallow(where, whyQuiet, [&] { operation(); });
+}
+
+} // namespace
+
+bool openSourceSafeDatabase(const std::wstring& userName, const std::wstring& password,
+                            const std::wstring& databaseName, const DatabaseTable& table)
+{
+    closeSourceSafe();
+    try {
+        const com_ptr<IDispatch> database = automation::createObject(progId);
+        const std::wstring ini = folderOf(databaseName, table) + iniFile;
+        automation::call(database, L"Open",
+                         {variant(std::wstring_view(ini)), variant(std::wstring_view(userName)),
+                          variant(std::wstring_view(password))});
+        state().database = database;
+        return true;
+    } catch (const Error& error) {
+        reportFailure(L"openSourceSafeDatabase", L"the user is told and may try again", error);
+        showMessage(error.description());
+        return false;
+    }
+}
+
+bool isSourceSafeDatabaseOpen() noexcept
+{
+    return static_cast<bool>(state().database);
+}
+
+bool getSourceSafeProjects(std::vector<std::wstring>& projects)
+{
+    swallow(L"getSourceSafeProjects", whyQuiet, [&] {
+        const com_ptr<IDispatch> children = automation::getObject(item(rootSpec), L"Items", {variant(false)});
+        const int32_t count = automation::get(children, L"Count").asLong();
+        for (int32_t number = 1; number <= count; ++number)
+            projects.push_back(
+                automation::get(automation::getObject(children, L"Item", {variant(number)}), L"Name").asText());
+    });
+    return !projects.empty();
+}
+
+void setCurrentProject(const std::wstring& name)
+{
+    swallow(L"setCurrentProject", whyQuiet, [&] { state().project = item(rootSpec + name); });
+}
+
+void createSourceSafeProject(const std::wstring& name)
+{
+    // A project that exists already makes this fail; it becomes current all the same.
+    swallow(L"createSourceSafeProject", whyQuiet, [&] {
+        automation::call(item(rootSpec), L"NewSubproject", {variant(std::wstring_view(name)), variant(L"")});
+    });
+    setCurrentProject(name);
+}
+
+void addFileToSourceSafe(const std::wstring& path)
+{
+    onFile(L"addFileToSourceSafe", path,
+           [&] { automation::call(item(currentProjectSpec()), L"Add", {variant(std::wstring_view(path))}); });
+}
+
+void checkOutFile(const std::wstring& path)
+{
+    onFile(L"checkOutFile", path, [&] {
+        automation::call(item(currentProjectSpec() + L"/" + fileNameOf(path)), L"Checkout",
+                         {variant(L""), variant(std::wstring_view(path))});
+    });
+}
+
+void checkInFile(const std::wstring& path)
+{
+    onFile(L"checkInFile", path, [&] {
+        automation::call(item(currentProjectSpec() + L"/" + fileNameOf(path)), L"Checkin",
+                         {variant(L""), variant(std::wstring_view(path))});
+    });
+}
+
+std::wstring fileNameOf(const std::wstring& path)
+{
+    return path.substr(path.rfind(L'\\') + 1);
+}
+
+void closeSourceSafe() noexcept
+{
+    state().project.reset();
+    state().database.reset();
+}
+
+} // namespace velk

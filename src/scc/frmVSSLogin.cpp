@@ -1,0 +1,116 @@
+#include "scc/frmVSSLogin.h"
+
+#include "backend/texts.h"
+#include "ui/formFont.h"
+#include "ui/messageBox.h"
+
+namespace velk {
+namespace {
+
+using enum DialogControl;
+using Form = frmVSSLogin;
+
+// clang-format off
+constexpr DialogRow rows[] = {
+    {Form::Frame1,        group,         L"Login Information",   6,   4, 236,  84},
+    {Form::userNameLbl,   label,         L"&User Name",         14,  20,  72,   9},
+    {Form::txtUserName,   edit,          L"",                   90,  18, 144,  13},
+    {Form::passwordLbl,   label,         L"&Password",          14,  37,  72,   9},
+    {Form::txtPassword,   password,      L"",                   90,  35, 144,  13},
+    {Form::DBLbl,         label,         L"&Database",          14,  54,  72,   9},
+    {Form::DBCombo,       dropDown,      L"",                   90,  52, 144, 100},
+    {Form::loginBtn,      button,        L"&Login",            180,  69,  54,  14},
+    {Form::projNameLbl,   label,         L"Project Name",       14,  97,  72,   9},
+    {Form::projNameCombo, dropDown,      L"",                   90,  95, 144, 100},
+    {Form::cmdOK,         defaultButton, L"OK",                128, 116,  54,  14},
+    {Form::cmdCancel,     button,        L"Cancel",            188, 116,  54,  14},
+};
+constexpr DialogLayout layout{248, 136, rows};
+
+struct CaptionRow {
+    int control;
+    int32_t text;
+};
+constexpr CaptionRow captions[] = {
+    {Form::userNameLbl, 515}, {Form::passwordLbl, 516}, {Form::DBLbl, 517}, {Form::loginBtn, 518},
+    {Form::projNameLbl, 519}, {Form::cmdOK, 520}, {Form::cmdCancel, 521}, {Form::Frame1, 522},
+};
+// clang-format on
+constexpr int32_t captionText = 523;
+constexpr int32_t noDatabaseText = 681;
+
+} // namespace
+
+void frmVSSLogin::Form_Load()
+{
+    load(dialogOwner(), layout, formFont());
+    setCaption(getRZString(captionText));
+    for (const CaptionRow& row : captions)
+        setText(row.control, getRZString(row.text));
+    for (const Control control : {loginBtn, cmdOK, projNameCombo})
+        enable(control, false);
+    m_fillResult = fillDatabaseList();
+}
+
+std::wstring frmVSSLogin::fillDatabaseList()
+{
+    getSourceSafeDatabases(m_table);
+    std::vector<std::wstring> names;
+    for (const SourceSafeDatabase& row : m_table)
+        names.push_back(row.name);
+    fillList(DBCombo, names);
+    if (listCount(DBCombo) == 0)
+        return getRZString(noDatabaseText);
+    selectInList(DBCombo, 0);
+    return {};
+}
+
+void frmVSSLogin::updateLoginButton()
+{
+    const bool canLogIn = !text(txtUserName).empty() && !text(DBCombo).empty();
+    enable(loginBtn, canLogIn);
+    // What was logged in to is no longer what the fields say.
+    if (canLogIn)
+        enable(cmdOK, false);
+}
+
+void frmVSSLogin::loginBtn_Click()
+{
+    if (!openSourceSafeDatabase(text(txtUserName), text(txtPassword), text(DBCombo), m_table) || !isLoaded())
+        return;
+    std::vector<std::wstring> projects;
+    getSourceSafeProjects(projects);
+    fillList(projNameCombo, projects);
+    if (!projects.empty())
+        selectInList(projNameCombo, 0);
+    enable(projNameCombo, true);
+    enable(cmdOK, true);
+}
+
+void frmVSSLogin::cmdOK_Click()
+{
+    m_successfulLogin = true;
+    createSourceSafeProject(text(projNameCombo));
+    hide();
+}
+
+void frmVSSLogin::cmdCancel_Click()
+{
+    hide();
+}
+
+void frmVSSLogin::onCommand(int id, int notification)
+{
+    const bool isTyped = (id == txtUserName || id == txtPassword) && notification == EN_CHANGE;
+    const bool isChosen = id == DBCombo && (notification == CBN_EDITCHANGE || notification == CBN_SELCHANGE);
+    if (id == cmdCancel)
+        cmdCancel_Click();
+    else if (id == cmdOK && IsWindowEnabled(item(cmdOK)))
+        cmdOK_Click();
+    else if (id == loginBtn)
+        loginBtn_Click();
+    else if (isTyped || isChosen)
+        updateLoginButton();
+}
+
+} // namespace velk

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "model/IntegrationMgr.h"
+
+#include <string>
+
+namespace velk {
+
+// Where a new data-environment object goes, and its name.
+struct DataEnvTarget {
+    std::wstring name; // in: what is offered
+    std::wstring projName;
+    std::wstring dataenvName;
+    std::wstring conName; // for a command only
+};
+
+// Asks the user by the connection dialog; true after OK, with the user's choices. The dialog is unloaded in every case.
+bool askDataEnvTarget(const IntegrationMgr& manager, bool forCommand, DataEnvTarget& target);
+
+} // namespace velk

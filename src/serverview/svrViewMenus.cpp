@@ -1,0 +1,140 @@
+// When the server view's context menus open, and which keys stand for their items.
+
+#include "platform/text.h"
+#include "serverview/kinds.h"
+#include "serverview/svrViewCtl.h"
+
+namespace velk {
+namespace {
+
+using enum MenuItem;
+
+constexpr size_t languageColumn = 4; // of procedures and functions alike
+constexpr int32_t kindConnection = 6;
+constexpr int32_t nothingSelected = -1;
+
+POINT onScreen(HWND window, POINT place)
+{
+    ClientToScreen(window, &place);
+    return place;
+}
+
+POINT inWindow(HWND window, POINT place)
+{
+    ScreenToClient(window, &place);
+    return place;
+}
+
+std::wstring cellOf(const Row& row, size_t column)
+{
+    return column < row.cells.size() ? row.cells[column] : std::wstring();
+}
+
+} // namespace
+
+int32_t svrViewCtl::selectedKind() const
+{
+    const TreeNode* node = m_serverTreeView->selected();
+    return node ? roundToLong(leadingNumber(node->tag)) : nothingSelected;
+}
+
+void svrViewCtl::onContextMenu(HWND source, POINT place, bool isByKeyboard)
+{
+    if (source == m_serverTreeView->hwnd())
+        serverTreeView_MouseUp(place, isByKeyboard);
+    else if (source == m_serverDetailsView->view().hwnd())
+        serverDetailsView_MouseUp(place, isByKeyboard);
+}
+
+void svrViewCtl::serverTreeView_MouseUp(POINT place, bool isByKeyboard)
+{
+    const HWND window = m_serverTreeView->hwnd();
+    const TreeNode* hit =
+        isByKeyboard ? m_serverTreeView->selected() : m_serverTreeView->nodeAt(inWindow(window, place));
+    if (!hit)
+        return;
+    m_serverTreeView->select(std::wstring(hit->key));
+    selectNode(false);
+    if (isByKeyboard) {
+        const RECT text = m_serverTreeView->placeOfSelected();
+        place = onScreen(window, {text.left, text.bottom});
+    }
+    popUp(PopupMenus::menuOfNode(selectedKind()), place);
+}
+
+void svrViewCtl::serverDetailsView_MouseUp(POINT place, bool isByKeyboard)
+{
+    list_view& list = m_serverDetailsView->view();
+    const int row = isByKeyboard ? list.focusedRow() : list.rowAt(inWindow(list.hwnd(), place));
+    if (!m_serverTreeView->selected() || row < 0)
+        return;
+    list.selectRow(row);
+    if (isByKeyboard) {
+        const RECT text = list.placeOf(row);
+        place = onScreen(list.hwnd(), {text.left, text.bottom});
+    }
+    if (const std::optional<PopupMenu> menu = menuOfSelectedRow())
+        popUp(*menu, place);
+}
+
+std::optional<PopupMenu> svrViewCtl::menuOfSelectedRow()
+{
+    const Row* row = m_serverDetailsView->selected();
+    if (!row)
+        return std::nullopt;
+    return m_menus.menuOfRow(selectedKind(), cellOf(*row, languageColumn), row->tag);
+}
+
+void svrViewCtl::popUp(PopupMenu menu, POINT place)
+{
+    // The tool goes on while the menu is open: the view may be gone when the user has chosen.
+    const std::weak_ptr<void> life = m_life;
+    const std::optional<MenuItem> chosen = m_menus.show(menu, hwnd(), place);
+    if (chosen && !life.expired())
+        clickMenuItem(*chosen);
+}
+
+bool svrViewCtl::useKey(WPARAM key)
+{
+    const bool isInList = m_serverDetailsView->view().hasFocus();
+    switch (key) {
+    case VK_F5:
+        if (!folderKindRow(selectedKind()))
+            return false;
+        clickMenuItem(devObjFolderRefreshMnuItem);
+        return true;
+    case VK_RETURN:
+        return isInList && useFirstItem();
+    case VK_DELETE:
+        return isInList ? useRemoveOfRow() : useRemoveOfNode();
+    default:
+        return false;
+    }
+}
+
+bool svrViewCtl::useFirstItem()
+{
+    const std::optional<PopupMenu> menu = menuOfSelectedRow();
+    const std::optional<MenuItem> first = menu ? m_menus.firstEnabled(*menu) : std::nullopt;
+    if (first)
+        clickMenuItem(*first);
+    return first.has_value();
+}
+
+bool svrViewCtl::useRemoveOfRow()
+{
+    const bool isRemovable = menuOfSelectedRow() == PopupMenu::devObjMnu && m_menus[devObjRmMnuItem].enabled;
+    if (isRemovable)
+        clickMenuItem(devObjRmMnuItem);
+    return isRemovable;
+}
+
+bool svrViewCtl::useRemoveOfNode()
+{
+    const bool isRemovable = selectedKind() == kindConnection;
+    if (isRemovable)
+        clickMenuItem(conRemoveMnuItem);
+    return isRemovable;
+}
+
+} // namespace velk

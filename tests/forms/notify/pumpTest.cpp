@@ -1,6 +1,6 @@
 #include "notify/notificationThreadFrm.h"
-#include "platform/com_object.h"
 #include "support/fakeBackend.h"
+#include "support/fakeManager.h"
 #include "ui/messageBox.h"
 #include "ui/splashscrnFrm.h"
 
@@ -9,58 +9,20 @@
 namespace velk {
 namespace {
 
-using Lines = std::vector<std::wstring>;
-
-// A manager that writes down what it is asked for.
-class FakeManager : public ComObject<FakeManager, dual<_IntegrationMgr>> {
-public:
-    explicit FakeManager(Lines& journal) : m_journal(journal) {}
-    HRESULT failWith = S_OK;
-    long ideType = 3;
-
-    STDMETHODIMP showDevView() noexcept override { return note(L"showDevView"); }
-    STDMETHODIMP setRZFileName(BSTR*) noexcept override { return note(L"setRZFileName"); }
-    STDMETHODIMP getRZFileName(BSTR* name) noexcept override
-    {
-        *name = SysAllocString(L"C:\\work\\rz\\orders.rzv");
-        return note(L"getRZFileName");
-    }
-    STDMETHODIMP openRZProject() noexcept override { return note(L"openRZProject"); }
-    STDMETHODIMP getProjList(SAFEARRAY**) noexcept override { return note(L"getProjList"); }
-    STDMETHODIMP getDataEnvList(SAFEARRAY**, BSTR*) noexcept override { return note(L"getDataEnvList"); }
-    STDMETHODIMP getConnectionList(SAFEARRAY**, BSTR*, BSTR*) noexcept override { return note(L"getConnectionList"); }
-    STDMETHODIMP get_getModel(_ModelUtil** model) noexcept override
-    {
-        *model = nullptr;
-        return note(L"getModel");
-    }
-    STDMETHODIMP get_getIdeType(long* type) noexcept override
-    {
-        *type = ideType;
-        return S_OK;
-    }
-    STDMETHODIMP minimizeVSAppWin() noexcept override { return note(L"minimizeVSAppWin"); }
-    STDMETHODIMP restoreVSAppWinState() noexcept override { return note(L"restoreVSAppWinState"); }
-
-private:
-    HRESULT note(const wchar_t* what) noexcept
-    {
-        m_journal.push_back(what);
-        return failWith;
-    }
-    Lines& m_journal;
-};
+using test::FakeManager;
+using test::Lines;
 
 class PumpTest : public testing::Test {
 protected:
     PumpTest()
     {
         backend.texts = {{646, L"Opening"}, {647, L"Done"}, {657, L"Add failed"}, {658, L"Remove failed"}};
-        setMessagePresenter([this](const std::wstring& text, uint32_t, const std::wstring& title) {
+        setMessagePresenter([this](const std::wstring& text, uint32_t style, const std::wstring& title) {
             messages.push_back(text + L"|" + title);
+            styles.push_back(style);
             if (duringMessage)
                 duringMessage();
-            return IDOK;
+            return answer;
         });
         pump->setIMMgr(IntegrationMgr(com_ptr<_IntegrationMgr>(manager.get())));
     }
@@ -74,6 +36,8 @@ protected:
 
     test::FakeBackend backend;
     Lines messages;
+    std::vector<uint32_t> styles;
+    int32_t answer = IDOK;
     Lines journal;
     std::function<void()> duringMessage;
     com_ptr<FakeManager> manager = makeObject<FakeManager>(journal);
@@ -225,6 +189,168 @@ TEST_F(PumpTest, timer_ticksByItself)
         DispatchMessageW(&message);
     EXPECT_EQ(journal, Lines{L"minimizeVSAppWin"});
 }
+
+TEST_F(PumpTest, prompt_isShownAndItsAnswerGoesToTheTool)
+{
+    answer = IDCANCEL;
+    backend.prompt(L"Drop it?", 1, L"IDE_QUESTION#672#Drop");
+    backend.calls.clear();
+    pump->timerThread_Timer();
+    EXPECT_EQ(messages, Lines{L"Drop it?|Drop"});
+    EXPECT_EQ(styles, std::vector<uint32_t>{MB_YESNOCANCEL | MB_ICONQUESTION});
+    EXPECT_EQ(backend.calls.back(), "RZButtonDoAction(\"User response\", 2)");
+}
+
+TEST_F(PumpTest, okOnlyPromptClosedByEscape_answersOne)
+{
+    answer = IDCANCEL; // what some systems answer for Escape
+    backend.prompt(L"Done.", 1, L"IDE_WARNING");
+    pump->timerThread_Timer();
+    EXPECT_EQ(backend.calls.back(), "RZButtonDoAction(\"User response\", 1)");
+    EXPECT_EQ(messages, Lines{L"Done.|"});
+}
+
+TEST_F(PumpTest, promptWithTooManyFields_showsNothingAndAnswersNothing)
+{
+    backend.prompt(L"?", 1, L"a#b#c#d#e#f");
+    backend.calls.clear();
+    pump->timerThread_Timer();
+    EXPECT_EQ(messages, Lines{});
+    EXPECT_EQ(backend.calls.size(), 1u); // the text was fetched, and that is all
+}
+
+TEST_F(PumpTest, unknownTextWithoutButtonsOrOfTypeTwo_doesNothing)
+{
+    backend.prompt(L"RZ_ELEPHANT", 1);
+    backend.prompt(L"RZ_TASK_COMPLETE", 2);
+    pump->timerThread_Timer();
+    EXPECT_EQ(messages, Lines{});
+    EXPECT_EQ(journal, Lines{});
+}
+
+TEST_F(PumpTest, unloadWhileAPromptIsOpen_sendsNoAnswer)
+{
+    backend.prompt(L"Drop it?", 1, L"IDE_QUESTION#67");
+    backend.prompt(L"never shown", 3);
+    duringMessage = [this] {
+        pump->unload();
+        backend.calls.clear();
+    };
+    pump->timerThread_Timer();
+    EXPECT_EQ(backend.calls, std::vector<std::string>{});
+    EXPECT_EQ(messages.size(), 1u);
+}
+
+TEST_F(PumpTest, tickInsideAPrompt_handlesWhatCameMeanwhile)
+{
+    backend.prompt(L"Drop it?", 1, L"IDE_QUESTION#67");
+    duringMessage = [this] {
+        duringMessage = nullptr;
+        backend.prompt(L"meanwhile", 3);
+        pump->timerThread_Timer();
+    };
+    pump->timerThread_Timer();
+    EXPECT_EQ(messages, (Lines{L"Drop it?|", L"meanwhile|velkviadd"}));
+    EXPECT_EQ(backend.calls.back(), "RZButtonDoAction(\"User response\", 1)");
+}
+
+TEST_F(PumpTest, tenThousandNotificationsAtOnce_areAllHandled)
+{
+    for (int number = 0; number < 10000; ++number)
+        backend.prompt(L"RZ_TASK_COMPLETE", 1);
+    pump->timerThread_Timer();
+    EXPECT_EQ(journal.size(), 10000u);
+}
+
+TEST_F(PumpTest, sqlText_reachesTheModelWithItsRange)
+{
+    backend.sqlTexts[70] = {.strVSProject = L"P",
+                            .strVSFile = L"a.sql",
+                            .lSelFromLine = 1,
+                            .lSelFromColumn = 2,
+                            .lSelToLine = 3,
+                            .lSelToColumn = 4,
+                            .strText = L"select 1"};
+    backend.notify(3, 1, 2, 8, 70);
+    pump->timerThread_Timer();
+    EXPECT_EQ(journal.back(), L"insertSQLCode(select 1, 1, 2, 3, 4, , a.sql)"); // the project has no room in the record
+}
+
+TEST_F(PumpTest, adoText_reachesTheModel)
+{
+    backend.adoTexts[71] = {.strVSProject = L"P", .strVSFile = L"a.asp", .strText = L"Set c = Nothing"};
+    backend.notify(4, 1, 2, 8, 71);
+    pump->timerThread_Timer();
+    EXPECT_EQ(journal.back(), L"insertClientCode(Set c = Nothing, P, a.asp)");
+}
+
+TEST_F(PumpTest, dataEnvironmentConnection_reachesTheModel)
+{
+    backend.connectionDEs[72] = {
+        .strVSProject = L"P", .strDEName = L"DE1", .strDEConnection = L"C1", .strConnectionString = L"DSN=x"};
+    backend.notify(9, 1, 2, 6, 72);
+    pump->timerThread_Timer();
+    EXPECT_EQ(journal.back(), L"addADOConnection(DSN=x, C1, DE1, P)");
+}
+
+TEST_F(PumpTest, dataEnvironmentCommand_reachesTheModelWithItsAdoType)
+{
+    backend.commandDEs[73] = {.strVSProject = L"P",
+                              .strDEName = L"DE1",
+                              .strDEConnection = L"C1",
+                              .strDECommand = L"K",
+                              .strCommandText = L"p",
+                              .lCommandType = 1,
+                              .bHasParemeters = true};
+    backend.notify(10, 1, 2, 8, 73);
+    pump->timerThread_Timer();
+    EXPECT_EQ(journal.back(), L"AddADOCommand(4, p, K, C1, DE1, P)");
+}
+
+TEST_F(PumpTest, commandTypeNine_isAddedWithAdoTypeZero)
+{
+    backend.commandDEs[73] = {.strVSProject = L"P",
+                              .strDEName = L"DE1",
+                              .strDEConnection = L"C1",
+                              .strDECommand = L"K",
+                              .strCommandText = L"p",
+                              .lCommandType = 9,
+                              .bHasParemeters = false};
+    backend.notify(10, 1, 2, 8, 73);
+    pump->timerThread_Timer();
+    EXPECT_EQ(journal.back(), L"AddADOCommand(0, p, K, C1, DE1, P)");
+}
+
+struct PayloadFailure {
+    int32_t type;
+    int32_t text;
+};
+class PayloadFailureTest : public PumpTest, public testing::WithParamInterface<PayloadFailure> {};
+
+TEST_P(PayloadFailureTest, payloadThatCannotBeFetched_isToldByItsText)
+{
+    backend.texts[GetParam().text] = L"failed";
+    backend.notify(GetParam().type, 1, 2, 8, 99);
+    pump->timerThread_Timer();
+    EXPECT_EQ(messages, Lines{L"failed|velkviadd"});
+}
+
+TEST_P(PayloadFailureTest, modelThatFails_isToldByItsText)
+{
+    backend.texts[GetParam().text] = L"failed";
+    backend.sqlTexts[99] = {};
+    backend.adoTexts[99] = {};
+    backend.connectionDEs[99] = {};
+    backend.commandDEs[99] = {};
+    manager->model->failWith = E_FAIL;
+    backend.notify(GetParam().type, 1, 2, 8, 99);
+    pump->timerThread_Timer();
+    EXPECT_EQ(messages, Lines{L"failed|velkviadd"});
+}
+
+INSTANTIATE_TEST_SUITE_P(Payloads, PayloadFailureTest,
+                         testing::Values(PayloadFailure{3, 659}, PayloadFailure{4, 660}, PayloadFailure{9, 655},
+                                         PayloadFailure{10, 656}));
 
 } // namespace
 } // namespace velk

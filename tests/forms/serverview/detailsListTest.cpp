@@ -1,0 +1,167 @@
+#include "viewFixture.h"
+
+namespace velk {
+namespace {
+
+using testing::ElementsAre;
+
+class DetailsListTest : public test::ViewFixture {
+protected:
+    DetailsListTest()
+    {
+        addProject();
+        tree().select(L"K24");
+        addViews({L"delta", L"Alpha", L"charlie", L"bravo"});
+    }
+    void addViews(const std::vector<std::wstring>& names)
+    {
+        const ListFilling together;
+        int32_t handle = 300;
+        for (const std::wstring& name : names)
+            addViewRow(
+                {.lHdl = handle++, .strSchema = std::to_wstring(110 - handle), .strName = name, .strComment = L""});
+    }
+    std::vector<std::wstring> names()
+    {
+        std::vector<std::wstring> shown;
+        for (int row = 0; row < shownRows(); ++row)
+            shown.push_back(cell(row, 0));
+        return shown;
+    }
+    void clickHeader(int column)
+    {
+        NMLISTVIEW notification{};
+        notification.hdr.hwndFrom = list().view().hwnd();
+        notification.hdr.code = LVN_COLUMNCLICK;
+        notification.iSubItem = column;
+        SendMessageW(view.hwnd(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notification));
+    }
+    void refresh(const std::vector<std::wstring>& wanted)
+    {
+        clearListRows();
+        addViews(wanted);
+    }
+    LRESULT find(const wchar_t* text, int from)
+    {
+        NMLVFINDITEMW question{};
+        question.hdr.hwndFrom = list().view().hwnd();
+        question.hdr.code = LVN_ODFINDITEMW;
+        question.iStart = from;
+        question.lvfi.flags = LVFI_STRING | LVFI_PARTIAL | LVFI_WRAP;
+        question.lvfi.psz = text;
+        return SendMessageW(view.hwnd(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&question));
+    }
+};
+
+TEST_F(DetailsListTest, unordered_isTheBackendsOrder)
+{
+    EXPECT_THAT(names(), ElementsAre(L"delta", L"Alpha", L"charlie", L"bravo"));
+    EXPECT_EQ(list().view().sortMark(0), list_view::SortMark::none);
+}
+
+TEST_F(DetailsListTest, headerClick_ordersAndAgainReverses)
+{
+    clickHeader(0);
+    EXPECT_THAT(names(), ElementsAre(L"Alpha", L"bravo", L"charlie", L"delta"));
+    EXPECT_EQ(list().view().sortMark(0), list_view::SortMark::up);
+    clickHeader(0);
+    EXPECT_THAT(names(), ElementsAre(L"delta", L"charlie", L"bravo", L"Alpha"));
+    EXPECT_EQ(list().view().sortMark(0), list_view::SortMark::down);
+}
+
+TEST_F(DetailsListTest, numbers_areOrderedAsNumbers)
+{
+    clickHeader(1); // -191 to -194
+    EXPECT_THAT(names(), ElementsAre(L"bravo", L"charlie", L"Alpha", L"delta"));
+    EXPECT_EQ(list().view().sortMark(0), list_view::SortMark::none);
+    EXPECT_EQ(list().view().sortMark(1), list_view::SortMark::up);
+}
+
+TEST_F(DetailsListTest, order_isKeptOverARefreshAndTheArrowTellsTheTruth)
+{
+    clickHeader(0);
+    refresh({L"zulu", L"echo", L"Alpha"});
+    EXPECT_THAT(names(), ElementsAre(L"Alpha", L"echo", L"zulu"));
+    EXPECT_EQ(list().view().sortMark(0), list_view::SortMark::up);
+}
+
+TEST_F(DetailsListTest, order_belongsToTheKindOfFolder)
+{
+    clickHeader(0);
+    tree().select(L"K23");
+    EXPECT_EQ(list().view().sortMark(0), list_view::SortMark::none);
+    tree().select(L"K24");
+    EXPECT_EQ(list().view().sortMark(0), list_view::SortMark::up);
+}
+
+TEST_F(DetailsListTest, addedRow_goesWhereTheOrderWantsIt)
+{
+    clickHeader(0);
+    addViewRow({.lHdl = 400, .strSchema = L"s", .strName = L"beta", .strComment = L""});
+    EXPECT_THAT(names(), ElementsAre(L"Alpha", L"beta", L"bravo", L"charlie", L"delta"));
+    removeListRow(L"16", L"K400");
+    EXPECT_THAT(names(), ElementsAre(L"Alpha", L"bravo", L"charlie", L"delta"));
+}
+
+TEST_F(DetailsListTest, ordering_keepsTheSelectedRow)
+{
+    list().view().selectRow(0); // delta
+    clickHeader(0);
+    ASSERT_NE(list().selected(), nullptr);
+    EXPECT_EQ(list().selected()->cells[0], L"delta");
+    EXPECT_EQ(list().view().selectedRow(), 3);
+}
+
+TEST_F(DetailsListTest, refreshOfTheFolder_keepsSelectionAndFocus)
+{
+    list().view().selectRow(2); // charlie, K302
+    refresh({L"delta", L"Alpha", L"charlie"});
+    ASSERT_NE(list().selected(), nullptr);
+    EXPECT_EQ(list().selected()->key, L"K302");
+    EXPECT_EQ(list().view().focusedRow(), 2);
+}
+
+TEST_F(DetailsListTest, refreshWithoutTheSelectedRow_selectsNothing)
+{
+    list().view().selectRow(3); // K303
+    refresh({L"delta", L"Alpha"});
+    EXPECT_EQ(list().selected(), nullptr);
+}
+
+TEST_F(DetailsListTest, refreshOfALongList_keepsTheFirstVisibleRow)
+{
+    std::vector<std::wstring> many;
+    for (int number = 0; number < 500; ++number)
+        many.push_back(L"view" + std::to_wstring(number));
+    refresh(many);
+    list().view().scrollToTop(200);
+    EXPECT_EQ(list().view().topRow(), 200);
+    refresh(many);
+    EXPECT_EQ(list().view().topRow(), 200);
+}
+
+TEST_F(DetailsListTest, removedRow_keepsTheSelectionOfAnother)
+{
+    list().view().selectRow(2);
+    removeListRow(L"16", L"K300");
+    EXPECT_EQ(list().selected()->key, L"K302");
+    EXPECT_EQ(list().view().selectedRow(), 1);
+}
+
+TEST_F(DetailsListTest, typing_findsTheNextNameWithoutRegardToCaseAndWraps)
+{
+    EXPECT_EQ(find(L"CH", 0), 2);
+    EXPECT_EQ(find(L"al", 2), 1);
+    EXPECT_EQ(find(L"x", 0), -1);
+}
+
+TEST_F(DetailsListTest, otherFoldersRows_areNotTakenForARefresh)
+{
+    list().view().selectRow(0);
+    tree().select(L"K23");
+    addTableRow({.lHdl = 300, .strName = L"n"});
+    EXPECT_EQ(list().selected(), nullptr);
+}
+
+} // namespace
+} // namespace velk

@@ -1,0 +1,195 @@
+#include "scc/VSSAPI.h"
+#include "support/failureLog.h"
+#include "support/fakeBackend.h"
+#include "support/fakeSourceSafe.h"
+#include "ui/messageBox.h"
+
+#include <gmock/gmock.h>
+
+namespace velk {
+namespace {
+
+using testing::ElementsAre;
+using Journal = test::FakeObject::Journal;
+
+class VSSAPITest : public testing::Test {
+protected:
+    VSSAPITest()
+    {
+        backend.texts = {{675, L"not %1"}, {682, L"log in"}};
+        setMessagePresenter([this](const std::wstring& text, uint32_t style, const std::wstring&) {
+            messages.push_back(text + L"|" + std::to_wstring(style));
+            return IDOK;
+        });
+    }
+    ~VSSAPITest() override
+    {
+        closeSourceSafe();
+        setMessagePresenter({});
+    }
+    void logIn()
+    {
+        openSourceSafeDatabase(L"ann", L"secret", L"Main", {{L"Main", L"C:\\vss"}});
+        setCurrentProject(L"Web");
+        sourceSafe.journal.clear();
+    }
+
+    test::FakeBackend backend;
+    test::FakeSourceSafe sourceSafe;
+    std::vector<std::wstring> messages;
+};
+
+TEST_F(VSSAPITest, withoutTheKey_sourceSafeIsAbsent)
+{
+    EXPECT_FALSE(isSourceSafeInstalled());
+}
+
+TEST_F(VSSAPITest, withoutTheServerPath_sourceSafeIsAbsent)
+{
+    test::FakeSourceSafe::addDatabase(L"Main", L"C:\\vss"); // makes the key, too
+    EXPECT_FALSE(isSourceSafeInstalled());
+    test::FakeSourceSafe::install();
+    EXPECT_TRUE(isSourceSafeInstalled());
+}
+
+TEST_F(VSSAPITest, databasesKeyWithoutValues_givesAnEmptyTableAndFalse)
+{
+    DatabaseTable table{{L"old", L"old"}};
+    EXPECT_FALSE(getSourceSafeDatabases(table));
+    EXPECT_TRUE(table.empty());
+}
+
+TEST_F(VSSAPITest, registeredDatabases_areListedInTheirOrder)
+{
+    test::FakeSourceSafe::addDatabase(L"Main", L"C:\\vss");
+    test::FakeSourceSafe::addDatabase(L"Old", L"D:\\old vss");
+    DatabaseTable table;
+    EXPECT_TRUE(getSourceSafeDatabases(table));
+    ASSERT_EQ(table.size(), 2u);
+    EXPECT_EQ(table[0].name, L"Main");
+    EXPECT_EQ(table[1].folder, L"D:\\old vss");
+}
+
+TEST_F(VSSAPITest, folderNamedNotFound_endsTheList)
+{
+    test::FakeSourceSafe::addDatabase(L"A", L"C:\\a");
+    test::FakeSourceSafe::addDatabase(L"B", L"Not Found");
+    test::FakeSourceSafe::addDatabase(L"C", L"C:\\c");
+    DatabaseTable table;
+    EXPECT_TRUE(getSourceSafeDatabases(table));
+    EXPECT_EQ(table.size(), 1u);
+}
+
+TEST_F(VSSAPITest, valueBeyondTheLast_isNotFound)
+{
+    EXPECT_EQ(getRegValueByIndex(HKEY_LOCAL_MACHINE, L"Software\\No such key", 0)[1], L"Not Found");
+}
+
+TEST_F(VSSAPITest, opening_givesIniPathUserAndPassword)
+{
+    EXPECT_TRUE(openSourceSafeDatabase(L"ann", L"secret", L"Main", {{L"main", L"C:\\x"}, {L"Main", L"C:\\vss"}}));
+    EXPECT_THAT(sourceSafe.journal, ElementsAre(L"Database.Open(\"C:\\vss\\srcsafe.ini\", \"ann\", \"secret\")"));
+    EXPECT_TRUE(isSourceSafeDatabaseOpen());
+}
+
+TEST_F(VSSAPITest, openingThatFails_showsSourceSafesOwnWordsAndLeavesNoDatabase)
+{
+    logIn();
+    sourceSafe.database->failing(L"Open", Error(5, L"Invalid password", L"SourceSafe", E_FAIL));
+    EXPECT_FALSE(openSourceSafeDatabase(L"ann", L"wrong", L"Main", {{L"Main", L"C:\\vss"}}));
+    EXPECT_THAT(messages, ElementsAre(L"Invalid password|0"));
+    EXPECT_FALSE(isSourceSafeDatabaseOpen());
+}
+
+TEST_F(VSSAPITest, password_isInNoFailureReport)
+{
+    test::FailureLog failures;
+    sourceSafe.database->failing(L"Open", Error(5, L"Invalid password", L"SourceSafe", E_FAIL));
+    openSourceSafeDatabase(L"ann", L"tOp-sEcret", L"Main", {{L"Main", L"C:\\vss"}});
+    for (const std::wstring& line : failures.descriptions)
+        EXPECT_EQ(line.find(L"tOp-sEcret"), std::wstring::npos) << line;
+    EXPECT_EQ(failures.descriptions.size(), 1u);
+}
+
+TEST_F(VSSAPITest, projects_areTheChildrenOfTheRoot)
+{
+    logIn();
+    std::vector<std::wstring> projects{L"earlier"};
+    EXPECT_TRUE(getSourceSafeProjects(projects));
+    EXPECT_THAT(projects, ElementsAre(L"earlier", L"Web", L"Tools"));
+}
+
+TEST_F(VSSAPITest, rootWithoutChildren_givesFalse)
+{
+    logIn();
+    sourceSafe.children->value(L"Count", variant(int32_t{0}));
+    std::vector<std::wstring> projects;
+    EXPECT_FALSE(getSourceSafeProjects(projects));
+}
+
+TEST_F(VSSAPITest, newProject_isCreatedBelowTheRootAndMadeCurrent)
+{
+    logIn();
+    createSourceSafeProject(L"New");
+    EXPECT_THAT(sourceSafe.journal,
+                ElementsAre(L"Database.VSSItem(\"$/\", False)", L"Root.NewSubproject(\"New\", \"\")",
+                            L"Database.VSSItem(\"$/New\", False)"));
+}
+
+TEST_F(VSSAPITest, existingProject_isMadeCurrentAllTheSame)
+{
+    logIn();
+    sourceSafe.root->failing(L"NewSubproject", Error(5, L"exists", L"SourceSafe", E_FAIL));
+    createSourceSafeProject(L"Web");
+    EXPECT_EQ(sourceSafe.journal.back(), L"Database.VSSItem(\"$/Web\", False)");
+    EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(VSSAPITest, addedFile_goesIntoTheCurrentProject)
+{
+    logIn();
+    addFileToSourceSafe(L"C:\\src\\a.sql");
+    EXPECT_THAT(sourceSafe.journal,
+                ElementsAre(L"Item.Name", L"Database.VSSItem(\"$/Web\", False)", L"Item.Add(\"C:\\src\\a.sql\")"));
+}
+
+TEST_F(VSSAPITest, checkOutAndCheckIn_nameTheFileInTheProjectAndItsLocalPath)
+{
+    logIn();
+    checkOutFile(L"C:\\src\\a.sql");
+    checkInFile(L"C:\\src\\a.sql");
+    EXPECT_THAT(sourceSafe.journal,
+                ElementsAre(L"Item.Name", L"Database.VSSItem(\"$/Web/a.sql\", False)",
+                            L"Item.Checkout(\"\", \"C:\\src\\a.sql\")", L"Item.Name",
+                            L"Database.VSSItem(\"$/Web/a.sql\", False)", L"Item.Checkin(\"\", \"C:\\src\\a.sql\")"));
+}
+
+TEST_F(VSSAPITest, failingOperation_isReportedToTheTraceOnly)
+{
+    logIn();
+    test::FailureLog failures;
+    sourceSafe.item->failing(L"Checkin", Error(5, L"not checked out", L"SourceSafe", E_FAIL));
+    checkInFile(L"C:\\src\\a.sql");
+    EXPECT_TRUE(messages.empty());
+    EXPECT_EQ(failures.lines.size(), 1u);
+}
+
+TEST_F(VSSAPITest, fileOperationsWithoutAnOpenDatabase_sayWhichFileAndWhatToDo)
+{
+    addFileToSourceSafe(L"C:\\src\\a.sql");
+    checkOutFile(L"C:\\src\\b.sql");
+    checkInFile(L"C:\\src\\c.sql");
+    EXPECT_THAT(messages, ElementsAre(L"not C:\\src\\a.sql\r\nlog in|0", L"not C:\\src\\b.sql\r\nlog in|0",
+                                      L"not C:\\src\\c.sql\r\nlog in|0"));
+    EXPECT_TRUE(sourceSafe.journal.empty());
+}
+
+TEST_F(VSSAPITest, pathWithoutABackslash_isTheBareName)
+{
+    EXPECT_EQ(fileNameOf(L"a.sql"), L"a.sql");
+    EXPECT_EQ(fileNameOf(L"C:\\src\\deep\\a.sql"), L"a.sql");
+    EXPECT_EQ(fileNameOf(L"C:\\src\\"), L"");
+}
+
+} // namespace
+} // namespace velk

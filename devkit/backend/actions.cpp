@@ -6,7 +6,7 @@
 namespace velk::devkit {
 namespace {
 
-// What carries out an action; null where this edition cannot yet.
+// What carries out an action; null where the caller has another way to ask for it.
 using Handler = bool (Session::*)(int32_t handle);
 struct ActionRow {
     int32_t code;
@@ -15,32 +15,32 @@ struct ActionRow {
 
 // clang-format off
 constexpr ActionRow actionRows[] = {
-    { 2, nullptr},               // open
-    { 3, nullptr},               // save
-    { 4, nullptr},               // save as
+    { 2, nullptr},                  // open: by RZProjectDoAccess
+    { 3, &Session::save},
+    { 4, nullptr},                  // save as: by RZProjectDoAccess
     { 7, &Session::connect},
     { 8, &Session::disconnect},
-    { 9, nullptr},               // new
+    { 9, &Session::add},
     {10, &Session::refresh},
-    {11, nullptr},               // filter
-    {12, nullptr},               // import
-    {13, nullptr},               // properties
-    {14, nullptr},               // edit source
-    {15, nullptr},               // run settings
-    {16, nullptr},               // run
-    {17, nullptr},               // run with debug
-    {18, nullptr},               // build
-    {19, nullptr},               // build with debug
-    {20, nullptr},               // sample contents
-    {21, &Session::remove},      // so far projects only
-    {22, nullptr},               // drop
-    {23, nullptr},               // paste
-    {24, nullptr},               // copy
-    {25, nullptr},               // view source
-    {26, nullptr},               // ADO connection code
-    {27, nullptr},               // ADO connection object
-    {28, nullptr},               // ADO command code
-    {29, nullptr},               // ADO command object
+    {11, &Session::filter},
+    {12, &Session::import},
+    {13, &Session::properties},
+    {14, &Session::showSource},
+    {15, &Session::runSettings},
+    {16, &Session::run},
+    {17, &Session::run},            // there is no debugger to attach
+    {18, &Session::build},
+    {19, &Session::build},
+    {20, &Session::sampleContents},
+    {21, &Session::remove},
+    {22, &Session::drop},
+    {23, &Session::paste},
+    {24, &Session::copy},
+    {25, &Session::showSource},
+    {26, nullptr},                  // these four have calls of their own
+    {27, nullptr},
+    {28, nullptr},
+    {29, nullptr},
 };
 // clang-format on
 

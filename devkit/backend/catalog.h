@@ -20,6 +20,9 @@ public:
     virtual std::vector<ObjectFacts> objects(OdbcConnection& connection, int32_t folderKind) = 0;
     // The sources of the routines that were built, by name.
     virtual std::map<std::wstring, std::wstring> builtRoutines(OdbcConnection& connection) = 0;
+    // Keeps a routine's source as the built one, or forgets it.
+    virtual void keepRoutine(OdbcConnection& connection, const std::wstring& name, const std::wstring& source) = 0;
+    virtual void dropRoutine(OdbcConnection& connection, const std::wstring& name) = 0;
     // A text that differs when another program has changed the database. Cheap.
     virtual std::wstring changeMark(OdbcConnection& connection) = 0;
 };

@@ -16,8 +16,9 @@ std::wstring baseName(const std::wstring& path)
 
 Database::Database(const ProjectConnection& connection, const std::wstring& folder,
                    std::vector<ProjectRoutine> procedures, std::vector<ProjectRoutine> functions)
-    : m_name(connection.name), m_place(placeDatabase(connection.odbc, folder)), m_procedures(std::move(procedures)),
-      m_functions(std::move(functions)), m_catalog(makeCatalog(m_place.connectionString))
+    : m_name(connection.name), m_odbc(connection.odbc), m_place(placeDatabase(connection.odbc, folder)),
+      m_procedures(std::move(procedures)), m_functions(std::move(functions)),
+      m_catalog(makeCatalog(m_place.connectionString))
 {
 }
 
@@ -33,6 +34,28 @@ const std::vector<ProjectRoutine>* Database::routinesOf(int32_t folderKind) cons
     if (folderKind == kindProcedureFolder)
         return &m_procedures;
     return folderKind == kindFunctionFolder ? &m_functions : nullptr;
+}
+
+OdbcConnection& Database::opened()
+{
+    if (!m_connection)
+        throw OdbcError(L"the connection is closed");
+    return *m_connection;
+}
+
+OdbcConnection::Table Database::run(const std::wstring& sql, size_t mostRows)
+{
+    return opened().table(sql, mostRows);
+}
+
+void Database::keepRoutine(const std::wstring& routine, const std::wstring& source)
+{
+    m_catalog->keepRoutine(opened(), routine, source);
+}
+
+void Database::dropRoutine(const std::wstring& routine)
+{
+    m_catalog->dropRoutine(opened(), routine);
 }
 
 std::vector<ObjectFacts> Database::read(int32_t folderKind)

@@ -18,6 +18,7 @@ public:
              std::vector<ProjectRoutine> functions);
 
     const std::wstring& name() const { return m_name; }
+    const std::wstring& odbc() const { return m_odbc; } // as the project file has it
     const std::wstring& file() const { return m_place.file; }
     bool connected() const { return m_connection != nullptr; }
 
@@ -30,11 +31,25 @@ public:
     // A text that differs when the contents of that folder may have changed. Throws OdbcError.
     std::wstring changeMark(int32_t folderKind);
 
+    // The project's routines of a folder, to be changed in place; null for a folder without any.
+    std::vector<ProjectRoutine>* routinesOf(int32_t folderKind)
+    {
+        return folderKind == kindProcedureFolder  ? &m_procedures
+               : folderKind == kindFunctionFolder ? &m_functions
+                                                  : nullptr;
+    }
+    // Runs a statement. Throws OdbcError, also when the connection is closed.
+    OdbcConnection::Table run(const std::wstring& sql, size_t mostRows = 1000);
+    void keepRoutine(const std::wstring& routine, const std::wstring& source);
+    void dropRoutine(const std::wstring& routine);
+
 private:
+    OdbcConnection& opened();
     std::vector<ObjectFacts> readRoutines(const std::vector<ProjectRoutine>& routines);
     const std::vector<ProjectRoutine>* routinesOf(int32_t folderKind) const;
 
     std::wstring m_name;
+    std::wstring m_odbc;
     DatabasePlace m_place;
     std::vector<ProjectRoutine> m_procedures;
     std::vector<ProjectRoutine> m_functions;

@@ -166,50 +166,27 @@ int32_t Desk::RZButtonDoAction(char* text, int32_t answer)
 
 int32_t Desk::RZGetText(int32_t handle, wire::trzText* record)
 {
-    if (!enter(L"RZGetText", handle))
-        return 0;
-    // The second attempt at a long text brings a longer buffer; the other fields come as the first one left them.
-    const auto longer = m_longTexts.find(handle);
-    const bool again = record && longer != m_longTexts.end() && record->lTextSz == longer->second;
-    bool complete = false;
-    if (again) {
-        complete = checkPreset(L"trzText.strText of the second attempt", record->strText,
-                               static_cast<size_t>(longer->second) + 1);
-        complete = complete && record->strButtons;
-    } else {
-        complete = checkPresets(record);
-        if (record && static_cast<size_t>(record->lTextSz) != presetsOf(record)[0].capacity)
-            breach(L"trzText.lTextSz is " + std::to_wstring(record->lTextSz));
-    }
-    const auto payload = m_session->queue().text(handle);
-    if (!payload && !m_session->queue().everHad(handle))
-        breach(L"there never was such a text");
-    if (!payload || !complete)
-        return 0;
-    fill(*record, *payload);
-    if (CountedString(record->strText).length() < static_cast<size_t>(record->lTextSz))
-        m_longTexts[handle] = record->lTextSz;
-    return 1;
+    return getLong<TextPayload>(L"RZGetText", handle, record);
 }
 
 int32_t Desk::RZGetSQLText(int32_t handle, wire::trzSQLText* record)
 {
-    return unknownPayload(L"RZGetSQLText", handle, record);
+    return getLong<SqlPayload>(L"RZGetSQLText", handle, record);
 }
 
 int32_t Desk::RZGetADOText(int32_t handle, wire::trzADOText* record)
 {
-    return unknownPayload(L"RZGetADOText", handle, record);
+    return getLong<AdoPayload>(L"RZGetADOText", handle, record);
 }
 
 int32_t Desk::RZConnectionGetDE(int32_t handle, wire::trzConnectionDE* record)
 {
-    return unknownPayload(L"RZConnectionGetDE", handle, record);
+    return getShort<ConnectionDEPayload>(L"RZConnectionGetDE", handle, record);
 }
 
 int32_t Desk::RZCommandGetDE(int32_t handle, wire::trzCommandDE* record)
 {
-    return unknownPayload(L"RZCommandGetDE", handle, record);
+    return getShort<CommandDEPayload>(L"RZCommandGetDE", handle, record);
 }
 
 int32_t Desk::RZProjectDoAccess(char* first, char* second, int32_t mode)
@@ -222,9 +199,13 @@ int32_t Desk::RZProjectDoAccess(char* first, char* second, int32_t mode)
         m_session->openProject(folder.empty() ? file : folder + L"\\" + file);
         return 1;
     }
-    if (mode != accessSaveAs)
+    if (mode != accessSaveAs) {
         breach(L"there is no such mode");
-    return mode == accessSaveAs ? notAvailable(accessSaveAs) : 0;
+        return 0;
+    }
+    if (!file.empty())
+        breach(L"the second string is not empty");
+    return m_session->saveAs(folder) ? 1 : 0;
 }
 
 int32_t Desk::RZSetCurrentFolder(int32_t handle, int32_t kind)

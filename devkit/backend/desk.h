@@ -67,8 +67,14 @@ private:
 
     int32_t giveText(int32_t number, char* buffer, int32_t capacity, const std::vector<std::wstring>& parameters);
     int32_t notAvailable(int32_t action);
+    template <class Kind>
+    std::optional<Kind> payload(int32_t handle);
+    template <class Kind, class Record>
+    int32_t getLong(const wchar_t* name, int32_t handle, Record* record);
+    template <class Kind, class Record>
+    int32_t getShort(const wchar_t* name, int32_t handle, Record* record);
     template <class Record>
-    int32_t unknownPayload(const wchar_t* name, int32_t handle, const Record* record);
+    bool stringsAreThere(const Record& record) const;
 
     int32_t enumBegin(const wchar_t* name, int32_t kind, int32_t container, int32_t* count, int32_t* enumeration);
     template <class Record>

@@ -3,7 +3,9 @@
 // The templates of the class Desk, for its own source files.
 #include "devkit/backend/desk.h"
 
+#include <cstddef>
 #include <cstring>
+#include <optional>
 #include <type_traits>
 
 namespace velk::devkit {
@@ -38,14 +40,75 @@ bool Desk::checkPresets(const Record* record, size_t exceptOffset)
     return complete;
 }
 
+// The field that holds a record's long text.
 template <class Record>
-int32_t Desk::unknownPayload(const wchar_t* name, int32_t handle, const Record* record)
+const PresetRow& longField(const Record* record)
+{
+    for (const PresetRow& row : presetsOf(record))
+        if (row.offset == offsetof(Record, strText))
+            return row;
+    return presetsOf(record).front();
+}
+
+template <class Kind>
+std::optional<Kind> Desk::payload(int32_t handle)
+{
+    auto found = m_session->queue().payload<Kind>(handle);
+    if (!found && !m_session->queue().everHad(handle))
+        breach(L"nothing of this kind was ever queued");
+    return found;
+}
+
+template <class Kind, class Record>
+int32_t Desk::getLong(const wchar_t* name, int32_t handle, Record* record)
 {
     if (!enter(name, handle))
         return 0;
-    checkPresets(record);
-    breach(L"nothing of this kind was ever queued");
-    return 0;
+    // The second attempt at a long text brings a longer buffer; the other fields come as the first one left them.
+    const auto longer = m_longTexts.find(handle);
+    bool complete = false;
+    if (record && longer != m_longTexts.end() && record->lTextSz == longer->second) {
+        complete =
+            checkPreset(L"strText of the second attempt", record->strText, static_cast<size_t>(longer->second) + 1);
+        complete = complete && stringsAreThere(*record);
+    } else {
+        complete = checkPresets(record);
+        if (record && static_cast<size_t>(record->lTextSz) != longField(record).capacity)
+            breach(L"lTextSz is " + std::to_wstring(record->lTextSz));
+    }
+    const auto found = payload<Kind>(handle);
+    if (!found || !complete)
+        return 0;
+    fill(*record, *found);
+    if (CountedString(record->strText).length() < static_cast<size_t>(record->lTextSz))
+        m_longTexts[handle] = record->lTextSz;
+    return 1;
+}
+
+template <class Kind, class Record>
+int32_t Desk::getShort(const wchar_t* name, int32_t handle, Record* record)
+{
+    if (!enter(name, handle))
+        return 0;
+    const bool complete = checkPresets(record);
+    const auto found = payload<Kind>(handle);
+    if (!found || !complete)
+        return 0;
+    fill(*record, *found);
+    return 1;
+}
+
+// Whether every string that is filled has a buffer, whatever is in it.
+template <class Record>
+bool Desk::stringsAreThere(const Record& record) const
+{
+    for (const PresetRow& row : presetsOf(&record)) {
+        char* text = nullptr;
+        std::memcpy(&text, reinterpret_cast<const char*>(&record) + row.offset, sizeof text);
+        if (!text)
+            return false;
+    }
+    return true;
 }
 
 template <class Record>

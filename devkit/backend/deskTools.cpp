@@ -10,10 +10,6 @@ namespace {
 
 // clang-format off
 constexpr int32_t actionPaste             = 23;
-constexpr int32_t actionADOConnectionCode = 26;
-constexpr int32_t actionADOConnection     = 27;
-constexpr int32_t actionADOCommandCode    = 28;
-constexpr int32_t actionADOCommand        = 29;
 constexpr int32_t applicationName         = 850;
 constexpr int32_t toolName                = 851;
 constexpr int32_t fontName                = 100;
@@ -26,33 +22,29 @@ int32_t Desk::RZObjectDoGetADO(int32_t handle, int32_t language, char* project, 
 {
     if (!enter(L"RZObjectDoGetADO", handle, language, project, component))
         return 0;
-    input(project);
-    input(component);
-    const int32_t kind = m_handles.kindOf(handle);
-    if (kind == 0)
+    const std::wstring projectName = input(project);
+    const std::wstring componentName = input(component);
+    if (m_handles.kindOf(handle) == 0)
         breach(L"the handle is not live");
-    return notAvailable(kind == kindConnection ? actionADOConnectionCode : actionADOCommandCode);
+    return m_session->makeADO(handle, projectName, componentName) ? 1 : 0;
 }
 
 int32_t Desk::RZConnectionDoGetDE(int32_t handle, char* project, char* environment, char* connection)
 {
     if (!enter(L"RZConnectionDoGetDE", handle, project, environment, connection))
         return 0;
-    for (char* const text : {project, environment, connection})
-        input(text);
-    checkHandle(handle, kindConnection);
-    return notAvailable(actionADOConnection);
+    ConnectionDEPayload wanted{input(project), input(environment), input(connection), {}};
+    return checkHandle(handle, kindConnection) && m_session->makeConnectionDE(handle, std::move(wanted)) ? 1 : 0;
 }
 
 int32_t Desk::RZCommandDoGetDE(int32_t handle, char* project, char* environment, char* connection, char* command)
 {
     if (!enter(L"RZCommandDoGetDE", handle, project, environment, connection, command))
         return 0;
-    for (char* const text : {project, environment, connection, command})
-        input(text);
+    CommandDEPayload wanted{input(project), input(environment), input(connection), input(command), {}};
     if (m_handles.kindOf(handle) == 0)
         breach(L"the handle is not live");
-    return notAvailable(actionADOCommand);
+    return m_session->makeCommandDE(handle, std::move(wanted)) ? 1 : 0;
 }
 
 int32_t Desk::RZLaunchApp(int32_t application, char* arguments)

@@ -46,7 +46,27 @@ std::wstring column(SQLHSTMT statement, SQLUSMALLINT number)
     return text;
 }
 
+std::wstring columnName(SQLHSTMT statement, SQLUSMALLINT number)
+{
+    wchar_t name[256] = L"";
+    SQLSMALLINT length = 0;
+    SQLDescribeColW(statement, number, reinterpret_cast<SQLWCHAR*>(name), 256, &length, nullptr, nullptr, nullptr,
+                    nullptr);
+    return name;
+}
+
 } // namespace
+
+std::wstring sqlText(const std::wstring& text)
+{
+    std::wstring literal = L"'";
+    for (const wchar_t character : text) {
+        literal += character;
+        if (character == L'\'')
+            literal += character;
+    }
+    return literal + L"'";
+}
 
 OdbcConnection::OdbcConnection(const std::wstring& connectionString)
 {
@@ -75,6 +95,11 @@ OdbcConnection::~OdbcConnection()
 
 OdbcConnection::Rows OdbcConnection::query(const std::wstring& sql)
 {
+    return table(sql, mostRows).rows;
+}
+
+OdbcConnection::Table OdbcConnection::table(const std::wstring& sql, size_t limit)
+{
     SQLHSTMT statement = SQL_NULL_HSTMT;
     check(SQLAllocHandle(SQL_HANDLE_STMT, m_connection, &statement), SQL_HANDLE_DBC, m_connection);
     const scope_exit freed([&] { SQLFreeHandle(SQL_HANDLE_STMT, statement); });
@@ -85,17 +110,19 @@ OdbcConnection::Rows OdbcConnection::query(const std::wstring& sql)
     check(executed, SQL_HANDLE_STMT, statement);
     SQLSMALLINT columns = 0;
     check(SQLNumResultCols(statement, &columns), SQL_HANDLE_STMT, statement);
-    Rows rows;
-    while (columns > 0 && rows.size() < mostRows) {
-        const SQLRETURN result = SQLFetch(statement);
-        if (result == SQL_NO_DATA)
+    Table result;
+    for (SQLUSMALLINT number = 1; number <= columns; ++number)
+        result.columns.push_back(columnName(statement, number));
+    while (columns > 0 && result.rows.size() < limit) {
+        const SQLRETURN fetched = SQLFetch(statement);
+        if (fetched == SQL_NO_DATA)
             break;
-        check(result, SQL_HANDLE_STMT, statement);
-        rows.emplace_back();
+        check(fetched, SQL_HANDLE_STMT, statement);
+        result.rows.emplace_back();
         for (SQLUSMALLINT number = 1; number <= columns; ++number)
-            rows.back().push_back(column(statement, number));
+            result.rows.back().push_back(column(statement, number));
     }
-    return rows;
+    return result;
 }
 
 } // namespace velk::devkit

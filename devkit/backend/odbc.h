@@ -18,6 +18,9 @@ public:
     std::wstring text;
 };
 
+// A text as a statement's literal.
+std::wstring sqlText(const std::wstring& text);
+
 // A connection to a database. Opened and closed with the object; every statement is bounded in rows.
 class OdbcConnection {
 public:
@@ -28,6 +31,12 @@ public:
 
     using Rows = std::vector<std::vector<std::wstring>>;
     Rows query(const std::wstring& sql);
+    // The same with the names of the columns; at most so many rows. No columns for a statement that gives no rows.
+    struct Table {
+        std::vector<std::wstring> columns;
+        Rows rows;
+    };
+    Table table(const std::wstring& sql, size_t mostRows);
 
 private:
     SQLHENV m_environment = SQL_NULL_HENV;

@@ -35,6 +35,7 @@ struct ValueRow {
 // clang-format off
 constexpr ValueRow valueRows[] = {
     {L"project",    L"name",       [](ProjectFile& p, const std::wstring& v, int) { p.name = v; }},
+    {L"project",    L"filter",     [](ProjectFile& p, const std::wstring& v, int) { p.filter = v; }},
     {L"connection", L"name",       [](ProjectFile& p, const std::wstring& v, int) { p.connections.back().name = v; }},
     {L"connection", L"odbc",       [](ProjectFile& p, const std::wstring& v, int) { p.connections.back().odbc = v; }},
     {L"procedure",  L"file",       [](ProjectFile& p, const std::wstring& v, int) { p.procedures.back().file = v; }},
@@ -121,6 +122,26 @@ ProjectFile parseProject(std::string_view bytes)
     }
     finish(project, section);
     return project;
+}
+
+std::string projectText(const ProjectFile& project)
+{
+    std::wstring text = L"# A Rozel project. Paths are relative to this file.\n[project]\nname=" + project.name +
+                        L"\nfilter=" + project.filter + L"\n";
+    for (const ProjectConnection& connection : project.connections)
+        text += L"\n[connection]\nname=" + connection.name + L"\nodbc=" + connection.odbc + L"\n";
+    const auto add = [&text](const wchar_t* section, const std::vector<ProjectRoutine>& routines) {
+        for (const ProjectRoutine& routine : routines) {
+            text += L"\n[" + std::wstring(section) + L"]\nfile=" + routine.file + L"\n";
+            if (!routine.connection.empty())
+                text += L"connection=" + routine.connection + L"\n";
+            if (routine.debug)
+                text += L"debug=yes\n";
+        }
+    };
+    add(L"procedure", project.procedures);
+    add(L"function", project.functions);
+    return toUtf8(text);
 }
 
 } // namespace velk::devkit

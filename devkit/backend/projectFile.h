@@ -29,6 +29,7 @@ struct ProjectRoutine {
 };
 struct ProjectFile {
     std::wstring name;
+    std::wstring filter = L"*o*"; // the name pattern that "Filter" proposes
     std::vector<ProjectConnection> connections;
     std::vector<ProjectRoutine> procedures;
     std::vector<ProjectRoutine> functions;
@@ -36,5 +37,7 @@ struct ProjectFile {
 
 // Reads the UTF-8 text of a project file (sections in brackets, name=value lines, # comments).
 ProjectFile parseProject(std::string_view bytes);
+// The text of a project file, UTF-8.
+std::string projectText(const ProjectFile& project);
 
 } // namespace velk::devkit

@@ -6,12 +6,12 @@ namespace velk::devkit {
 namespace {
 
 // Payloads have a series of handles of their own, so that those of objects do not depend on how many texts there were.
-constexpr int32_t firstText = 900001;
-constexpr size_t mostTexts = 1000;
+constexpr int32_t firstPayload = 900001;
+constexpr size_t mostPayloads = 1000;
 
 } // namespace
 
-NotificationQueue::NotificationQueue() : m_lastText(firstText - 1)
+NotificationQueue::NotificationQueue() : m_lastPayload(firstPayload - 1)
 {
 }
 
@@ -21,14 +21,14 @@ void NotificationQueue::push(Notification notification)
     m_waiting.push_back(std::move(notification));
 }
 
-int32_t NotificationQueue::pushText(TextPayload payload)
+int32_t NotificationQueue::pushPayload(Notice type, Payload payload)
 {
     const std::lock_guard held(m_lock);
-    const int32_t handle = ++m_lastText;
-    m_texts.emplace(handle, std::move(payload));
-    if (m_texts.size() > mostTexts)
-        m_texts.erase(m_texts.begin());
-    m_waiting.push_back({.type = Notice::text, .handle = handle, .ends = {}});
+    const int32_t handle = ++m_lastPayload;
+    m_payloads.emplace(handle, std::move(payload));
+    if (m_payloads.size() > mostPayloads)
+        m_payloads.erase(m_payloads.begin());
+    m_waiting.push_back({.type = type, .handle = handle, .ends = {}});
     return handle;
 }
 
@@ -43,17 +43,10 @@ std::optional<Notification> NotificationQueue::pop(bool& more)
     return first;
 }
 
-std::optional<TextPayload> NotificationQueue::text(int32_t handle) const
-{
-    const std::lock_guard held(m_lock);
-    const auto found = m_texts.find(handle);
-    return found == m_texts.end() ? std::nullopt : std::optional(found->second);
-}
-
 bool NotificationQueue::everHad(int32_t handle) const
 {
     const std::lock_guard held(m_lock);
-    return handle >= firstText && handle <= m_lastText;
+    return handle >= firstPayload && handle <= m_lastPayload;
 }
 
 } // namespace velk::devkit

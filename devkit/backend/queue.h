@@ -6,6 +6,8 @@
 #include <mutex>
 #include <optional>
 #include <string>
+#include <utility>
+#include <variant>
 #include <vector>
 
 namespace velk::devkit {
@@ -13,10 +15,14 @@ namespace velk::devkit {
 enum class Notice : int32_t {
     none = 0,
     text = 2,
+    sqlText = 3,
+    adoText = 4,
     folderContents = 5,
     changed = 6,
     removed = 7,
     added = 8,
+    connectionDE = 9,
+    commandDE = 10,
 };
 
 struct Notification {
@@ -36,22 +42,55 @@ struct TextPayload {
     std::wstring buttons;
 };
 
+// Source for an editor of the caller, with the range that it replaces (lines and columns from 1 on).
+struct SqlPayload {
+    std::wstring project, file, text;
+    int32_t fromLine = 1, fromColumn = 1, toLine = 1, toColumn = 1;
+};
+
+// Client code for a file of the caller's project.
+struct AdoPayload {
+    std::wstring project, file, text;
+};
+
+struct ConnectionDEPayload {
+    std::wstring project, environment, connection, connectionString;
+};
+
+struct CommandDEPayload {
+    std::wstring project, environment, connection, command, text;
+    int32_t type = 0;
+    bool hasParameters = false;
+};
+
+using Payload = std::variant<TextPayload, SqlPayload, AdoPayload, ConnectionDEPayload, CommandDEPayload>;
+
 // What waits for the caller. Any thread may put something in; the caller takes it out.
 class NotificationQueue {
 public:
     void push(Notification notification);
-    // Queues a text and gives back its handle, by which it can be fetched as often as wanted until many more followed.
-    int32_t pushText(TextPayload payload);
+    // Queues a payload and gives back its handle, by which it can be fetched as often as wanted until many more
+    // followed.
+    int32_t pushPayload(Notice type, Payload payload);
+    int32_t pushText(TextPayload payload) { return pushPayload(Notice::text, std::move(payload)); }
 
     std::optional<Notification> pop(bool& more);
-    std::optional<TextPayload> text(int32_t handle) const;
+    // The payload of a handle; nothing when there is none of that kind.
+    template <class Kind>
+    std::optional<Kind> payload(int32_t handle) const
+    {
+        const std::lock_guard held(m_lock);
+        const auto found = m_payloads.find(handle);
+        const Kind* kept = found == m_payloads.end() ? nullptr : std::get_if<Kind>(&found->second);
+        return kept ? std::optional(*kept) : std::nullopt;
+    }
     bool everHad(int32_t handle) const;
 
 private:
     mutable std::mutex m_lock;
     std::deque<Notification> m_waiting;
-    std::map<int32_t, TextPayload> m_texts;
-    int32_t m_lastText;
+    std::map<int32_t, Payload> m_payloads;
+    int32_t m_lastPayload;
 
 public:
     NotificationQueue();

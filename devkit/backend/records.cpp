@@ -53,6 +53,12 @@ int16_t flag(bool truth)
     return truth ? int16_t{-1} : int16_t{0};
 }
 
+// The bytes that a whole text needs with its NUL.
+int32_t room(const std::wstring& text)
+{
+    return static_cast<int32_t>(toAnsi(text).size() + 1);
+}
+
 void put(char* field, const std::wstring& text)
 {
     CountedString(field).write(text);
@@ -112,9 +118,48 @@ std::span<const PresetRow> presetsOf(const wire::trzView*)
 void fill(wire::trzText& record, const TextPayload& payload)
 {
     put(record.strText, payload.text);
-    record.lTextSz = static_cast<int32_t>(toAnsi(payload.text).size() + 1);
+    record.lTextSz = room(payload.text);
     record.lTextType = static_cast<int32_t>(payload.type);
     put(record.strButtons, payload.buttons);
+}
+
+void fill(wire::trzSQLText& record, const SqlPayload& payload)
+{
+    put(record.strVSProject, payload.project);
+    put(record.strVSFile, payload.file);
+    record.lSelFromLine = payload.fromLine;
+    record.lSelFromColumn = payload.fromColumn;
+    record.lSelToLine = payload.toLine;
+    record.lSelToColumn = payload.toColumn;
+    put(record.strText, payload.text);
+    record.lTextSz = room(payload.text);
+}
+
+void fill(wire::trzADOText& record, const AdoPayload& payload)
+{
+    put(record.strVSProject, payload.project);
+    put(record.strVSFile, payload.file);
+    put(record.strText, payload.text);
+    record.lTextSz = room(payload.text);
+}
+
+void fill(wire::trzConnectionDE& record, const ConnectionDEPayload& payload)
+{
+    put(record.strVSProject, payload.project);
+    put(record.strDEName, payload.environment);
+    put(record.strDEConnection, payload.connection);
+    put(record.strConnectionString, payload.connectionString);
+}
+
+void fill(wire::trzCommandDE& record, const CommandDEPayload& payload)
+{
+    put(record.strVSProject, payload.project);
+    put(record.strDEName, payload.environment);
+    put(record.strDEConnection, payload.connection);
+    put(record.strDECommand, payload.command);
+    put(record.strCommandText, payload.text);
+    record.lCommandType = payload.type;
+    record.bHasParemeters = flag(payload.hasParameters);
 }
 
 void fill(wire::trzProject& record, int32_t handle, const ProjectFacts& facts)

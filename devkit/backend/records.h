@@ -32,6 +32,10 @@ std::span<const PresetRow> presetsOf(const wire::trzView*);
 
 // Fills a record's fields in place. Of a long text, lTextSz says how much room all of it needs with its NUL.
 void fill(wire::trzText& record, const TextPayload& payload);
+void fill(wire::trzSQLText& record, const SqlPayload& payload);
+void fill(wire::trzADOText& record, const AdoPayload& payload);
+void fill(wire::trzConnectionDE& record, const ConnectionDEPayload& payload);
+void fill(wire::trzCommandDE& record, const CommandDEPayload& payload);
 void fill(wire::trzProject& record, int32_t handle, const ProjectFacts& facts);
 void fill(wire::trzConnection& record, int32_t handle, const ConnectionFacts& facts);
 void fill(wire::trzProcedure& record, int32_t handle, const ObjectFacts& facts);

@@ -58,7 +58,27 @@ public:
     bool connect(int32_t handle);
     bool disconnect(int32_t handle);
     bool refresh(int32_t handle);
+    bool save(int32_t handle);
+    bool add(int32_t handle);
+    bool filter(int32_t handle);
+    bool import(int32_t handle);
+    bool paste(int32_t handle);
+    bool copy(int32_t handle);
     bool remove(int32_t handle);
+    bool properties(int32_t handle);
+    bool showSource(int32_t handle);
+    bool runSettings(int32_t handle);
+    bool run(int32_t handle);
+    bool build(int32_t handle);
+    bool sampleContents(int32_t handle);
+    bool drop(int32_t handle);
+
+    // Saves the project under another path.
+    bool saveAs(const std::wstring& path);
+    // Client code of a connection or an object, and the objects of a data environment: each comes as a notification.
+    bool makeADO(int32_t handle, const std::wstring& project, const std::wstring& component);
+    bool makeConnectionDE(int32_t handle, ConnectionDEPayload wanted);
+    bool makeCommandDE(int32_t handle, CommandDEPayload wanted);
 
     void watchAgain() { m_nextWatch = 0; } // at the next call of next(), for tests
 
@@ -75,6 +95,26 @@ private:
     void watch();
     Notification about(Notice type, int32_t kind, int32_t handle, const ConnectionState* connection) const;
 
+    // Where an object stands; nulls when the handle is not an object's.
+    struct Place {
+        ConnectionState* connection = nullptr;
+        FolderState* folder = nullptr;
+        const ObjectFacts* facts = nullptr;
+    };
+    Place placeOf(int32_t object) const;
+    // The same for a procedure or function with its source; no facts for anything else.
+    Place routineOf(int32_t object, std::wstring& source);
+    bool addRoutine(ConnectionState& connection, FolderState& folder, const std::wstring& file);
+    bool addRoutineFile(ConnectionState& connection, FolderState& folder, const std::wstring& name,
+                        const std::wstring& source);
+    void removeRoutine(ConnectionState& connection, FolderState& folder, const std::wstring& file);
+    void addConnectionLike(const ConnectionState& model);
+    void removeConnection(int32_t handle);
+    void dropNow(int32_t handle);
+    bool writeProject(const std::wstring& path);
+    void beginTask();
+    void endTask();
+
     ConnectionState* connectionState(int32_t handle) const;
     std::pair<ConnectionState*, FolderState*> folderState(int32_t handle) const;
 
@@ -86,6 +126,7 @@ private:
     int32_t m_currentFolder = 0;
     uint64_t m_nextWatch = 0;
     std::deque<std::function<void(int32_t)>> m_questions;
+    std::wstring m_copied; // the source of the routine that was copied last
 };
 
 } // namespace velk::devkit

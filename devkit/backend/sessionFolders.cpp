@@ -4,6 +4,8 @@
 #include "devkit/backend/sessionState.h"
 #include "platform/win32.h"
 
+#include <cwctype>
+#include <string_view>
 #include <utility>
 
 namespace velk::devkit {
@@ -20,6 +22,18 @@ uint64_t now()
     GetSystemTimeAsFileTime(&time);
     constexpr uint64_t perMillisecond = 10000;
     return ((uint64_t{time.dwHighDateTime} << 32) | time.dwLowDateTime) / perMillisecond;
+}
+
+// Whether a name fits a pattern of letters in either case, "*" for any text and "?" for any letter.
+bool matches(std::wstring_view name, std::wstring_view pattern)
+{
+    if (pattern.empty())
+        return name.empty();
+    if (pattern.front() == L'*')
+        return matches(name, pattern.substr(1)) || (!name.empty() && matches(name.substr(1), pattern));
+    return !name.empty() &&
+           (pattern.front() == L'?' || std::towlower(name.front()) == std::towlower(pattern.front())) &&
+           matches(name.substr(1), pattern.substr(1));
 }
 
 } // namespace
@@ -72,6 +86,8 @@ bool Session::load(ConnectionState& connection, FolderState& folder, bool announ
 void Session::update(ConnectionState& connection, FolderState& folder, std::vector<ObjectFacts> found, bool announce)
 {
     const int32_t kind = folder.kind + 1;
+    if (!folder.pattern.empty())
+        std::erase_if(found, [&](const ObjectFacts& facts) { return !matches(facts.name, folder.pattern); });
     std::unordered_map<std::wstring, int32_t> before = std::move(folder.byKey);
     folder.byKey.clear();
     folder.objects.clear();

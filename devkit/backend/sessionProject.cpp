@@ -60,6 +60,7 @@ void Session::addProject(ProjectFacts facts, const ProjectFile& file)
     m_project = std::make_unique<ProjectState>();
     m_project->handle = m_handles.make(kindProject);
     m_project->facts = std::move(facts);
+    m_project->filter = file.filter;
     m_queue.push(about(Notice::added, kindProject, m_project->handle, nullptr));
     reportMissingFiles(file);
     bool first = true;
@@ -90,7 +91,7 @@ void Session::addConnection(const ProjectConnection& connection, const ProjectFi
                                  routinesOf(file.functions, connection.name, first, folder)),
                         {}});
     for (size_t index = 0; index < made->folders.size(); ++index)
-        made->folders[index] = {m_handles.make(folderKinds[index]), folderKinds[index], {}, {}, {}, {}};
+        made->folders[index] = {m_handles.make(folderKinds[index]), folderKinds[index], {}, {}, {}, {}, {}};
     ConnectionState& state = *m_project->connections.emplace_back(std::move(made));
     m_queue.push(about(Notice::added, kindConnection, state.handle, &state));
     open(state);
@@ -158,14 +159,6 @@ bool Session::disconnect(int32_t handle)
     const auto [connection, folder] = folderState(m_currentFolder);
     if (connection == state)
         announceContents(*connection, *folder);
-    return true;
-}
-
-bool Session::remove(int32_t handle)
-{
-    if (!project(handle))
-        return false;
-    closeProject();
     return true;
 }
 

@@ -16,6 +16,7 @@ struct FolderState {
     std::unordered_map<std::wstring, int32_t> byKey;
     std::vector<int32_t> leaving; // objects that went away without word: their handles end with the next contents
     std::wstring mark;            // of the contents that were read last
+    std::wstring pattern;         // of the names that are shown; empty: all
 };
 
 struct ConnectionState {
@@ -27,6 +28,7 @@ struct ConnectionState {
 struct ProjectState {
     int32_t handle = 0;
     ProjectFacts facts;
+    std::wstring filter; // the pattern that "Filter" proposes
     std::vector<std::unique_ptr<ConnectionState>> connections;
 };
 

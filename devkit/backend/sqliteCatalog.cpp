@@ -44,6 +44,19 @@ public:
         return result;
     }
 
+    void keepRoutine(OdbcConnection& connection, const std::wstring& name, const std::wstring& source) override
+    {
+        connection.query(L"CREATE TABLE IF NOT EXISTS rozel_routines (name TEXT PRIMARY KEY, source TEXT NOT NULL)");
+        connection.query(L"INSERT OR REPLACE INTO rozel_routines VALUES (" + sqlText(name) + L", " + sqlText(source) +
+                         L")");
+    }
+
+    void dropRoutine(OdbcConnection& connection, const std::wstring& name) override
+    {
+        if (has(connection, L"rozel_routines"))
+            connection.query(L"DELETE FROM rozel_routines WHERE name = " + sqlText(name));
+    }
+
     std::wstring changeMark(OdbcConnection& connection) override
     {
         const auto rows = connection.query(L"PRAGMA data_version");

@@ -58,6 +58,18 @@ std::wstring fromUtf8(std::string_view bytes)
     return decoded(bytes, 0).value_or(L"");
 }
 
+bool writeBytes(const std::wstring& path, std::string_view bytes)
+{
+    const std::wstring beside = path + L".new";
+    unique_file file(CreateFileW(beside.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
+    DWORD written = 0;
+    if (!file || !WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) ||
+        !FlushFileBuffers(file.get()))
+        return false;
+    file.reset();
+    return MoveFileExW(beside.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE;
+}
+
 std::optional<std::wstring> fromUtf8Strictly(std::string_view bytes)
 {
     return decoded(bytes, MB_ERR_INVALID_CHARS);

@@ -23,6 +23,10 @@ std::wstring environmentText(const wchar_t* name);
 // The bytes of a file. Nothing when it cannot be read: GetLastError tells why.
 std::optional<std::string> readBytes(const std::wstring& path);
 
+// Writes a file as a whole: beside it first, then in its place, so that a crash in between loses neither. False when it
+// cannot be written: GetLastError tells why.
+bool writeBytes(const std::wstring& path, std::string_view bytes);
+
 // UTF-8 text; what is not UTF-8 becomes the replacement character, or nothing at all in the strict form.
 std::wstring fromUtf8(std::string_view bytes);
 std::optional<std::wstring> fromUtf8Strictly(std::string_view bytes);

@@ -80,7 +80,7 @@ TEST_F(Folders, procedure_builtAsItIs_isClean)
     EXPECT_TRUE(record.bCanDebug);
     EXPECT_EQ(record.strSchema, L"sales");
     EXPECT_EQ(record.strSpecific, L"PLACE_ORDER_1");
-    EXPECT_EQ(record.strParameters, L"IN customer INTEGER, IN placed VARCHAR(10)");
+    EXPECT_EQ(record.strParameters, L"IN a_customer INTEGER, IN a_date VARCHAR(10)");
     EXPECT_EQ(record.strLanguage, L"SQL");
     EXPECT_EQ(record.strSQLPackage, L"P8812044");
     EXPECT_EQ(record.strComment, L"Places an order for a customer");
@@ -109,7 +109,7 @@ TEST_F(Folders, function_record_hasItsResult)
     EXPECT_TRUE(record.bIsDirty);
     EXPECT_EQ(record.strName, L"customer_credit");
     EXPECT_EQ(record.strResult, L"DECIMAL(10,2)");
-    EXPECT_EQ(record.strParameters, L"customer INTEGER");
+    EXPECT_EQ(record.strParameters, L"a_customer INTEGER");
     RZTerminate();
 }
 
@@ -185,10 +185,10 @@ TEST_F(Folders, project_removed_goesWithAllHandles)
     RZTerminate();
 }
 
-TEST_F(Folders, action_notThereYet_saysSoByItsName)
+TEST_F(Folders, action_forAnotherKindOfThing_saysSoByItsName)
 {
-    EXPECT_EQ(RZObjectDoAction(1003, 11), 0);
-    EXPECT_THAT(notifications(), ElementsAre(L"2 3 \"Filter\" is not available in this edition of Rozel yet."));
+    EXPECT_EQ(RZObjectDoAction(1001, 18), 0);
+    EXPECT_THAT(notifications(), ElementsAre(L"2 3 \"Build\" cannot be done with this object."));
     RZTerminate();
 }
 

@@ -3,32 +3,20 @@
 #include "devkit/backend/odbc.h"
 #include "devkit/backend/systemFile.h"
 #include "platform/module.h"
+#include "support/folders.h"
 
 #include <sstream>
 
 namespace velk::test {
 namespace {
 
-constexpr const wchar_t* sampleFiles[] = {
-    L"orders.sln",
-    L"rz\\orders.rzv",
-    L"rz\\orders.db",
-    L"rz\\routines\\place_order.sql",
-    L"rz\\routines\\close_order.sql",
-    L"rz\\routines\\raise_prices.sql",
-    L"rz\\routines\\stock_report.java",
-    L"rz\\routines\\order_total.sql",
-    L"rz\\routines\\customer_credit.sql",
-    L"rz\\routines\\initials.java",
-};
-
 std::wstring madeFolder()
 {
     static int number = 0;
     const std::wstring folder =
         module::folder() + L"\\copy" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++number);
-    for (const wchar_t* part : {L"", L"\\rz", L"\\rz\\routines"})
-        CreateDirectoryW((folder + part).c_str(), nullptr);
+    removeTree(folder);
+    copyTree(module::folder() + L"\\sample", folder);
     return folder;
 }
 
@@ -64,8 +52,6 @@ std::vector<std::wstring> listed(int32_t folder, Begin begin, int32_t (*next)(in
 
 SampleBackend::SampleBackend() : m_folder(madeFolder())
 {
-    for (const wchar_t* const file : sampleFiles)
-        EXPECT_TRUE(CopyFileW((module::folder() + L"\\sample\\" + file).c_str(), path(file).c_str(), FALSE));
     SetEnvironmentVariableW(L"VELK_BACKEND_JOURNAL", path(L"journal.txt").c_str());
 }
 
@@ -73,12 +59,7 @@ SampleBackend::~SampleBackend()
 {
     unloadBackend();
     SetEnvironmentVariableW(L"VELK_BACKEND_JOURNAL", nullptr);
-    for (const wchar_t* const file : sampleFiles)
-        DeleteFileW(path(file).c_str());
-    for (const wchar_t* const file : {L"journal.txt", L"rz\\other.rzv"})
-        DeleteFileW(path(file).c_str());
-    for (const wchar_t* const part : {L"\\rz\\routines", L"\\rz", L""})
-        RemoveDirectoryW((m_folder + part).c_str());
+    removeTree(m_folder);
 }
 
 void SampleBackend::write(const std::wstring& name, const std::string& bytes) const
@@ -103,6 +84,12 @@ void SampleBackend::execute(const std::wstring& sql) const
 {
     const auto place = devkit::placeDatabase(L"Driver=SQLite3;Database=orders.db;NoCreat=1", path(L"rz"));
     devkit::OdbcConnection(place.connectionString).query(sql);
+}
+
+std::wstring SampleBackend::value(const std::wstring& sql) const
+{
+    const auto place = devkit::placeDatabase(L"Driver=SQLite3;Database=orders.db;NoCreat=1", path(L"rz"));
+    return devkit::OdbcConnection(place.connectionString).query(sql).at(0).at(0);
 }
 
 void SampleBackend::begin()

@@ -27,6 +27,8 @@ protected:
     void erase(const std::wstring& name) const;
     // A statement on the sample's database, by another connection than the library's.
     void execute(const std::wstring& sql) const;
+    // The first cell of a query's result.
+    std::wstring value(const std::wstring& sql) const;
 
     void begin();                        // RZInitialize, and its notification taken out
     void open(const std::wstring& file); // RZProjectDoAccess as the caller does it; the notifications stay

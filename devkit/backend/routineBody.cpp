@@ -1,0 +1,148 @@
+#include "devkit/backend/routineBody.h"
+
+#include <algorithm>
+#include <cwchar>
+#include <cwctype>
+#include <sstream>
+
+namespace velk::devkit {
+namespace {
+
+constexpr const wchar_t* numberTypes[] = {L"INT", L"DEC", L"NUM", L"FLOAT", L"DOUBLE", L"REAL", L"SMALL", L"BIG"};
+
+std::wstring trimmed(const std::wstring& text)
+{
+    const size_t first = text.find_first_not_of(L" \t\r\n;");
+    return first == std::wstring::npos ? L"" : text.substr(first, text.find_last_not_of(L" \t\r\n;") - first + 1);
+}
+
+bool isWordLetter(wchar_t letter)
+{
+    return std::iswalnum(letter) || letter == L'_' || letter == L'.';
+}
+
+bool isSame(const std::wstring& left, const std::wstring& right)
+{
+    return _wcsicmp(left.c_str(), right.c_str()) == 0;
+}
+
+// Parts of a text, split where a letter stands outside of brackets and quotes.
+std::vector<std::wstring> splitOutside(const std::wstring& text, wchar_t separator)
+{
+    std::vector<std::wstring> parts(1);
+    int depth = 0;
+    bool quoted = false;
+    for (const wchar_t letter : text) {
+        quoted = quoted != (letter == L'\'');
+        depth += quoted ? 0 : letter == L'(' ? 1 : letter == L')' ? -1 : 0;
+        if (letter == separator && depth == 0 && !quoted)
+            parts.emplace_back();
+        else
+            parts.back() += letter;
+    }
+    return parts;
+}
+
+// The place of a word outside of comments; the last one if wanted.
+size_t wordPlace(const std::wstring& text, const std::wstring& word, bool last)
+{
+    size_t found = std::wstring::npos;
+    for (size_t place = 0; place + word.size() <= text.size(); ++place) {
+        if (text.compare(place, 2, L"--") == 0) {
+            place = text.find(L'\n', place);
+            if (place == std::wstring::npos)
+                break;
+            continue;
+        }
+        const bool begins = place == 0 || !isWordLetter(text[place - 1]);
+        const size_t end = place + word.size();
+        const bool ends = end == text.size() || !isWordLetter(text[end]);
+        if (begins && ends && _wcsnicmp(text.c_str() + place, word.c_str(), word.size()) == 0) {
+            found = place;
+            if (!last)
+                break;
+        }
+    }
+    return found;
+}
+
+std::wstring bodyOf(const std::wstring& source)
+{
+    const size_t begin = wordPlace(source, L"BEGIN", false);
+    if (begin != std::wstring::npos) {
+        const size_t end = wordPlace(source, L"END", true);
+        return source.substr(begin + 5, end == std::wstring::npos || end < begin ? end : end - begin - 5);
+    }
+    const size_t result = wordPlace(source, L"RETURN", false);
+    return result == std::wstring::npos ? L"" : source.substr(result + 6);
+}
+
+std::wstring valueOf(const std::wstring& word, const std::wstring& routine,
+                     const std::map<std::wstring, std::wstring>& values)
+{
+    for (const auto& [name, value] : values)
+        if (isSame(word, name) || isSame(word, routine + L"." + name))
+            return value;
+    return word;
+}
+
+std::wstring withValues(const std::wstring& statement, const std::wstring& routine,
+                        const std::map<std::wstring, std::wstring>& values)
+{
+    std::wstring result;
+    bool quoted = false;
+    for (size_t place = 0; place < statement.size();) {
+        const wchar_t letter = statement[place];
+        quoted = quoted != (letter == L'\'');
+        size_t end = place;
+        while (!quoted && end < statement.size() && isWordLetter(statement[end]))
+            ++end;
+        if (end == place) {
+            result += letter;
+            ++place;
+            continue;
+        }
+        result += valueOf(statement.substr(place, end - place), routine, values);
+        place = end;
+    }
+    return result;
+}
+
+} // namespace
+
+std::vector<RoutineParameter> parametersOf(const ObjectFacts& facts)
+{
+    std::vector<RoutineParameter> parameters;
+    for (const std::wstring& part : splitOutside(facts.parameters, L',')) {
+        std::wistringstream words(part);
+        RoutineParameter parameter;
+        words >> parameter.name;
+        if (isSame(parameter.name, L"IN") || isSame(parameter.name, L"OUT") || isSame(parameter.name, L"INOUT"))
+            words >> parameter.name;
+        std::getline(words, parameter.type);
+        parameter.type = trimmed(parameter.type);
+        if (!parameter.name.empty())
+            parameters.push_back(parameter);
+    }
+    return parameters;
+}
+
+std::wstring defaultValue(const RoutineParameter& parameter)
+{
+    for (const wchar_t* type : numberTypes)
+        if (_wcsnicmp(parameter.type.c_str(), type, std::wcslen(type)) == 0)
+            return L"1";
+    return L"''";
+}
+
+std::vector<std::wstring> statementsOf(const std::wstring& source, const ObjectFacts& facts,
+                                       const std::map<std::wstring, std::wstring>& values)
+{
+    std::vector<std::wstring> statements;
+    for (const std::wstring& part : splitOutside(bodyOf(source), L';'))
+        if (const std::wstring statement = trimmed(part); !statement.empty())
+            statements.push_back(withValues(statement, facts.name, values));
+    return statements;
+}
+
+} // namespace velk::devkit

@@ -1,0 +1,272 @@
+// The part of a session that works on single objects: source, build, run, drop, contents, facts.
+#include "devkit/backend/messages.h"
+#include "devkit/backend/routineBody.h"
+#include "devkit/backend/routineSource.h"
+#include "devkit/backend/session.h"
+#include "devkit/backend/sessionState.h"
+#include "devkit/backend/systemFile.h"
+
+#include <algorithm>
+#include <cwchar>
+
+namespace velk::devkit {
+namespace {
+
+constexpr size_t sampleRows = 10;
+constexpr const wchar_t* settingsEnding = L".run";
+
+bool isSql(const ObjectFacts& facts)
+{
+    return _wcsicmp(facts.language.c_str(), L"SQL") == 0;
+}
+
+// Rows as lines, cells apart by bars.
+std::wstring tableText(const OdbcConnection::Table& table)
+{
+    std::wstring text;
+    const auto addLine = [&text](const std::vector<std::wstring>& cells) {
+        for (size_t index = 0; index < cells.size(); ++index)
+            text += (index == 0 ? L"" : L" | ") + cells[index];
+        text += L"\n";
+    };
+    addLine(table.columns);
+    for (const auto& row : table.rows)
+        addLine(row);
+    return text;
+}
+
+// What stands in "name=value" lines beside the source; a parameter without a line gets its default.
+std::map<std::wstring, std::wstring> valuesFor(const ObjectFacts& facts)
+{
+    std::map<std::wstring, std::wstring> values;
+    for (const RoutineParameter& parameter : parametersOf(facts))
+        values[parameter.name] = defaultValue(parameter);
+    const auto bytes = readBytes(facts.file + settingsEnding);
+    std::wstring text = bytes ? fromUtf8(*bytes) : L"";
+    while (!text.empty()) {
+        const size_t end = std::min(text.find(L'\n'), text.size());
+        const std::wstring line = text.substr(0, end);
+        text.erase(0, end + 1);
+        const size_t equals = line.find(L'=');
+        if (equals != std::wstring::npos && values.contains(line.substr(0, equals)))
+            values[line.substr(0, equals)] = line.substr(equals + 1, line.find(L'\r') - equals - 1);
+    }
+    return values;
+}
+
+std::map<std::wstring, std::wstring> nothingFor(const ObjectFacts& facts)
+{
+    std::map<std::wstring, std::wstring> values;
+    for (const RoutineParameter& parameter : parametersOf(facts))
+        values[parameter.name] = L"NULL";
+    return values;
+}
+
+std::wstring propertiesText(const ObjectFacts& facts)
+{
+    struct Line {
+        const wchar_t* name;
+        std::wstring value;
+    };
+    const Line lines[] = {{L"Name", facts.name},
+                          {L"Schema", facts.schema},
+                          {L"Specific name", facts.specific},
+                          {L"Parameters", facts.parameters},
+                          {L"Result", facts.result},
+                          {L"Language", facts.language},
+                          {L"Package", facts.package},
+                          {L"Table", facts.tableName},
+                          {L"Remark", facts.comment},
+                          {L"Source file", facts.file},
+                          {L"State", facts.dirty ? L"changed since it was built" : L""}};
+    std::wstring text;
+    for (const Line& line : lines)
+        if (!line.value.empty())
+            text += std::wstring(line.name) + L": " + line.value + L"\n";
+    return text;
+}
+
+} // namespace
+
+Session::Place Session::routineOf(int32_t object, std::wstring& source)
+{
+    Place place = placeOf(object);
+    if (!place.facts || !place.connection->database.routinesOf(place.folder->kind))
+        return {};
+    const auto bytes = readBytes(place.facts->file);
+    if (!bytes) {
+        tell(messageFileUnread, {place.facts->file, systemReason(GetLastError())});
+        return place;
+    }
+    source = fromUtf8(*bytes);
+    return place;
+}
+
+// Around work that the user waits for: the caller's window makes room, and comes back at the end.
+void Session::beginTask()
+{
+    m_queue.pushText({L"MINIMIZE_MSWIN", TextType::command, {}});
+}
+
+void Session::endTask()
+{
+    m_queue.pushText({L"RZ_TASK_COMPLETE", TextType::command, {}});
+}
+
+bool Session::showSource(int32_t handle)
+{
+    std::wstring source;
+    const Place place = routineOf(handle, source);
+    if (!place.facts)
+        return false;
+    const auto lines = static_cast<int32_t>(std::count(source.begin(), source.end(), L'\n')) + 1;
+    const size_t lastBreak = source.rfind(L'\n');
+    const auto column = static_cast<int32_t>(source.size() - (lastBreak == std::wstring::npos ? 0 : lastBreak + 1)) + 1;
+    m_queue.pushPayload(Notice::sqlText, SqlPayload{L"", place.facts->file, source, 1, 1, lines, column});
+    return true;
+}
+
+// The database itself checks an SQL definition; what it accepts is kept as the built source. A routine in another
+// language is kept as it is.
+bool Session::build(int32_t handle)
+{
+    std::wstring source;
+    const Place place = routineOf(handle, source);
+    if (!place.facts)
+        return false;
+    const ObjectFacts facts = parseRoutine(source);
+    const std::wstring name = facts.name.empty() ? place.facts->name : facts.name;
+    beginTask();
+    try {
+        if (isSql(facts))
+            for (const std::wstring& statement : statementsOf(source, facts, nothingFor(facts)))
+                place.connection->database.run(L"EXPLAIN " + statement);
+        else if (facts.name.empty())
+            throw OdbcError(L"the source has no CREATE PROCEDURE or CREATE FUNCTION statement");
+        place.connection->database.keepRoutine(name, source);
+        load(*place.connection, *place.folder, true);
+        tell(messageBuilt, {name});
+    } catch (const OdbcError& error) {
+        tell(messageBuildFailed, {name, error.text});
+    }
+    endTask();
+    return true;
+}
+
+bool Session::runSettings(int32_t handle)
+{
+    std::wstring source;
+    const Place place = routineOf(handle, source);
+    if (!place.facts)
+        return false;
+    std::wstring lines;
+    for (const auto& [name, value] : valuesFor(*place.facts))
+        lines += name + L"=" + value + L"\n";
+    const std::wstring file = place.facts->file + settingsEnding;
+    if (fileStamp(file).empty() && !writeBytes(file, toUtf8(lines)))
+        tell(messageFileUnread, {file, systemReason(GetLastError())});
+    else
+        tell(messageRunSettings, {place.facts->name, file, lines});
+    return true;
+}
+
+// All statements or none.
+bool Session::run(int32_t handle)
+{
+    std::wstring source;
+    const Place place = routineOf(handle, source);
+    if (!place.facts)
+        return false;
+    const ObjectFacts facts = *place.facts;
+    Database& database = place.connection->database;
+    if (facts.dirty || !isSql(facts)) {
+        tell(facts.dirty ? messageNotBuilt : messageNoDatabaseCode, {facts.name});
+        return true;
+    }
+    beginTask();
+    try {
+        database.run(L"BEGIN");
+        OdbcConnection::Table last;
+        const std::vector<std::wstring> statements = statementsOf(source, facts, valuesFor(facts));
+        for (const std::wstring& statement : statements)
+            if (OdbcConnection::Table table = database.run(statement); !table.columns.empty())
+                last = std::move(table);
+        database.run(L"COMMIT");
+        if (last.columns.empty())
+            tell(messageRan, {facts.name, std::to_wstring(statements.size())});
+        else
+            tell(messageResult, {facts.name, tableText(last)});
+    } catch (const OdbcError& error) {
+        try {
+            database.run(L"ROLLBACK");
+        } catch (const OdbcError&) {
+            // The transaction did not begin, or the database has ended it already.
+        }
+        tell(messageRunFailed, {facts.name, error.text});
+    }
+    endTask();
+    return true;
+}
+
+bool Session::sampleContents(int32_t handle)
+{
+    const Place place = placeOf(handle);
+    if (!place.facts || (place.folder->kind != kindTableFolder && place.folder->kind != kindViewFolder))
+        return false;
+    std::wstring quoted = L"\"";
+    for (const wchar_t letter : place.facts->name)
+        quoted += letter == L'"' ? L"\"\"" : std::wstring(1, letter);
+    try {
+        tell(messageSample,
+             {place.facts->name,
+              tableText(place.connection->database.run(L"SELECT * FROM " + quoted + L"\"", sampleRows))});
+    } catch (const OdbcError& error) {
+        tell(messageUnreadable, {place.facts->name, error.text});
+    }
+    return true;
+}
+
+bool Session::properties(int32_t handle)
+{
+    std::wstring text;
+    if (const ProjectFacts* facts = project(handle))
+        text = L"Project: " + facts->name + L"\nFile: " + facts->path;
+    else if (const ConnectionState* state = connectionState(handle))
+        text = L"Connection: " + state->database.name() + L"\nDatabase: " + state->database.file() + L"\nState: " +
+               (state->database.connected() ? L"connected" : L"disconnected");
+    else if (const Place place = placeOf(handle); place.facts)
+        text = propertiesText(*place.facts);
+    else
+        return false;
+    tell(messageProperties, {text});
+    return true;
+}
+
+bool Session::drop(int32_t handle)
+{
+    constexpr int32_t answerYes = 6;
+    const Place place = placeOf(handle);
+    if (!place.facts || !place.connection->database.routinesOf(place.folder->kind))
+        return false;
+    ask(m_texts.text(questionDrop, {place.facts->name}), m_texts.text(questionDropButtons),
+        [this, handle](int32_t answer) {
+            if (answer == answerYes)
+                dropNow(handle);
+        });
+    return true;
+}
+
+void Session::dropNow(int32_t handle)
+{
+    const Place place = placeOf(handle);
+    if (!place.facts)
+        return; // it went while the question was open
+    try {
+        place.connection->database.dropRoutine(place.facts->name);
+        removeRoutine(*place.connection, *place.folder, std::wstring(place.facts->key));
+    } catch (const OdbcError& error) {
+        tell(messageDropFailed, {place.facts->name, error.text});
+    }
+}
+
+} // namespace velk::devkit

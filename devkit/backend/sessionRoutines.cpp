@@ -86,6 +86,15 @@ std::wstring propertiesText(const ObjectFacts& facts)
     return text;
 }
 
+void rollBack(Database& database)
+{
+    try {
+        database.run(L"ROLLBACK");
+    } catch (const OdbcError&) {
+        // The transaction did not begin, or the database has ended it already.
+    }
+}
+
 } // namespace
 
 Session::Place Session::routineOf(int32_t object, std::wstring& source)
@@ -137,6 +146,7 @@ bool Session::build(int32_t handle)
     const ObjectFacts facts = parseRoutine(source);
     const std::wstring name = facts.name.empty() ? place.facts->name : facts.name;
     beginTask();
+    std::wstring failure;
     try {
         if (isSql(facts))
             for (const std::wstring& statement : statementsOf(source, facts, nothingFor(facts)))
@@ -144,12 +154,15 @@ bool Session::build(int32_t handle)
         else if (facts.name.empty())
             throw OdbcError(L"the source has no CREATE PROCEDURE or CREATE FUNCTION statement");
         place.connection->database.keepRoutine(name, source);
-        load(*place.connection, *place.folder, true);
-        tell(messageBuilt, {name});
     } catch (const OdbcError& error) {
-        tell(messageBuildFailed, {name, error.text});
+        failure = error.text;
     }
+    load(*place.connection, *place.folder, true);
     endTask();
+    if (failure.empty())
+        tell(messageBuilt, {name});
+    else
+        tell(messageBuildFailed, {name, failure});
     return true;
 }
 
@@ -184,27 +197,26 @@ bool Session::run(int32_t handle)
         return true;
     }
     beginTask();
+    OdbcConnection::Table last;
+    std::wstring failure;
+    const std::vector<std::wstring> statements = statementsOf(source, facts, valuesFor(facts));
     try {
         database.run(L"BEGIN");
-        OdbcConnection::Table last;
-        const std::vector<std::wstring> statements = statementsOf(source, facts, valuesFor(facts));
         for (const std::wstring& statement : statements)
             if (OdbcConnection::Table table = database.run(statement); !table.columns.empty())
                 last = std::move(table);
         database.run(L"COMMIT");
-        if (last.columns.empty())
-            tell(messageRan, {facts.name, std::to_wstring(statements.size())});
-        else
-            tell(messageResult, {facts.name, tableText(last)});
     } catch (const OdbcError& error) {
-        try {
-            database.run(L"ROLLBACK");
-        } catch (const OdbcError&) {
-            // The transaction did not begin, or the database has ended it already.
-        }
-        tell(messageRunFailed, {facts.name, error.text});
+        failure = error.text;
+        rollBack(database);
     }
     endTask();
+    if (!failure.empty())
+        tell(messageRunFailed, {facts.name, failure});
+    else if (last.columns.empty())
+        tell(messageRan, {facts.name, std::to_wstring(statements.size())});
+    else
+        tell(messageResult, {facts.name, tableText(last)});
     return true;
 }
 

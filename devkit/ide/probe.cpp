@@ -192,20 +192,37 @@ std::optional<int> row(HWND list, const std::wstring& firstCell)
     return std::nullopt;
 }
 
-void clickNode(HWND tree, HTREEITEM item, bool right)
+RECT placeOfNode(HWND tree, HTREEITEM item)
 {
     TreeView_EnsureVisible(tree, item);
     RECT place{};
     TreeView_GetItemRect(tree, item, &place, TRUE);
-    click(tree, place, right);
+    return place;
 }
 
-void clickRow(HWND list, int row, bool right)
+RECT placeOfRow(HWND list, int row)
 {
     ListView_EnsureVisible(list, row, FALSE);
     RECT place{};
     ListView_GetItemRect(list, row, &place, LVIR_LABEL);
-    click(list, place, right);
+    return place;
+}
+
+void clickNode(HWND tree, HTREEITEM item, bool right)
+{
+    click(tree, placeOfNode(tree, item), right);
+}
+
+void clickRow(HWND list, int row, bool right)
+{
+    click(list, placeOfRow(list, row), right);
+}
+
+void clickHeader(HWND header, int column)
+{
+    RECT place{};
+    Header_GetItemRect(header, column, &place);
+    click(header, place, false);
 }
 
 } // namespace velk::devkit::probe

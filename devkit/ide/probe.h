@@ -32,8 +32,13 @@ std::vector<std::wstring> cells(HWND list, int row);
 std::optional<int> row(HWND list, const std::wstring& firstCell);
 int rowCount(HWND list);
 
+// Where an item's text stands in its control, scrolled into sight.
+RECT placeOfNode(HWND tree, HTREEITEM item);
+RECT placeOfRow(HWND list, int row);
+
 // A click with a mouse button at the middle of an item, by the messages that the mouse makes.
 void clickNode(HWND tree, HTREEITEM item, bool right);
 void clickRow(HWND list, int row, bool right);
+void clickHeader(HWND header, int column);
 
 } // namespace velk::devkit::probe

@@ -11,7 +11,7 @@ constexpr DWORD pause = 20;
 
 const ScriptCommand& commandOf(const ScriptLine& line)
 {
-    for (const auto commands : {shellCommands(), viewCommands(), fileCommands()})
+    for (const auto commands : {shellCommands(), viewCommands(), menuCommands(), fileCommands()})
         for (const ScriptCommand& row : commands)
             if (line.command == row.name)
                 return row;
@@ -43,7 +43,10 @@ void ScriptRunner::screenshot(const std::wstring& name) const
     if (m_shots.empty())
         return;
     // Whatever was just asked for is painted before the picture is taken.
-    onShell([this] { return RedrawWindow(m_shell.hwnd(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN); });
+    onShell([this] {
+        return RedrawWindow(m_shell.hwnd(), nullptr, nullptr,
+                            RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_UPDATENOW | RDW_ALLCHILDREN);
+    });
     Sleep(150);
     writeScreenshot(m_shell.hwnd(), m_shots + L"\\" + name + L".png");
 }

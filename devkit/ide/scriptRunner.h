@@ -48,6 +48,7 @@ struct ScriptCommand {
 // The commands by what they are about.
 std::span<const ScriptCommand> shellCommands();
 std::span<const ScriptCommand> viewCommands();
+std::span<const ScriptCommand> menuCommands();
 std::span<const ScriptCommand> fileCommands();
 
 } // namespace velk::devkit

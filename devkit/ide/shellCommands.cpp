@@ -66,9 +66,9 @@ void expectMessage(ScriptRunner& script, Text text)
 
 void answer(ScriptRunner& script, Text name)
 {
+    script.expect(
+        L"a message", [] { return probe::dialog() != nullptr; }, [] { return L"none"; });
     const HWND dialog = probe::dialog();
-    if (!dialog)
-        throw ScriptFailure(L"no message is open");
     if (name == L"escape") {
         PostMessageW(dialog, WM_KEYDOWN, VK_ESCAPE, 0);
         PostMessageW(dialog, WM_KEYUP, VK_ESCAPE, 0);

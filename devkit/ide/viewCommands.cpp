@@ -109,6 +109,14 @@ void expectRow(ScriptRunner& script, Text rest)
     script.expect(L"a row " + rest, isThere, [&] { return rowsText(window); });
 }
 
+void expectFirstRow(ScriptRunner& script, Text name)
+{
+    const HWND window = list(script);
+    script.expect(
+        name + L" to be first", [&] { return probe::rowCount(window) > 0 && probe::cells(window, 0).front() == name; },
+        [&] { return rowsText(window); });
+}
+
 void expectNoRow(ScriptRunner& script, Text name)
 {
     const HWND window = list(script);
@@ -150,6 +158,7 @@ constexpr ScriptCommand commands[] = {
     {L"expect-nodes",   expectNodes},
     {L"expect-columns", expectColumns},
     {L"expect-row",     expectRow},
+    {L"expect-first-row", expectFirstRow},
     {L"expect-no-row",  expectNoRow},
     {L"expect-rows",    expectRows},
     {L"select-row",     selectRow},

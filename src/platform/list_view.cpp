@@ -56,6 +56,9 @@ void list_view::setColumns(const std::vector<std::wstring>& headers)
         send(LVM_INSERTCOLUMNW, static_cast<WPARAM>(m_columns), reinterpret_cast<LPARAM>(&column));
         ++m_columns;
     }
+    // A header without columns may keep the picture of those that it had; a list without columns needs none.
+    const LONG style = GetWindowLongW(hwnd(), GWL_STYLE);
+    SetWindowLongW(hwnd(), GWL_STYLE, m_columns == 0 ? style | LVS_NOCOLUMNHEADER : style & ~LVS_NOCOLUMNHEADER);
 }
 
 void list_view::removeColumns()

@@ -114,6 +114,7 @@ TEST_F(svrViewCtlTest, connectionNode_hasNoColumns)
     tree().select(L"K23");
     tree().select(L"K10");
     EXPECT_EQ(list().view().columnCount(), 0);
+    EXPECT_EQ(Header_GetItemCount(reinterpret_cast<HWND>(list().view().send(LVM_GETHEADER))), 0);
 }
 
 TEST_F(svrViewCtlTest, removedSelectedConnection_emptiesTheList)

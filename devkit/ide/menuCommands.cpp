@@ -1,0 +1,202 @@
+// What a script does with context menus and keys: by the mouse and the keyboard, as a user would.
+#include "devkit/ide/probe.h"
+#include "devkit/ide/scriptRunner.h"
+
+#include <commctrl.h>
+
+namespace velk::devkit {
+namespace {
+
+using Text = const std::wstring&;
+
+constexpr UINT getMenuMessage = 0x01E1; // MN_GETHMENU of the system's menu windows
+constexpr const wchar_t* menuClass = L"#32768";
+
+std::wstring captionOf(HMENU menu, int place)
+{
+    wchar_t text[256] = L"";
+    MENUITEMINFOW item{};
+    item.cbSize = sizeof item;
+    item.fMask = MIIM_FTYPE | MIIM_STRING;
+    item.dwTypeData = text;
+    item.cch = 256;
+    GetMenuItemInfoW(menu, static_cast<UINT>(place), TRUE, &item);
+    return item.fType & MFT_SEPARATOR ? L"-" : withoutMarks(text);
+}
+
+HMENU openMenu()
+{
+    const HWND window = probe::topWindow(menuClass);
+    return window ? reinterpret_cast<HMENU>(SendMessageW(window, getMenuMessage, 0, 0)) : nullptr;
+}
+
+// All captions, a disabled item in parentheses.
+std::wstring menuText(HMENU menu)
+{
+    std::wstring text;
+    for (int place = 0; menu && place < GetMenuItemCount(menu); ++place) {
+        const std::wstring caption = captionOf(menu, place);
+        const bool isGray = (GetMenuState(menu, static_cast<UINT>(place), MF_BYPOSITION) & MF_GRAYED) != 0;
+        text += (place == 0 ? L"" : L"|") + (isGray ? L"(" + caption + L")" : caption);
+    }
+    return text;
+}
+
+void expectMenu(ScriptRunner& script, Text wanted)
+{
+    const auto shown = [] { return menuText(openMenu()); };
+    script.expect(
+        L"a menu " + wanted, [&] { return shown() == wanted; }, shown);
+}
+
+void pressKey(WORD key)
+{
+    INPUT inputs[2]{};
+    for (INPUT& input : inputs) {
+        input.type = INPUT_KEYBOARD;
+        input.ki.wVk = key;
+        input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
+        const bool isArrow = key >= VK_LEFT && key <= VK_DOWN;
+        input.ki.dwFlags = isArrow || key == VK_DELETE ? KEYEVENTF_EXTENDEDKEY : 0;
+    }
+    inputs[1].ki.dwFlags |= KEYEVENTF_KEYUP;
+    SendInput(2, inputs, sizeof(INPUT));
+    Sleep(15);
+}
+
+// How often Down brings the user from nothing to the item; 0 when there is none of that caption.
+int stepsTo(HMENU menu, Text caption)
+{
+    int steps = 0;
+    for (int place = 0; menu && place < GetMenuItemCount(menu); ++place) {
+        const std::wstring text = captionOf(menu, place);
+        steps += text == L"-" ? 0 : 1;
+        if (text == caption)
+            return steps;
+    }
+    return 0;
+}
+
+void chooseMenu(ScriptRunner& script, Text path)
+{
+    const std::vector<std::wstring> parts = split(path, L'/');
+    script.expect(
+        L"a menu with " + parts.front(), [&] { return stepsTo(openMenu(), parts.front()) > 0; },
+        [] { return menuText(openMenu()); });
+    HMENU menu = openMenu();
+    for (size_t depth = 0; depth < parts.size(); ++depth) {
+        int steps = stepsTo(menu, parts[depth]);
+        if (steps == 0)
+            throw ScriptFailure(L"the menu has no " + parts[depth] + L": " + menuText(menu));
+        // A submenu opens with its first item selected.
+        for (steps -= depth == 0 ? 0 : 1; steps > 0; --steps)
+            pressKey(VK_DOWN);
+        const bool isLast = depth + 1 == parts.size();
+        pressKey(isLast ? VK_RETURN : VK_RIGHT);
+        for (int place = 0; !isLast && place < GetMenuItemCount(menu); ++place)
+            if (captionOf(menu, place) == parts[depth]) {
+                menu = GetSubMenu(menu, place);
+                break;
+            }
+    }
+    script.expect(
+        L"the menu to go", [] { return !openMenu(); }, [] { return menuText(openMenu()); });
+}
+
+void rightClick(HWND window, const RECT& place)
+{
+    POINT middle{(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+    ClientToScreen(window, &middle);
+    SetCursorPos(middle.x, middle.y);
+    INPUT inputs[2]{};
+    inputs[0].type = inputs[1].type = INPUT_MOUSE;
+    inputs[0].mi.dwFlags = MOUSEEVENTF_RIGHTDOWN;
+    inputs[1].mi.dwFlags = MOUSEEVENTF_RIGHTUP;
+    SendInput(2, inputs, sizeof(INPUT));
+}
+
+HWND control(ScriptRunner& script, const wchar_t* className)
+{
+    return probe::childOfClass(script.shell().hwnd(), className);
+}
+
+void rightClickNode(ScriptRunner& script, Text path)
+{
+    const HWND tree = control(script, WC_TREEVIEWW);
+    script.expect(
+        L"a node " + path, [&] { return probe::node(tree, split(path, L'/')) != nullptr; },
+        [&] { return probe::treeText(tree); });
+    rightClick(tree, probe::placeOfNode(tree, probe::node(tree, split(path, L'/'))));
+}
+
+void rightClickRow(ScriptRunner& script, Text name)
+{
+    const HWND list = control(script, WC_LISTVIEWW);
+    script.expect(
+        L"a row " + name, [&] { return probe::row(list, name).has_value(); }, [] { return L"none"; });
+    rightClick(list, probe::placeOfRow(list, *probe::row(list, name)));
+}
+
+struct KeyRow {
+    const wchar_t* name;
+    WORD key;
+};
+// clang-format off
+constexpr KeyRow keys[] = {
+    {L"tab", VK_TAB}, {L"enter", VK_RETURN}, {L"escape", VK_ESCAPE}, {L"delete", VK_DELETE}, {L"f5", VK_F5},
+    {L"up", VK_UP}, {L"down", VK_DOWN}, {L"left", VK_LEFT}, {L"right", VK_RIGHT}, {L"menu", VK_APPS},
+};
+// clang-format on
+
+void pressNamed(ScriptRunner&, Text name)
+{
+    for (const KeyRow& row : keys)
+        if (name == row.name)
+            return pressKey(row.key);
+    throw ScriptFailure(L"there is no key " + name);
+}
+
+void clickHeader(ScriptRunner& script, Text caption)
+{
+    const HWND list = control(script, WC_LISTVIEWW);
+    const HWND header = ListView_GetHeader(list);
+    const std::vector<std::wstring> columns = probe::columns(list);
+    for (size_t index = 0; index < columns.size(); ++index)
+        if (columns[index] == caption)
+            return probe::clickHeader(header, static_cast<int>(index));
+    throw ScriptFailure(L"there is no column " + caption);
+}
+
+// In a file dialog: the name, and OK.
+void fileDialog(ScriptRunner& script, Text path)
+{
+    const auto edit = [] { return probe::dialog() ? probe::childOfClass(probe::dialog(), L"Edit") : nullptr; };
+    script.expect(
+        L"a file dialog", [&] { return edit() != nullptr; }, [] { return L"none"; });
+    const HWND dialog = probe::dialog();
+    SendMessageW(edit(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
+    PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+    script.expect(
+        L"the file dialog to go", [&] { return probe::dialog() != dialog; }, [&] { return probe::dialogText(dialog); });
+}
+
+// clang-format off
+constexpr ScriptCommand commands[] = {
+    {L"right-click-node", rightClickNode},
+    {L"right-click-row",  rightClickRow},
+    {L"expect-menu",      expectMenu},
+    {L"choose-menu",      chooseMenu},
+    {L"press",            pressNamed},
+    {L"click-header",     clickHeader},
+    {L"file-dialog",      fileDialog},
+};
+// clang-format on
+
+} // namespace
+
+std::span<const ScriptCommand> menuCommands()
+{
+    return commands;
+}
+
+} // namespace velk::devkit

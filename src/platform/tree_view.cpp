@@ -2,6 +2,8 @@
 
 #include "platform/error.h"
 
+#include <cstring>
+
 namespace velk {
 
 tree_view::tree_view(HWND parent)
@@ -108,7 +110,9 @@ const TreeNode* tree_view::nodeAt(POINT place) const noexcept
 RECT tree_view::placeOfSelected() const noexcept
 {
     RECT place{};
-    *reinterpret_cast<HTREEITEM*>(&place) = reinterpret_cast<HTREEITEM>(send(TVM_GETNEXTITEM, TVGN_CARET, 0));
+    // The message takes the item where it leaves the rectangle.
+    const LRESULT item = send(TVM_GETNEXTITEM, TVGN_CARET, 0);
+    std::memcpy(&place, &item, sizeof item);
     if (!send(TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&place)))
         place = {};
     return place;

@@ -89,7 +89,7 @@ std::vector<std::string> IdeRun::lines(const std::wstring& name) const
 DWORD IdeRun::run(const std::string& script, const std::wstring& options)
 {
     write(path(L"test.script"), script);
-    return runFile(path(L"test.script"), options);
+    return runFile(path(L"test.script"), L"--hidden " + options);
 }
 
 DWORD IdeRun::runFile(const std::wstring& scriptPath, const std::wstring& options)
@@ -98,7 +98,7 @@ DWORD IdeRun::runFile(const std::wstring& scriptPath, const std::wstring& option
     const std::wstring said = path(L"output.txt");
     const HANDLE out = CreateFileW(said.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited,
                                    CREATE_ALWAYS, 0, nullptr);
-    std::wstring command = L"\"" + path(L"velkide.exe") + L"\" --hidden --script \"" + scriptPath + L"\" --journal \"" +
+    std::wstring command = L"\"" + path(L"velkide.exe") + L"\" --script \"" + scriptPath + L"\" --journal \"" +
                            path(L"ide.journal") + L"\" --define \"SAMPLE=" + m_folder + L"\" --define \"JOURNAL=" +
                            path(L"backend.journal") + L"\" " + options;
     STARTUPINFOW start{};

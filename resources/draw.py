@@ -179,7 +179,7 @@ def events_face():
     return image
 
 
-FACES = {100: entry_face, 103: command_face, 105: control_face, 107: assist_face, 109: explain_face, 111: help_face,
+FACES = {100: entry_face, 103: control_face, 105: assist_face, 107: explain_face, 109: command_face, 111: help_face,
          113: events_face, 115: development_face}
 
 

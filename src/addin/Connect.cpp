@@ -2,6 +2,7 @@
 
 #include "addin/commandBarEntry.h"
 #include "addin/startFailure.h"
+#include "addin/traceSettings.h"
 #include "backend/texts.h"
 #include "platform/automation.h"
 #include "platform/text.h"
@@ -35,6 +36,7 @@ void setUiFont()
 
 HRESULT Connect::OnConnection(IDispatch* Application, ext_ConnectMode, IDispatch* AddInInst, SAFEARRAY**) noexcept
 {
+    beginTrace();
     // An add-in that fails here would be thrown out; with a part of it built it can at least be unloaded cleanly.
     swallow(L"Connect.OnConnection", L"the add-in stays loaded with what was set up",
             [&] { AddinInstance_OnConnection(Application, AddInInst); });
@@ -159,6 +161,7 @@ void Connect::AddinInstance_OnDisconnection() noexcept
     MenuHandler.disconnect();
     m_addin.reset();
     m_ide.reset();
+    endTrace();
 }
 
 } // namespace velk

@@ -3,6 +3,9 @@
 #include "devkit/backend/routineSource.h"
 #include "devkit/backend/systemFile.h"
 
+#include <algorithm>
+#include <cwchar>
+
 namespace velk::devkit {
 namespace {
 
@@ -10,6 +13,23 @@ std::wstring baseName(const std::wstring& path)
 {
     const std::wstring file = path.substr(path.find_last_of(L"\\/") + 1);
     return file.substr(0, file.find_last_of(L'.'));
+}
+
+// Procedures that are nowhere but in the folder, as many as the environment asks for: for trying a large one.
+void addMadeUp(std::vector<ObjectFacts>& objects)
+{
+    const long wanted = std::wcstol(environmentText(L"VELK_BACKEND_MANY").c_str(), nullptr, 10);
+    constexpr long most = 1000000;
+    for (long number = 1; number <= std::min(wanted, most); ++number) {
+        ObjectFacts facts;
+        facts.key = L"made up " + std::to_wstring(number);
+        facts.name = L"procedure" + std::to_wstring(number * 7919 % wanted);
+        facts.schema = L"many";
+        facts.parameters = L"IN a_number INTEGER";
+        facts.language = L"SQL";
+        facts.resultSets = static_cast<int32_t>(number % 7);
+        objects.push_back(std::move(facts));
+    }
 }
 
 } // namespace
@@ -63,7 +83,12 @@ std::vector<ObjectFacts> Database::read(int32_t folderKind)
     if (!m_connection)
         return {};
     const auto* routines = routinesOf(folderKind);
-    return routines ? readRoutines(*routines) : m_catalog->objects(*m_connection, folderKind);
+    if (!routines)
+        return m_catalog->objects(*m_connection, folderKind);
+    std::vector<ObjectFacts> objects = readRoutines(*routines);
+    if (folderKind == kindProcedureFolder)
+        addMadeUp(objects);
+    return objects;
 }
 
 std::vector<ObjectFacts> Database::readRoutines(const std::vector<ProjectRoutine>& routines)

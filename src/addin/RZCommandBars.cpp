@@ -78,9 +78,8 @@ void RZCommandBars::addButton(const com_ptr<IDispatch>& control, int32_t caption
     dressEntry(control, caption, face, action);
     const com_ptr<IDispatch> events = automation::getObject(m_ide, L"Events");
     // What the handler does may take the entry away: it works on copies.
-    entry.clicks->connect(
-        automation::getObject(events, L"CommandBarEvents", {variant(control)}), clickEvent,
-        [control](const DISPPARAMS&) { launchAction(automation::get(control, L"OnAction").asText()); });
+    entry.clicks->connect(automation::getObject(events, L"CommandBarEvents", {variant(control)}), clickEvent,
+                          [control](const auto&) { launchAction(automation::get(control, L"OnAction").asText()); });
 }
 
 void RZCommandBars::addToolbar()

@@ -92,6 +92,12 @@ DWORD IdeRun::run(const std::string& script, const std::wstring& options)
     return runFile(path(L"test.script"), L"--hidden " + options);
 }
 
+DWORD IdeRun::runShown(const std::string& script)
+{
+    write(path(L"test.script"), script);
+    return runFile(path(L"test.script"), {});
+}
+
 DWORD IdeRun::runFile(const std::wstring& scriptPath, const std::wstring& options)
 {
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};

@@ -224,5 +224,40 @@ TEST_F(JournalsTest, oneFolder_saysExactlyThisToTheBackend)
                                   "RZTerminate()"}));
 }
 
+TEST_F(JournalsTest, workOnAProcedure_saysExactlyThisToTheBackend)
+{
+    EXPECT_EQ(runShown("open-solution $SAMPLE\\orders.sln\nclick Add-Ins/Rozel Development\n"
+                       "select-node Orders/ORDERS/Stored Procedures\nexpect-rows 4\n"
+                       "right-click-row raise_prices\nchoose-menu Build\nexpect-message was built\nanswer ok\n"
+                       "right-click-row raise_prices\nchoose-menu Drop From Database\nexpect-message Drop\n"
+                       "answer yes\nexpect-rows 3\nselect-row close_order\npress f5\nexpect-rows 3\nwait 300\n"
+                       "right-click-row close_order\nchoose-menu View Source\nwait 300\nunload velkviadd.Connect\n"),
+              0u);
+    Journal calls = backendJournal();
+    std::erase_if(calls, [](const std::string& line) { return line.starts_with("RZProcedureEnumNext"); });
+    EXPECT_THAT(calls, ElementsAreArray({"RZInitialize(3, \"$\\rz\\orders.rzv\", \"\")",
+                                         "RZGetText(900001)",
+                                         "RZProjectDoAccess(\"$\\rz\", \"orders.rzv\", 2)",
+                                         "RZProjectGet(1001)",
+                                         "RZConnectionGet(1002)",
+                                         "RZSetCurrentFolder(1003, 7)",
+                                         "RZProcedureEnumBegin(1003)",
+                                         "RZProcedureEnumEnd(800001)",
+                                         "RZObjectDoAction(1010, 18)",
+                                         "RZGetText(900002)", // make room
+                                         "RZProcedureGet(1010)",
+                                         "RZGetText(900003)", // done
+                                         "RZGetText(900004)", // the message
+                                         "RZObjectDoAction(1010, 22)",
+                                         "RZGetText(900005)", // the question
+                                         "RZButtonDoAction(\"User response\", 6)",
+                                         "RZObjectDoAction(1003, 10)",
+                                         "RZProcedureEnumBegin(1003)",
+                                         "RZProcedureEnumEnd(800002)",
+                                         "RZObjectDoAction(1009, 25)",
+                                         "RZGetSQLText(900006)",
+                                         "RZTerminate()"}));
+}
+
 } // namespace
 } // namespace velk

@@ -90,5 +90,19 @@ TEST_F(LivesTest, traceThatIsNotSwitchedOn_writesNoFile)
     EXPECT_TRUE(lines(L"trace.log").empty());
 }
 
+TEST_F(LivesTest, folderOfAHundredThousandProcedures_opensOrdersAndRefreshes)
+{
+    SetEnvironmentVariableW(L"VELK_BACKEND_MANY", L"100000");
+    SetEnvironmentVariableW(L"VELK_BACKEND_JOURNAL", nullptr);
+    EXPECT_EQ(run("open-solution $SAMPLE\\orders.sln\nclick Add-Ins/Rozel Development\n"
+                  "select-node Orders/ORDERS/Stored Procedures\nexpect-rows 100004\nclick-header Name\n"
+                  "expect-first-row close_order\nclick-header Name\nexpect-first-row stock_report\n"
+                  "select-node Orders/ORDERS/Views\nexpect-rows 4\n"
+                  "select-node Orders/ORDERS/Stored Procedures\nexpect-rows 100004\nexpect-first-row stock_report\n"
+                  "unload velkviadd.Connect\nexpect-module velkviadd.dll unloaded\n"),
+              0u);
+    SetEnvironmentVariableW(L"VELK_BACKEND_MANY", nullptr);
+}
+
 } // namespace
 } // namespace velk

@@ -68,14 +68,20 @@ OdbcConnection::Table Database::run(const std::wstring& sql, size_t mostRows)
     return opened().table(sql, mostRows);
 }
 
-void Database::keepRoutine(const std::wstring& routine, const std::wstring& source)
+void Database::build(const ObjectFacts& facts, const std::wstring& source)
 {
-    m_catalog->keepRoutine(opened(), routine, source);
+    m_catalog->build(opened(), facts, source);
 }
 
-void Database::dropRoutine(const std::wstring& routine)
+std::vector<std::wstring> Database::runStatements(const ObjectFacts& facts, const std::wstring& source,
+                                                  const ParameterValues& values)
 {
-    m_catalog->dropRoutine(opened(), routine);
+    return m_catalog->runStatements(facts, source, values);
+}
+
+void Database::drop(const ObjectFacts& facts)
+{
+    m_catalog->drop(opened(), facts);
 }
 
 std::vector<ObjectFacts> Database::read(int32_t folderKind)

@@ -40,8 +40,11 @@ public:
     }
     // Runs a statement. Throws OdbcError, also when the connection is closed.
     OdbcConnection::Table run(const std::wstring& sql, size_t mostRows = 1000);
-    void keepRoutine(const std::wstring& routine, const std::wstring& source);
-    void dropRoutine(const std::wstring& routine);
+    // The catalog's work on a routine. All throw OdbcError.
+    void build(const ObjectFacts& facts, const std::wstring& source);
+    std::vector<std::wstring> runStatements(const ObjectFacts& facts, const std::wstring& source,
+                                            const ParameterValues& values);
+    void drop(const ObjectFacts& facts);
 
 private:
     OdbcConnection& opened();

@@ -127,6 +127,19 @@ std::vector<RoutineParameter> parametersOf(const ObjectFacts& facts)
     return parameters;
 }
 
+bool isSql(const ObjectFacts& facts)
+{
+    return _wcsicmp(facts.language.c_str(), L"SQL") == 0;
+}
+
+std::map<std::wstring, std::wstring> nothingFor(const ObjectFacts& facts)
+{
+    std::map<std::wstring, std::wstring> values;
+    for (const RoutineParameter& parameter : parametersOf(facts))
+        values[parameter.name] = L"NULL";
+    return values;
+}
+
 std::wstring defaultValue(const RoutineParameter& parameter)
 {
     for (const wchar_t* type : numberTypes)

@@ -16,6 +16,10 @@ struct RoutineParameter {
 // The parameters of a routine in their order, without their direction.
 std::vector<RoutineParameter> parametersOf(const ObjectFacts& facts);
 
+bool isSql(const ObjectFacts& facts);
+// NULL for every parameter: to have statements checked without running them.
+std::map<std::wstring, std::wstring> nothingFor(const ObjectFacts& facts);
+
 // What a parameter gets when nobody says otherwise: 1 for numbers, an empty text for others; as a statement's literal.
 std::wstring defaultValue(const RoutineParameter& parameter);
 

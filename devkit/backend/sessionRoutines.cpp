@@ -15,9 +15,9 @@ namespace {
 constexpr size_t sampleRows = 10;
 constexpr const wchar_t* settingsEnding = L".run";
 
-bool isSql(const ObjectFacts& facts)
+bool isJava(const ObjectFacts& facts)
 {
-    return _wcsicmp(facts.language.c_str(), L"SQL") == 0;
+    return _wcsicmp(facts.language.c_str(), L"Java") == 0;
 }
 
 // Rows as lines, cells apart by bars.
@@ -51,14 +51,6 @@ std::map<std::wstring, std::wstring> valuesFor(const ObjectFacts& facts)
         if (equals != std::wstring::npos && values.contains(line.substr(0, equals)))
             values[line.substr(0, equals)] = line.substr(equals + 1, line.find(L'\r') - equals - 1);
     }
-    return values;
-}
-
-std::map<std::wstring, std::wstring> nothingFor(const ObjectFacts& facts)
-{
-    std::map<std::wstring, std::wstring> values;
-    for (const RoutineParameter& parameter : parametersOf(facts))
-        values[parameter.name] = L"NULL";
     return values;
 }
 
@@ -148,12 +140,9 @@ bool Session::build(int32_t handle)
     beginTask();
     std::wstring failure;
     try {
-        if (isSql(facts))
-            for (const std::wstring& statement : statementsOf(source, facts, nothingFor(facts)))
-                place.connection->database.run(L"EXPLAIN " + statement);
-        else if (facts.name.empty())
+        if (facts.name.empty())
             throw OdbcError(L"the source has no CREATE PROCEDURE or CREATE FUNCTION statement");
-        place.connection->database.keepRoutine(name, source);
+        place.connection->database.build(facts, source);
     } catch (const OdbcError& error) {
         failure = error.text;
     }
@@ -192,14 +181,14 @@ bool Session::run(int32_t handle)
         return false;
     const ObjectFacts facts = *place.facts;
     Database& database = place.connection->database;
-    if (facts.dirty || !isSql(facts)) {
+    if (facts.dirty || isJava(facts)) {
         tell(facts.dirty ? messageNotBuilt : messageNoDatabaseCode, {facts.name});
         return true;
     }
     beginTask();
     OdbcConnection::Table last;
     std::wstring failure;
-    const std::vector<std::wstring> statements = statementsOf(source, facts, valuesFor(facts));
+    const std::vector<std::wstring> statements = database.runStatements(facts, source, valuesFor(facts));
     try {
         database.run(L"BEGIN");
         for (const std::wstring& statement : statements)
@@ -274,7 +263,7 @@ void Session::dropNow(int32_t handle)
     if (!place.facts)
         return; // it went while the question was open
     try {
-        place.connection->database.dropRoutine(place.facts->name);
+        place.connection->database.drop(*place.facts);
         removeRoutine(*place.connection, *place.folder, std::wstring(place.facts->key));
     } catch (const OdbcError& error) {
         tell(messageDropFailed, {place.facts->name, error.text});

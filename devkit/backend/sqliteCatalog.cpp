@@ -1,4 +1,6 @@
 #include "devkit/backend/catalog.h"
+#include "devkit/backend/keptSources.h"
+#include "devkit/backend/routineBody.h"
 
 namespace velk::devkit {
 namespace {
@@ -44,17 +46,25 @@ public:
         return result;
     }
 
-    void keepRoutine(OdbcConnection& connection, const std::wstring& name, const std::wstring& source) override
+    // The database only checks the statements; the routine itself is the tool's.
+    void build(OdbcConnection& connection, const ObjectFacts& facts, const std::wstring& source) override
     {
-        connection.query(L"CREATE TABLE IF NOT EXISTS rozel_routines (name TEXT PRIMARY KEY, source TEXT NOT NULL)");
-        connection.query(L"INSERT OR REPLACE INTO rozel_routines VALUES (" + sqlText(name) + L", " + sqlText(source) +
-                         L")");
+        if (isSql(facts))
+            for (const std::wstring& statement : statementsOf(source, facts, nothingFor(facts)))
+                connection.query(L"EXPLAIN " + statement);
+        keepSource(connection, facts.name, source);
     }
 
-    void dropRoutine(OdbcConnection& connection, const std::wstring& name) override
+    std::vector<std::wstring> runStatements(const ObjectFacts& facts, const std::wstring& source,
+                                            const ParameterValues& values) override
+    {
+        return statementsOf(source, facts, values);
+    }
+
+    void drop(OdbcConnection& connection, const ObjectFacts& facts) override
     {
         if (has(connection, L"rozel_routines"))
-            connection.query(L"DELETE FROM rozel_routines WHERE name = " + sqlText(name));
+            forgetSource(connection, facts.name);
     }
 
     std::wstring changeMark(OdbcConnection& connection) override
@@ -98,11 +108,6 @@ private:
 std::unique_ptr<Catalog> makeSqliteCatalog()
 {
     return std::make_unique<SqliteCatalog>();
-}
-
-std::unique_ptr<Catalog> makeCatalog(const std::wstring&)
-{
-    return makeSqliteCatalog();
 }
 
 } // namespace velk::devkit

@@ -1,0 +1,75 @@
+// A project over PostgreSQL, worked on in the IDE.
+#include "ideRun.h"
+#include "support/folders.h"
+
+#include "devkit/backend/systemFile.h"
+
+namespace velk {
+namespace {
+
+using testing::Contains;
+using testing::HasSubstr;
+using testing::Not;
+
+constexpr const char* start = "open-solution $SAMPLE\\orders.sln\nclick Add-Ins/#1\nexpect-node Orders/ORDERS/Views\n";
+constexpr const char* end = "unload velkviadd.Connect\nexpect-module velkviadd.dll unloaded\n";
+
+class PostgresTest : public test::IdeRun {
+protected:
+    PostgresTest() { test::copyTree(devkit::environmentText(L"VELK_POSTGRES_SAMPLE"), path(L"")); }
+    DWORD work(const std::string& script) { return runShown(start + script + end); }
+    void expectNoBreach() { EXPECT_THAT(backendJournal(), Not(Contains(HasSubstr("BREACH")))); }
+};
+
+TEST_F(PostgresTest, folders_showTheDatabasesOwnObjects)
+{
+    EXPECT_EQ(
+        work("select-node Orders/ORDERS/Tables\nexpect-rows 5\nexpect-row customers|public|*|1|Who buys from us\n"
+             "select-node Orders/ORDERS/Views\nexpect-rows 2\nexpect-row open_orders|public|Orders not yet shipped\n"
+             "select-node Orders/ORDERS/Triggers\nexpect-rows 1\nexpect-row orders_inserted|public|orders|public\n"),
+        0u);
+    expectNoBreach();
+}
+
+TEST_F(PostgresTest, procedure_isBuiltRunAndDropped)
+{
+    EXPECT_EQ(work("select-node Orders/ORDERS/Stored Procedures\nexpect-rows 1\n"
+                   "right-click-row place_order\nchoose-menu Build\nexpect-message place_order was built.\nanswer ok\n"
+                   "right-click-row place_order\nchoose-menu Run\nexpect-message place_order ran: 1 statements.\n"
+                   "answer ok\nselect-node Orders/ORDERS/Views\nexpect-rows 2\n"
+                   "right-click-row open_orders\nchoose-menu Sample Contents\nexpect-message 2 | Ashdown Books\n"
+                   "answer ok\nselect-node Orders/ORDERS/Stored Procedures\nexpect-rows 1\n"
+                   "right-click-row place_order\nchoose-menu Drop From Database\nexpect-message Drop place_order\n"
+                   "answer yes\nexpect-rows 0\n"),
+              0u);
+    expectNoBreach();
+}
+
+TEST_F(PostgresTest, function_tellsItsResult)
+{
+    EXPECT_EQ(work("select-node Orders/ORDERS/User-Defined Functions\nexpect-rows 1\n"
+                   "right-click-row order_total\nchoose-menu Build\nexpect-message order_total was built.\nanswer ok\n"
+                   "right-click-row order_total\nchoose-menu Run\nexpect-message 52.25\nanswer ok\n"),
+              0u);
+    expectNoBreach();
+}
+
+TEST_F(PostgresTest, failedBuild_tellsTheDatabasesOwnWords)
+{
+    EXPECT_EQ(work("select-node Orders/ORDERS/Stored Procedures\nexpect-rows 1\n"
+                   "append-line $SAMPLE\\rz\\routines\\place_order.sql SELECT elephants;\n"
+                   "right-click-row place_order\nchoose-menu Build\nexpect-message place_order was not built\n"
+                   "expect-message column \"elephants\" does not exist\nanswer ok\n"),
+              0u);
+    expectNoBreach();
+}
+
+TEST_F(PostgresTest, disconnectedProject_connectsAgainWithTheNextFolder)
+{
+    EXPECT_EQ(work("select-node Orders/ORDERS/Tables\nexpect-rows 5\nright-click-node Orders/ORDERS\n"
+                   "choose-menu Disconnect\nselect-node Orders/ORDERS/Views\nexpect-rows 2\n"),
+              0u);
+}
+
+} // namespace
+} // namespace velk

@@ -43,7 +43,7 @@ unique_file open(const std::wstring& path, DWORD access, DWORD share, DWORD disp
 }
 
 constexpr wchar_t unfinished[] = L".unfinished";
-constexpr int lockAttempts = 50;
+constexpr int lockAttempts = 20;
 constexpr DWORD lockPause = 100; // milliseconds
 
 } // namespace
@@ -197,7 +197,8 @@ std::wstring fromUtf8(const std::string& bytes)
     const int length = MultiByteToWideChar(CP_UTF8, 0, bytes.data(), narrow, nullptr, 0);
     std::wstring text(static_cast<size_t>(length), L'\0');
     MultiByteToWideChar(CP_UTF8, 0, bytes.data(), narrow, text.data(), length);
-    return text;
+    // Editors like to begin a file with a byte order mark.
+    return text.rfind(L'\xFEFF', 0) == 0 ? text.substr(1) : text;
 }
 
 std::vector<std::wstring> linesOf(const std::wstring& text)

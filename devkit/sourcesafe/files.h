@@ -33,7 +33,7 @@ void remove(const std::wstring& path);
 void makeFolder(const std::wstring& path);
 void setReadOnly(const std::wstring& path, bool readOnly);
 
-// One writer at a time, also among programs: the lock lives as long as its open file. Waits up to five seconds.
+// One writer at a time, also among programs: the lock lives as long as its open file. Waits up to two seconds.
 class Lock {
 public:
     explicit Lock(const std::wstring& path);

@@ -20,6 +20,13 @@ TEST_F(VSSDatabaseTest, userWithoutAPassword_getsIn)
     EXPECT_EQ(automation::get(open(L"bob", L""), L"Username").asText(), L"bob");
 }
 
+TEST_F(VSSDatabaseTest, usersWrittenByAnEditorWithAByteOrderMark_areKnown)
+{
+    files::replace(folder + L"\\vss\\users.txt", "\xEF\xBB\xBF"
+                                                 "eve=x=y\n");
+    EXPECT_EQ(automation::get(open(L"eve", L"x=y"), L"Username").asText(), L"eve");
+}
+
 TEST_F(VSSDatabaseTest, wrongPassword_isRefusedWithoutRepeatingIt)
 {
     const Error error = failureOf([&] { open(L"ann", L"tOp-sEcret"); });

@@ -7,7 +7,8 @@ namespace {
 
 constexpr wchar_t installKey[] = L"Software\\Microsoft\\SourceSafe";
 
-void snapshot(const std::wstring& path, std::set<std::wstring>& lines)
+// The keys and values right below a key, as lines.
+void list(const std::wstring& path, std::set<std::wstring>& lines)
 {
     unique_key key;
     if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, KEY_READ, key.put()) != ERROR_SUCCESS)
@@ -19,14 +20,17 @@ void snapshot(const std::wstring& path, std::set<std::wstring>& lines)
          ++index, length = 512)
         lines.insert(path + L" @ " + name);
     for (DWORD index = 0; RegEnumKeyW(key.get(), index, name, 512) == 0; ++index)
-        snapshot(path + L"\\" + name, lines);
+        lines.insert(path + L"\\" + name);
 }
 
+// The places where a server can leave something.
 std::set<std::wstring> registryNow()
 {
     std::set<std::wstring> lines;
-    snapshot(L"Software\\Classes", lines);
-    snapshot(installKey, lines);
+    list(L"Software\\Classes", lines);
+    list(L"Software\\Classes\\CLSID", lines);
+    list(L"Software\\Microsoft", lines);
+    list(installKey, lines);
     return lines;
 }
 

@@ -117,6 +117,85 @@ def entry_face():
     return image
 
 
+def development_face():
+    image, draw = tile(FACE)
+    cylinder(draw, 2, 2, LIGHT, BLUE)
+    draw.line([(8, 14), (14, 8)], fill=BLACK, width=3)
+    draw.line([(9, 14), (14, 9)], fill=GOLD)
+    draw.polygon([(12, 5), (15, 8), (15, 4)], fill=GREY, outline=BLACK)
+    return image
+
+
+def command_face():
+    image, draw = tile(FACE)
+    draw.rectangle([1, 2, 14, 13], fill=BLACK, outline=DARK)
+    draw.rectangle([1, 2, 14, 4], fill=BLUE)
+    draw.line([(3, 7), (5, 9), (3, 11)], fill=WHITE)
+    draw.line([(7, 11), (11, 11)], fill=WHITE)
+    return image
+
+
+def control_face():
+    image, draw = tile(FACE)
+    draw.rectangle([1, 2, 14, 13], fill=WHITE, outline=BLACK)
+    for x, y in ((4, 9), (8, 5), (12, 7)):
+        draw.line([(x, 4), (x, 11)], fill=GREY)
+        draw.rectangle([x - 1, y, x + 1, y + 1], fill=RED, outline=BLACK)
+    return image
+
+
+def assist_face():
+    image, draw = tile(FACE)
+    page(draw)
+    for y in (6, 8, 10):
+        draw.line([(4, y), (10, y)], fill=BLUE)
+    draw.line([(9, 14), (14, 9)], fill=BLACK, width=2)
+    draw.polygon([(8, 15), (9, 12), (11, 14)], fill=YELLOW, outline=BLACK)
+    return image
+
+
+def explain_face():
+    image, draw = tile(FACE)
+    for start, end in (((8, 4), (4, 11)), ((8, 4), (12, 11))):
+        draw.line([start, end], fill=BLACK)
+    for x, y, colour in ((8, 3, YELLOW), (4, 12, LIGHT), (12, 12, LIGHT)):
+        draw.rectangle([x - 3, y - 2, x + 3, y + 2], fill=colour, outline=BLACK)
+    return image
+
+
+def help_face():
+    image, draw = tile(FACE)
+    draw.ellipse([1, 1, 14, 14], fill=BLUE, outline=BLACK)
+    draw.line([(6, 5), (7, 4), (9, 4), (10, 5), (10, 6), (8, 8), (8, 9)], fill=WHITE)
+    draw.line([(8, 11), (8, 12)], fill=WHITE)
+    return image
+
+
+def events_face():
+    image, draw = tile(FACE)
+    draw.rectangle([1, 2, 14, 13], fill=WHITE, outline=BLACK)
+    draw.line([(3, 11), (5, 6), (7, 9), (9, 4), (12, 8)], fill=RED)
+    draw.line([(3, 12), (13, 12)], fill=GREY)
+    return image
+
+
+FACES = {100: entry_face, 103: control_face, 105: assist_face, 107: explain_face, 109: command_face, 111: help_face,
+         113: events_face, 115: development_face}
+
+
+def icon():
+    image = Image.new("RGBA", (64, 64))
+    draw = ImageDraw.Draw(image)
+    draw.rectangle([8, 14, 44, 50], fill=LIGHT, outline=BLUE)
+    draw.ellipse([8, 42, 44, 58], fill=LIGHT, outline=BLUE, width=2)
+    draw.rectangle([10, 14, 42, 50], fill=LIGHT)
+    draw.ellipse([8, 6, 44, 22], fill=WHITE, outline=BLUE, width=2)
+    draw.rectangle([32, 30, 60, 60], fill=WHITE, outline=BLACK, width=2)
+    for y in (38, 45, 52):
+        draw.line([(37, y), (55, y)], fill=RED, width=2)
+    return image
+
+
 def welcome():
     width, height = 396, 355
     image = Image.new("RGB", (width, height))
@@ -156,7 +235,9 @@ def main():
     for place, picture in enumerate(PICTURES):
         strip.paste(picture, (16 * place, 0))
     strip.save(HERE / "serverview.bmp")
-    entry_face().save(HERE / "face100.bmp")
+    for number, face in FACES.items():
+        face().save(HERE / f"face{number}.bmp")
+    icon().save(HERE / "about.ico", sizes=[(16, 16), (32, 32)])
     welcome().save(HERE / "welcome.gif")
 
 

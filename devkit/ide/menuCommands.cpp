@@ -36,7 +36,8 @@ std::wstring menuText(HMENU menu)
     std::wstring text;
     for (int place = 0; menu && place < GetMenuItemCount(menu); ++place) {
         const std::wstring caption = captionOf(menu, place);
-        const bool isGray = (GetMenuState(menu, static_cast<UINT>(place), MF_BYPOSITION) & MF_GRAYED) != 0;
+        const bool isGray =
+            caption != L"-" && (GetMenuState(menu, static_cast<UINT>(place), MF_BYPOSITION) & MF_GRAYED) != 0;
         text += (place == 0 ? L"" : L"|") + (isGray ? L"(" + caption + L")" : caption);
     }
     return text;
@@ -143,7 +144,7 @@ struct KeyRow {
 };
 // clang-format off
 constexpr KeyRow keys[] = {
-    {L"tab", VK_TAB}, {L"enter", VK_RETURN}, {L"escape", VK_ESCAPE}, {L"delete", VK_DELETE}, {L"f5", VK_F5},
+    {L"tab", VK_TAB}, {L"enter", VK_RETURN}, {L"escape", VK_ESCAPE}, {L"delete", VK_DELETE}, {L"f5", VK_F5}, {L"f10", VK_F10},
     {L"up", VK_UP}, {L"down", VK_DOWN}, {L"left", VK_LEFT}, {L"right", VK_RIGHT}, {L"menu", VK_APPS},
 };
 // clang-format on

@@ -7,7 +7,7 @@ void MenuStrip::fill(HMENU menu, const CommandBar& bar)
     for (const auto& control : bar.controls) {
         if (!control->visible)
             continue;
-        if (control->beginGroup)
+        if (control->beginGroup && GetMenuItemCount(menu) > 0)
             AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
         const UINT state = control->enabled ? MF_ENABLED : MF_GRAYED;
         if (control->type == controlPopup) {

@@ -47,6 +47,27 @@ void click(ScriptRunner& script, Text path)
     });
 }
 
+void answer(ScriptRunner& script, Text name);
+
+// For entries that a fault may have kept away, or made useless.
+void clickIfThere(ScriptRunner& script, Text path)
+{
+    if (entryState(script, path) == L"enabled")
+        click(script, path);
+}
+
+void answerAll(ScriptRunner& script, Text name)
+{
+    while (probe::dialog())
+        answer(script, name);
+}
+
+void addBar(ScriptRunner& script, Text name)
+{
+    script.onShell(
+        [&] { return script.shell().dte().bars->add(name, barTop, true)->add(controlButton, 0, true) != nullptr; });
+}
+
 void expectEntry(ScriptRunner& script, Text rest)
 {
     const size_t space = rest.rfind(L' ');
@@ -167,11 +188,14 @@ constexpr ScriptCommand commands[] = {
     {L"open-solution",     openSolution},
     {L"close-solution",    closeSolution},
     {L"click",             click},
+    {L"click-if-there",    clickIfThere},
+    {L"add-bar",           addBar},
     {L"expect-entry",      expectEntry},
     {L"expect-message",    expectMessage},
     {L"expect-no-message", [](ScriptRunner& script, Text) {
          script.expect(L"no message", [] { return !probe::dialog(); }, [] { return probe::dialogText(probe::dialog()); }); }},
     {L"answer",            answer},
+    {L"answer-all",        answerAll},
     {L"expect-window",     expectWindow},
     {L"expect-class",      expectClass},
     {L"expect-module",     expectModule},

@@ -1,10 +1,10 @@
 #include "addin/Connect.h"
 
+#include "addin/commandBarEntry.h"
 #include "addin/startFailure.h"
+#include "addin/traceSettings.h"
 #include "backend/texts.h"
 #include "platform/automation.h"
-#include "platform/clipboard.h"
-#include "platform/picture.h"
 #include "platform/text.h"
 #include "ui/messageBox.h"
 #include "ui/uiFont.h"
@@ -19,7 +19,6 @@ constexpr int32_t entryCaptionText = 200;
 constexpr int32_t noProjectText = 669;
 
 constexpr int16_t entryBarIndex = 13;
-constexpr int32_t controlTypeButton = 1;
 constexpr int entryFace = 100;
 constexpr DISPID clickEvent = 1;
 // The IDE raises no click for a control without an action text; what the text says does not matter to anybody.
@@ -37,6 +36,7 @@ void setUiFont()
 
 HRESULT Connect::OnConnection(IDispatch* Application, ext_ConnectMode, IDispatch* AddInInst, SAFEARRAY**) noexcept
 {
+    beginTrace();
     // An add-in that fails here would be thrown out; with a part of it built it can at least be unloaded cleanly.
     swallow(L"Connect.OnConnection", L"the add-in stays loaded with what was set up",
             [&] { AddinInstance_OnConnection(Application, AddInInst); });
@@ -102,8 +102,7 @@ com_ptr<IDispatch> Connect::addEntry(std::wstring_view caption)
             automation::call(automation::getObject(bar, L"Controls"), L"Add", {variant(controlTypeButton)}).asObject();
         automation::put(entry, L"Caption", variant(caption));
         automation::put(entry, L"OnAction", variant(entryAction));
-        putBitmapOnClipboard(dialogOwner(), loadBitmap(entryFace).get());
-        automation::call(entry, L"PasteFace");
+        pasteFace(entry, entryFace);
     });
     return entry;
 }
@@ -162,6 +161,7 @@ void Connect::AddinInstance_OnDisconnection() noexcept
     MenuHandler.disconnect();
     m_addin.reset();
     m_ide.reset();
+    endTrace();
 }
 
 } // namespace velk

@@ -101,8 +101,12 @@ HRESULT IMgrVI::createRZUI() noexcept
 void IMgrVI::buildUserInterface()
 {
     splashScreen().setProgressBarInterval(splashSteps);
+    constexpr wchar_t why[] = L"the IDE keeps the entries that could be made";
+    m_bars = std::make_unique<RZCommandBars>(m_instance);
     splashScreen().updateProgress(getRZString(barsText));
+    swallow(L"IMgrVI.createRZUI", why, [this] { m_bars->addToolbar(); });
     splashScreen().updateProgress(getRZString(menusText));
+    swallow(L"IMgrVI.createRZUI", why, [this] { m_bars->addMenus(); });
     splashScreen().updateProgress(getRZString(toolWindowText));
     ensureToolWindow();
     splashScreen().updateProgress(getRZString(builtText));
@@ -115,6 +119,7 @@ HRESULT IMgrVI::deleteRZUI() noexcept
     closeSourceSafe();
     unloadSplashScreen();
     swallow(L"IMgrVI.deleteRZUI", L"tear-down goes on with the next step", [this] { removeToolWindow(); });
+    m_bars.reset();
     setMainWindow(nullptr);
     return S_OK;
 }

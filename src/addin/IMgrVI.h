@@ -1,6 +1,7 @@
 #pragma once
 
 #include "addin/IdeWindow.h"
+#include "addin/RZCommandBars.h"
 #include "model/IntegrationMgr.h"
 #include "model/ModelUtilVI.h"
 #include "notify/notificationThreadFrm.h"
@@ -54,6 +55,7 @@ private:
     IdeWindow m_mainWindow;
     com_ptr<ModelUtilVI> m_model;
     std::shared_ptr<notificationThreadFrm> m_pump;
+    std::unique_ptr<RZCommandBars> m_bars;
     std::wstring m_rzFileName;
     int32_t m_ideType = 0;
     bool m_isOpen = false;

@@ -20,8 +20,11 @@ HRESULT passOn(const com_ptr<ModelUtilVI>& model, const wchar_t* where, auto&& r
 
 HRESULT IMgrVI::showDevView() noexcept
 {
-    return atBoundary(L"IMgrVI.showDevView",
-                      [this] { automation::put(ensureToolWindow(), L"Visible", variant(true)); });
+    return atBoundary(L"IMgrVI.showDevView", [this] {
+        automation::put(ensureToolWindow(), L"Visible", variant(true));
+        if (m_bars)
+            m_bars->showViews();
+    });
 }
 
 HRESULT IMgrVI::setRZFileName(BSTR* rzFile) noexcept

@@ -23,7 +23,9 @@ struct BackendCall {
     int32_t onWire(typename Kinds::Wire... arguments) const
     {
         using Routine = int32_t(__stdcall*)(typename Kinds::Wire...);
-        return reinterpret_cast<Routine>(backendAddress(function))(arguments...);
+        const int32_t result = reinterpret_cast<Routine>(backendAddress(function))(arguments...);
+        traceBackendCall(function, result);
+        return result;
     }
 };
 

@@ -1,8 +1,11 @@
 #include "backend/library.h"
 
+#include "platform/boundary.h"
 #include "platform/error.h"
 #include "platform/module.h"
 #include "platform/never_destroyed.h"
+#include "platform/text.h"
+#include "platform/trace.h"
 #include "platform/unique_any.h"
 
 #include <array>
@@ -155,6 +158,18 @@ void* backendAddress(BackendFunction function)
         throw withMore(errorDllEntryPoint,
                        L" " + std::wstring(name, name + std::strlen(name)) + L" in " + std::wstring(libraryName));
     return library.addresses[index];
+}
+
+void traceBackendCall(BackendFunction function, int32_t result) noexcept
+{
+    if (!trace::isOn(trace::Level::calls) || function == BackendFunction::RZGetNotification ||
+        function == BackendFunction::RZGetString)
+        return;
+    swallow(L"trace", L"the add-in works without its log", [&] {
+        const std::string_view name = functionNames[static_cast<size_t>(function)];
+        trace::write(trace::Level::calls,
+                     L"Backend: " + std::wstring(name.begin(), name.end()) + L" gave " + numberText(result));
+    });
 }
 
 void unloadBackend() noexcept

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 namespace velk {
 
 // The functions of the Backend library by name.
@@ -14,6 +16,10 @@ enum class BackendFunction {
 // folder, else from the folders of the program, the system and the search path. Errors 53 (no library), 48 (a
 // library that does not load), 453 (a library without the function); each is tried again with the next call.
 void* backendAddress(BackendFunction function);
+
+// Notes a call and its result in the log, if it is that fine. The polls for notifications and texts are left out: they
+// would bury the rest.
+void traceBackendCall(BackendFunction function, int32_t result) noexcept;
 
 // Lets go of the library. A later call loads it again.
 void unloadBackend() noexcept;

@@ -1,6 +1,7 @@
 #include "platform/automation.h"
 
 #include "platform/error.h"
+#include "platform/trace.h"
 
 #include <algorithm>
 #include <vector>
@@ -99,6 +100,8 @@ variant invoke(IDispatch* object, std::wstring_view member, Access access, const
     UINT badArgument = 0;
     const HRESULT result = object->Invoke(ids[0], IID_NULL, englishUs, row.flags, &parameters,
                                           row.assigns ? nullptr : answer.put(), &exception, &badArgument);
+    if (trace::isOn(trace::Level::calls))
+        trace::write(trace::Level::calls, L"host: " + std::wstring(member) + (SUCCEEDED(result) ? L"" : L" failed"));
     if (result == DISP_E_EXCEPTION)
         throw exception.toError();
     throwIfFailed(result);

@@ -117,6 +117,15 @@ std::wstring Dialog::textOf(HWND window)
     return text;
 }
 
+void Dialog::setIcon(int resource) const noexcept
+{
+    // Shared icons belong to the system.
+    const HANDLE icon =
+        LoadImageW(module::instance(), MAKEINTRESOURCEW(resource), IMAGE_ICON, 0, 0, LR_DEFAULTSIZE | LR_SHARED);
+    SendMessageW(m_hwnd, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon));
+    SendMessageW(m_hwnd, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon));
+}
+
 void Dialog::fillList(int id, const std::vector<std::wstring>& texts) const noexcept
 {
     SendMessageW(item(id), CB_RESETCONTENT, 0, 0);

@@ -58,6 +58,8 @@ public:
     HWND item(int id) const noexcept { return GetDlgItem(m_hwnd, id); }
     std::wstring caption() const { return textOf(m_hwnd); }
     void setCaption(const std::wstring& text) const noexcept { SetWindowTextW(m_hwnd, text.c_str()); }
+    // An icon resource of this module.
+    void setIcon(int resource) const noexcept;
     std::wstring text(int id) const { return textOf(item(id)); }
     void setText(int id, const std::wstring& text) const noexcept { SetWindowTextW(item(id), text.c_str()); }
     void enable(int id, bool isEnabled) const noexcept { EnableWindow(item(id), isEnabled); }

@@ -1,6 +1,8 @@
 // What the add-in says to the IDE and to the Backend, call by call.
 #include "ideRun.h"
 
+#include <span>
+
 namespace velk {
 namespace {
 
@@ -30,7 +32,7 @@ constexpr const char* connected[] = {
     "CommandBarButton \"Rozel Development\" click connected",
 };
 
-constexpr const char* started[] = {
+constexpr const char* windowMade[] = {
     "DTE.Solution -> Solution",
     "DTE.Solution -> Solution",
     "Solution.Count -> 1",
@@ -39,9 +41,83 @@ constexpr const char* started[] = {
     "\"{5D1C7A3E-2B94-4F6A-9E0B-7C3D8A61F2B5}\", reference) -> Window \"Rozel Server View\"",
     "DTE.Solution -> Solution",
     "Solution.FullName -> \"$\\orders.sln\"",
+};
+
+constexpr const char* started[] = {
     "CommandBarButton \"Rozel Development\".Enabled = False",
     "Window \"Rozel Server View\".Visible = True",
+    "CommandBarPopup \"Views\".Enabled = True",
+    "CommandBarPopup \"Views\".Visible = True",
+    "CommandBarButton \"Server View\".Enabled = True",
+    "CommandBarButton \"Server View\".Visible = True",
+    "CommandBarButton \"Output View\".Enabled = True",
+    "CommandBarButton \"Output View\".Visible = True",
 };
+
+struct ButtonRow {
+    const char* caption;
+    const char* action;
+    bool hasFace;
+};
+constexpr ButtonRow toolbarRows[] = {
+    {"Development Center", "1", true}, {"Control Center", "3", true}, {"SQL Assist", "2", true},
+    {"Visual Explain", "4", true},     {"Command Center", "5", true}, {"Event Analyzer", "10", true},
+    {"Help on Rozel", "6", true},
+};
+constexpr ButtonRow viewRows[] = {{"Server View", "8", false}, {"Output View", "7", false}};
+constexpr ButtonRow toolRows[] = {
+    {"Development Center", "1", true}, {"Control Center", "3", true}, {"SQL Assist", "2", true},
+    {"Visual Explain", "4", true},     {"Command Center", "5", true}, {"Event Analyzer", "10", true},
+};
+constexpr ButtonRow helpRows[] = {
+    {"Product Information", "12", false}, {"Help on Rozel", "6", true}, {"About Velk Development Add-In", "30", false}};
+
+using Journal = std::vector<std::string>;
+
+std::string button(const ButtonRow& row)
+{
+    return "CommandBarButton \"" + std::string(row.caption) + "\"";
+}
+
+// How one entry comes into being on a bar: added, dressed, listened to.
+Journal added(const ButtonRow& row, const std::string& bar, const std::string& controls, const std::string& arguments)
+{
+    Journal lines{bar + ".Controls -> " + controls, controls + ".Add(" + arguments + ") -> CommandBarButton \"\"",
+                  "CommandBarButton \"\".Caption = \"" + std::string(row.caption) + "\""};
+    if (row.hasFace)
+        lines.push_back(button(row) + ".PasteFace");
+    lines.push_back(button(row) + ".OnAction = \"" + row.action + "\"");
+    lines.push_back("DTE.Events -> Events");
+    lines.push_back("Events.CommandBarEvents(" + button(row) + ") -> CommandBarEvents");
+    lines.push_back(button(row) + " click connected");
+    return lines;
+}
+
+// The search for a menu among those of the menu bar, up to the last one that is looked at.
+Journal menuSearched(int count)
+{
+    constexpr const char* menus[] = {"&File",    "&Edit",   "&View", "&Project", "&Tools",
+                                     "&Add-Ins", "&Window", "&Help", "Rozel"};
+    Journal lines{"DTE.CommandBars -> CommandBars", "CommandBars.ActiveMenuBar -> CommandBar \"MenuBar\"",
+                  "CommandBar \"MenuBar\".Controls -> CommandBar \"MenuBar\".Controls",
+                  "CommandBar \"MenuBar\".Controls.Count -> " + std::to_string(count)};
+    for (int number = 1; number <= count; ++number) {
+        const std::string menu = "CommandBarPopup \"" + std::string(menus[number - 1]) + "\"";
+        lines.push_back("CommandBar \"MenuBar\".Controls.Item(" + std::to_string(number) + ") -> " + menu);
+        lines.push_back(menu + ".Caption -> \"" + menus[number - 1] + "\"");
+    }
+    return lines;
+}
+
+Journal removed(std::span<const ButtonRow> rows)
+{
+    Journal lines;
+    for (size_t left = rows.size(); left > 0; --left) {
+        lines.push_back(button(rows[left - 1]) + " click disconnected");
+        lines.push_back(button(rows[left - 1]) + ".Delete");
+    }
+    return lines;
+}
 
 std::vector<std::string> joined(std::initializer_list<std::vector<std::string>> parts)
 {
@@ -55,6 +131,43 @@ template <size_t size>
 std::vector<std::string> table(const char* const (&rows)[size])
 {
     return {rows, rows + size};
+}
+
+Journal toolbarMade()
+{
+    Journal lines{"DTE.CommandBars -> CommandBars",
+                  "CommandBars.Item(\"Rozel\") failed: Invalid procedure call or argument",
+                  "CommandBars.Add(\"Rozel\", 1, False, True) -> CommandBar \"Rozel\""};
+    for (const ButtonRow& row : toolbarRows)
+        lines = joined({lines, added(row, "CommandBar \"Rozel\"", "CommandBar \"Rozel\".Controls", "1")});
+    lines.push_back("CommandBar \"Rozel\".Visible = True");
+    return lines;
+}
+
+Journal menusMade()
+{
+    constexpr const char* here = "CommandBar \"\".Controls";
+    constexpr const char* temporary = "1, , , , True";
+    Journal lines = joined(
+        {menuSearched(8),
+         {"CommandBar \"MenuBar\".Controls -> CommandBar \"MenuBar\".Controls",
+          "CommandBar \"MenuBar\".Controls.Add(10, , , , True) -> CommandBarPopup \"\"",
+          "CommandBarPopup \"\".Caption = \"Rozel\"", "CommandBarPopup \"Rozel\".Controls -> CommandBar \"\".Controls",
+          "CommandBar \"\".Controls.Add(10, , , , True) -> CommandBarPopup \"\"",
+          "CommandBarPopup \"\".Caption = \"Views\"", "CommandBarPopup \"Views\".BeginGroup = True"}});
+    for (const ButtonRow& row : viewRows)
+        lines = joined({lines, added(row, "CommandBarPopup \"Views\"", here, temporary)});
+    const auto addGroup = [&](std::span<const ButtonRow> rows) {
+        lines = joined({lines, menuSearched(9)});
+        for (const ButtonRow& row : rows) {
+            lines = joined({lines, added(row, "CommandBarPopup \"Rozel\"", here, temporary)});
+            if (&row == rows.data())
+                lines.push_back(button(row) + ".BeginGroup = True");
+        }
+    };
+    addGroup(toolRows);
+    addGroup(helpRows);
+    return lines;
 }
 
 // Which window handle the IDE told is its own business.
@@ -81,11 +194,20 @@ TEST_F(JournalsTest, startAndEnd_sayExactlyThisToTheIde)
             "expect-class velkviadd.splashscrnFrm absent\nunload velkviadd.Connect\n"),
         0u);
     EXPECT_THAT(withoutHandles(ideJournal()),
-                ElementsAreArray(joined({table(connected),
-                                         table(started),
-                                         {"-- OnDisconnection", "CommandBarButton \"Rozel Development\".Delete",
-                                          "Window \"Rozel Server View\".Close",
-                                          "CommandBarButton \"Rozel Development\" click disconnected"}})));
+                ElementsAreArray(joined(
+                    {table(connected),
+                     table(windowMade),
+                     toolbarMade(),
+                     menusMade(),
+                     table(started),
+                     {"-- OnDisconnection", "CommandBarButton \"Rozel Development\".Delete",
+                      "Window \"Rozel Server View\".Close"},
+                     removed(helpRows),
+                     removed(toolRows),
+                     removed(viewRows),
+                     {"CommandBarPopup \"Views\".Delete", "CommandBarPopup \"Rozel\".Delete"},
+                     removed(toolbarRows),
+                     {"CommandBar \"Rozel\".Delete", "CommandBarButton \"Rozel Development\" click disconnected"}})));
 }
 
 TEST_F(JournalsTest, oneFolder_saysExactlyThisToTheBackend)

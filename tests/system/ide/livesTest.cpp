@@ -68,5 +68,27 @@ TEST_F(LivesTest, keptToolWindow_isFoundAgainAndNeverMadeTwice)
     EXPECT_EQ(countOf("CreateToolWindow", ideJournal()), 1);
 }
 
+TEST_F(LivesTest, traceThatIsSwitchedOn_tellsVersionCallsAndFailures)
+{
+    SetEnvironmentVariableW(L"VELKVIADD_TRACE", (path(L"trace.log") + L";2").c_str());
+    EXPECT_EQ(run("open-solution $SAMPLE\\orders.sln\nclick Add-Ins/Rozel Development\n"
+                  "expect-node Orders/ORDERS/Views\nunload velkviadd.Connect\n",
+                  L"--fail CommandBarControl.PasteFace"),
+              0u);
+    SetEnvironmentVariableW(L"VELKVIADD_TRACE", nullptr);
+    const auto lines = this->lines(L"trace.log");
+    ASSERT_FALSE(lines.empty());
+    EXPECT_NE(lines.front().find("velkviadd 1.0.0 in"), std::string::npos);
+    EXPECT_GT(countOf("Backend: RZInitialize gave 1", lines), 0);
+    EXPECT_GT(countOf("host: CreateToolWindow", lines), 0);
+    EXPECT_GT(countOf("was told to fail", lines), 0);
+}
+
+TEST_F(LivesTest, traceThatIsNotSwitchedOn_writesNoFile)
+{
+    EXPECT_EQ(run("unload velkviadd.Connect\n"), 0u);
+    EXPECT_TRUE(lines(L"trace.log").empty());
+}
+
 } // namespace
 } // namespace velk

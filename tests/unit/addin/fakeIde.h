@@ -33,7 +33,12 @@ struct FakeIde {
             ->value(L"Solution", asVariant(solution))
             ->value(L"MainWindow", asVariant(mainWindow))
             ->value(L"Windows", asVariant(windows));
-        bars->function(L"Item", [this](const std::vector<variant>&) { return asVariant(bar); });
+        // No toolbar of any name is there, and none can be added.
+        bars->function(L"Item", [this](const std::vector<variant>& arguments) {
+            if (arguments.at(0).type() == VT_BSTR)
+                throw Error(errorInvalidCall);
+            return asVariant(bar);
+        });
         bar->value(L"Controls", asVariant(controls));
         controls->function(L"Add", [this](const std::vector<variant>&) { return asVariant(entry); });
         entry->value(L"Caption", variant(L""))

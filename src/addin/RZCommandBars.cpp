@@ -1,0 +1,179 @@
+#include "addin/RZCommandBars.h"
+
+#include "addin/commandBarEntry.h"
+#include "backend/texts.h"
+#include "platform/automation.h"
+#include "platform/boundary.h"
+
+#include <cwchar>
+#include <span>
+
+namespace velk {
+namespace {
+
+constexpr DISPID clickEvent = 1;
+constexpr int32_t toolbarNameText = 300;
+constexpr int32_t menuNameText = 201;
+constexpr int32_t positionTop = 1;
+
+struct EntryRow {
+    int32_t caption;
+    int face;
+    const wchar_t* action;
+};
+
+// clang-format off
+constexpr EntryRow toolbarRows[] = {
+    {301, 115, L"1"}, // the first tool's face is another one on its menu; both have been so from the start
+    {303, 103, L"3"},
+    {304, 105, L"2"},
+    {305, 107, L"4"},
+    {302, 109, L"5"},
+    {314, 113, L"10"},
+    {306, 111, L"6"},
+};
+
+constexpr int32_t viewsPopupText = 202;
+constexpr EntryRow viewRows[] = {
+    {203, noFace, L"8"},
+    {204, noFace, L"7"},
+};
+constexpr EntryRow toolRows[] = {
+    {206, 100, L"1"},
+    {208, 103, L"3"},
+    {209, 105, L"2"},
+    {210, 107, L"4"},
+    {207, 109, L"5"},
+    {219, 113, L"10"},
+};
+constexpr EntryRow helpRows[] = {
+    {212, noFace, L"12"},
+    {211, 111,    L"6"},
+    {213, noFace, L"30"},
+};
+// clang-format on
+
+std::wstring plainCaption(std::wstring caption)
+{
+    std::erase(caption, L'&');
+    return caption;
+}
+
+com_ptr<IDispatch> controlsOf(const com_ptr<IDispatch>& bar)
+{
+    return automation::getObject(bar, L"Controls");
+}
+
+com_ptr<IDispatch> addToMenu(const com_ptr<IDispatch>& menu, int32_t type)
+{
+    return automation::call(controlsOf(menu), L"Add", {{}, {{L"Type", variant(type)}, {L"temporary", variant(true)}}})
+        .asObject();
+}
+
+} // namespace
+
+void RZCommandBars::addButton(const com_ptr<IDispatch>& control, int32_t caption, int face, const std::wstring& action)
+{
+    Entry& entry = m_entries.emplace_back(Entry{control, std::make_unique<event_connection>()});
+    dressEntry(control, caption, face, action);
+    const com_ptr<IDispatch> events = automation::getObject(m_ide, L"Events");
+    // What the handler does may take the entry away: it works on copies.
+    entry.clicks->connect(
+        automation::getObject(events, L"CommandBarEvents", {variant(control)}), clickEvent,
+        [control](const DISPPARAMS&) { launchAction(automation::get(control, L"OnAction").asText()); });
+}
+
+void RZCommandBars::addToolbar()
+{
+    const com_ptr<IDispatch> bars = automation::getObject(m_ide, L"CommandBars");
+    const std::wstring name = getRZString(toolbarNameText);
+    // One that a crash left behind is used again; its buttons would do nothing any more.
+    swallow(L"RZCommandBars.addToolbar", L"there is usually no such toolbar yet", [&] {
+        m_toolbar = automation::getObject(bars, L"Item", {variant(std::wstring_view(name))});
+        const com_ptr<IDispatch> stale = controlsOf(m_toolbar);
+        for (int32_t left = automation::get(stale, L"Count").asLong(); left > 0; --left)
+            automation::call(automation::getObject(stale, L"Item", {variant(left)}), L"Delete");
+    });
+    if (!m_toolbar)
+        m_toolbar =
+            automation::call(bars, L"Add",
+                             {variant(std::wstring_view(name)), variant(positionTop), variant(false), variant(true)})
+                .asObject();
+    for (const EntryRow& row : toolbarRows) {
+        const com_ptr<IDispatch> button =
+            automation::call(controlsOf(m_toolbar), L"Add", {variant(controlTypeButton)}).asObject();
+        addButton(button, row.caption, row.face, row.action);
+    }
+    automation::put(m_toolbar, L"Visible", variant(true));
+}
+
+com_ptr<IDispatch> RZCommandBars::menuNamed(const std::wstring& caption)
+{
+    const com_ptr<IDispatch> bars = automation::getObject(m_ide, L"CommandBars");
+    const com_ptr<IDispatch> menuBar = automation::getObject(bars, L"ActiveMenuBar");
+    const com_ptr<IDispatch> controls = controlsOf(menuBar);
+    const int32_t count = automation::get(controls, L"Count").asLong();
+    for (int32_t number = 1; number <= count; ++number) {
+        const com_ptr<IDispatch> menu = automation::getObject(controls, L"Item", {variant(number)});
+        const std::wstring found = automation::get(menu, L"Caption").asText();
+        if (_wcsicmp(plainCaption(found).c_str(), plainCaption(caption).c_str()) == 0)
+            return menu;
+    }
+    const com_ptr<IDispatch> added = addToMenu(menuBar, controlTypePopup);
+    m_entries.push_back({added, nullptr});
+    automation::put(added, L"Caption", variant(std::wstring_view(caption)));
+    return added;
+}
+
+void RZCommandBars::addMenus()
+{
+    // Each group asks for the name of the menu that it extends.
+    const com_ptr<IDispatch> viewsMenu = menuNamed(getRZString(menuNameText));
+    const com_ptr<IDispatch> views = addToMenu(viewsMenu, controlTypePopup);
+    m_entries.push_back({views, nullptr});
+    m_views.push_back(views);
+    const std::wstring caption = getRZString(viewsPopupText);
+    automation::put(views, L"Caption", variant(std::wstring_view(caption)));
+    automation::put(views, L"BeginGroup", variant(true));
+    for (const EntryRow& row : viewRows) {
+        m_views.push_back(addToMenu(views, controlTypeButton));
+        addButton(m_views.back(), row.caption, row.face, row.action);
+    }
+    const auto addGroup = [this](std::span<const EntryRow> rows) {
+        const com_ptr<IDispatch> menu = menuNamed(getRZString(menuNameText));
+        for (const EntryRow& row : rows) {
+            const com_ptr<IDispatch> button = addToMenu(menu, controlTypeButton);
+            addButton(button, row.caption, row.face, row.action);
+            if (&row == rows.data())
+                automation::put(button, L"BeginGroup", variant(true));
+        }
+    };
+    addGroup(toolRows);
+    addGroup(helpRows);
+}
+
+void RZCommandBars::showViews()
+{
+    for (const com_ptr<IDispatch>& view : m_views) {
+        automation::put(view, L"Enabled", variant(true));
+        automation::put(view, L"Visible", variant(true));
+    }
+}
+
+void RZCommandBars::remove() noexcept
+{
+    constexpr wchar_t why[] = L"the other entries are still removed";
+    m_views.clear();
+    while (!m_entries.empty()) {
+        const Entry entry = std::move(m_entries.back());
+        m_entries.pop_back();
+        if (entry.clicks)
+            entry.clicks->disconnect();
+        swallow(L"RZCommandBars.remove", why, [&] { automation::call(entry.control, L"Delete"); });
+    }
+    if (const com_ptr<IDispatch> toolbar = std::move(m_toolbar))
+        swallow(L"RZCommandBars.remove", why, [&] { automation::call(toolbar, L"Delete"); });
+    m_ide.reset();
+}
+
+} // namespace velk

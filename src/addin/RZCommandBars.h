@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/com_ptr.h"
+#include "platform/event_sink.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace velk {
+
+// The add-in's toolbar and menu entries on the IDE's command bars, from the start of a session to its end. Each
+// building step throws; what it made until then stays and is removed with the rest.
+class RZCommandBars {
+public:
+    explicit RZCommandBars(com_ptr<IDispatch> ide) : m_ide(std::move(ide)) {}
+    RZCommandBars(const RZCommandBars&) = delete;
+    RZCommandBars& operator=(const RZCommandBars&) = delete;
+    ~RZCommandBars() { remove(); }
+
+    void addToolbar();
+    void addMenus();
+    // The entries of the views group are enabled and visible.
+    void showViews();
+    // Takes everything away again, in reverse; each step is attempted.
+    void remove() noexcept;
+
+private:
+    struct Entry {
+        com_ptr<IDispatch> control;
+        std::unique_ptr<event_connection> clicks; // none for a popup
+    };
+    void addButton(const com_ptr<IDispatch>& control, int32_t caption, int face, const std::wstring& action);
+    com_ptr<IDispatch> menuNamed(const std::wstring& caption);
+
+    com_ptr<IDispatch> m_ide;
+    com_ptr<IDispatch> m_toolbar;
+    std::vector<Entry> m_entries;
+    std::vector<com_ptr<IDispatch>> m_views;
+};
+
+// Carries out the action text of an entry: the about box, one of the tool's applications, or one of the database
+// product's tools. A text that is no number ends it quietly.
+void launchAction(const std::wstring& action) noexcept;
+
+} // namespace velk

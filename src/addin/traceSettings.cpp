@@ -1,0 +1,75 @@
+#include "addin/traceSettings.h"
+
+#include "platform/boundary.h"
+#include "platform/module.h"
+#include "platform/text.h"
+#include "platform/trace.h"
+#include "platform/unique_any.h"
+
+#include <array>
+
+namespace velk {
+namespace {
+
+constexpr wchar_t variableName[] = L"VELKVIADD_TRACE";
+constexpr wchar_t keyPath[] = L"Software\\Velk\\velkviadd";
+constexpr wchar_t valueName[] = L"Trace";
+constexpr wchar_t finerMark[] = L";2";
+constexpr wchar_t version[] = L"velkviadd 1.0.0";
+constexpr size_t settingRoom = 1024; // characters
+
+std::wstring setting()
+{
+    std::array<wchar_t, settingRoom> text{};
+    if (GetEnvironmentVariableW(variableName, text.data(), static_cast<DWORD>(text.size())) != 0)
+        return text.data();
+    unique_key key;
+    auto size = static_cast<DWORD>(sizeof(wchar_t) * (text.size() - 1));
+    if (RegOpenKeyExW(HKEY_CURRENT_USER, keyPath, 0, KEY_READ, key.put()) == ERROR_SUCCESS)
+        RegQueryValueExW(key.get(), valueName, nullptr, nullptr, reinterpret_cast<BYTE*>(text.data()), &size);
+    return text.data();
+}
+
+std::wstring hostName()
+{
+    std::array<wchar_t, MAX_PATH> path{};
+    GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size() - 1));
+    return path.data();
+}
+
+std::wstring lineOf(const Failure& failure)
+{
+    wchar_t result[16];
+    std::swprintf(result, 16, L"0x%08lX", static_cast<unsigned long>(failure.error.result()));
+    std::wstring line = std::wstring(failure.where) + L": " + numberText(failure.error.number()) + L" (" + result +
+                        L") " + failure.error.description();
+    return failure.why.empty() ? line : line + L"; " + std::wstring(failure.why);
+}
+
+} // namespace
+
+void beginTrace() noexcept
+{
+    swallow(L"beginTrace", L"the add-in works without its log", [] {
+        std::wstring path = setting();
+        const bool isFiner = path.ends_with(finerMark);
+        if (isFiner)
+            path.erase(path.size() - std::size(finerMark) + 1);
+        if (path.empty())
+            return;
+        trace::open(path, isFiner ? trace::Level::calls : trace::Level::failures,
+                    std::wstring(version) + L" in " + hostName() + L", code page " +
+                        numberText(static_cast<int32_t>(GetACP())));
+        setFailureObserver([](const Failure& failure) { trace::write(trace::Level::failures, lineOf(failure)); });
+    });
+}
+
+void endTrace() noexcept
+{
+    if (!trace::isOn(trace::Level::failures))
+        return;
+    setFailureObserver(nullptr);
+    trace::close();
+}
+
+} // namespace velk

@@ -23,7 +23,7 @@ ClickSource::~ClickSource()
     std::erase(m_control->sources, this);
 }
 
-void* ClickSource::extraInterface(REFIID iid) noexcept
+void* ClickSource::ownInterface(REFIID iid) noexcept
 {
     return iid == IID_IConnectionPointContainer ? &m_container : nullptr;
 }

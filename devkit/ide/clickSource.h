@@ -20,7 +20,7 @@ protected:
     MemberName memberName(size_t) const override { return {L"", L""}; }
     variant read(size_t, const CallArguments&) override { return {}; }
     void write(size_t, const CallArguments&) override {}
-    void* extraInterface(REFIID iid) noexcept override;
+    void* ownInterface(REFIID iid) noexcept override;
 
 private:
     struct Point : IConnectionPoint {

@@ -6,6 +6,8 @@
 #include "platform/never_destroyed.h"
 #include "ui/messageBox.h"
 
+#include <algorithm>
+
 namespace velk {
 namespace {
 
@@ -47,6 +49,24 @@ std::wstring folderOf(const std::wstring& databaseName, const DatabaseTable& tab
     return {};
 }
 
+// Whether the root has a child of that name; a look that fails counts as no. SourceSafe's names are the same in
+// capitals and small letters.
+bool isBelowRoot(const std::wstring& name)
+{
+    std::vector<std::wstring> names;
+    getSourceSafeProjects(names);
+    return std::any_of(names.begin(), names.end(),
+                       [&](const std::wstring& other) { return lstrcmpiW(other.c_str(), name.c_str()) == 0; });
+}
+
+// The failure as it may be written down: a server that repeats the password in its words is not quoted.
+Error withoutPassword(const Error& error, const std::wstring& password)
+{
+    const bool isRepeated =
+        !password.empty() && (error.description() + error.source()).find(password) != std::wstring::npos;
+    return isRepeated ? Error::fromResult(error.result()) : error;
+}
+
 // A file operation that needs an open database; says so where there is none.
 template <class Operation>
 void onFile(const wchar_t* where, const std::wstring& path, Operation operation)
@@ -74,7 +94,8 @@ bool openSourceSafeDatabase(const std::wstring& userName, const std::wstring& pa
         state().database = database;
         return true;
     } catch (const Error& error) {
-        reportFailure(L"openSourceSafeDatabase", L"the user is told and may try again", error);
+        reportFailure(L"openSourceSafeDatabase", L"the user is told and may try again",
+                      withoutPassword(error, password));
         showMessage(error.description());
         return false;
     }
@@ -104,9 +125,10 @@ void setCurrentProject(const std::wstring& name)
 
 void createSourceSafeProject(const std::wstring& name)
 {
-    // A project that exists already makes this fail; it becomes current all the same.
+    // Whatever becomes of this, the project is made current if it exists.
     swallow(L"createSourceSafeProject", whyQuiet, [&] {
-        automation::call(item(rootSpec), L"NewSubproject", {variant(std::wstring_view(name)), variant(L"")});
+        if (!isBelowRoot(name))
+            automation::call(item(rootSpec), L"NewSubproject", {variant(std::wstring_view(name)), variant(L"")});
     });
     setCurrentProject(name);
 }

@@ -9,7 +9,10 @@
 namespace velk {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
 using Journal = test::FakeObject::Journal;
 
 class VSSAPITest : public testing::Test {
@@ -52,13 +55,6 @@ TEST_F(VSSAPITest, withoutTheServerPath_sourceSafeIsAbsent)
     EXPECT_TRUE(isSourceSafeInstalled());
 }
 
-TEST_F(VSSAPITest, databasesKeyWithoutValues_givesAnEmptyTableAndFalse)
-{
-    DatabaseTable table{{L"old", L"old"}};
-    EXPECT_FALSE(getSourceSafeDatabases(table));
-    EXPECT_TRUE(table.empty());
-}
-
 TEST_F(VSSAPITest, registeredDatabases_areListedInTheirOrder)
 {
     test::FakeSourceSafe::addDatabase(L"Main", L"C:\\vss");
@@ -78,11 +74,6 @@ TEST_F(VSSAPITest, folderNamedNotFound_endsTheList)
     DatabaseTable table;
     EXPECT_TRUE(getSourceSafeDatabases(table));
     EXPECT_EQ(table.size(), 1u);
-}
-
-TEST_F(VSSAPITest, valueBeyondTheLast_isNotFound)
-{
-    EXPECT_EQ(getRegValueByIndex(HKEY_LOCAL_MACHINE, L"Software\\No such key", 0)[1], L"Not Found");
 }
 
 TEST_F(VSSAPITest, opening_givesIniPathUserAndPassword)
@@ -111,6 +102,15 @@ TEST_F(VSSAPITest, password_isInNoFailureReport)
     EXPECT_EQ(failures.descriptions.size(), 1u);
 }
 
+TEST_F(VSSAPITest, passwordThatSourceSafeRepeats_isShownButNotReported)
+{
+    test::FailureLog failures;
+    sourceSafe.database->failing(L"Open", Error(5, L"\"tOp-sEcret\" is wrong", L"tOp-sEcret", E_FAIL));
+    openSourceSafeDatabase(L"ann", L"tOp-sEcret", L"Main", {{L"Main", L"C:\\vss"}});
+    EXPECT_THAT(messages, ElementsAre(L"\"tOp-sEcret\" is wrong|0"));
+    EXPECT_THAT(failures.descriptions, ElementsAre(Not(HasSubstr(L"tOp-sEcret"))));
+}
+
 TEST_F(VSSAPITest, projects_areTheChildrenOfTheRoot)
 {
     logIn();
@@ -131,17 +131,34 @@ TEST_F(VSSAPITest, newProject_isCreatedBelowTheRootAndMadeCurrent)
 {
     logIn();
     createSourceSafeProject(L"New");
-    EXPECT_THAT(sourceSafe.journal,
-                ElementsAre(L"Database.VSSItem(\"$/\", False)", L"Root.NewSubproject(\"New\", \"\")",
-                            L"Database.VSSItem(\"$/New\", False)"));
+    const Journal expected{L"Database.VSSItem(\"$/\", False)", L"Root.NewSubproject(\"New\", \"\")",
+                           L"Database.VSSItem(\"$/New\", False)"};
+    ASSERT_GT(sourceSafe.journal.size(), expected.size()); // before it, the look for one that exists
+    EXPECT_EQ(Journal(sourceSafe.journal.end() - 3, sourceSafe.journal.end()), expected);
 }
 
-TEST_F(VSSAPITest, existingProject_isMadeCurrentAllTheSame)
+TEST_F(VSSAPITest, existingProjectInAnyLetters_isNotCreatedAgainButMadeCurrent)
+{
+    logIn();
+    createSourceSafeProject(L"TOOLS");
+    EXPECT_THAT(sourceSafe.journal, Not(Contains(HasSubstr(L"NewSubproject"))));
+    EXPECT_EQ(sourceSafe.journal.back(), L"Database.VSSItem(\"$/TOOLS\", False)");
+}
+
+TEST_F(VSSAPITest, projectThatCannotBeLookedFor_isCreated)
+{
+    logIn();
+    sourceSafe.root->failing(L"Items", Error(5, L"no rights", L"SourceSafe", E_FAIL));
+    createSourceSafeProject(L"New");
+    EXPECT_THAT(sourceSafe.journal, Contains(L"Root.NewSubproject(\"New\", \"\")"));
+}
+
+TEST_F(VSSAPITest, projectThatCannotBeCreated_isMadeCurrentAllTheSame)
 {
     logIn();
     sourceSafe.root->failing(L"NewSubproject", Error(5, L"exists", L"SourceSafe", E_FAIL));
-    createSourceSafeProject(L"Web");
-    EXPECT_EQ(sourceSafe.journal.back(), L"Database.VSSItem(\"$/Web\", False)");
+    createSourceSafeProject(L"New");
+    EXPECT_EQ(sourceSafe.journal.back(), L"Database.VSSItem(\"$/New\", False)");
     EXPECT_TRUE(messages.empty());
 }
 

@@ -4,6 +4,7 @@
 #include "addin/registration.h"
 #include "backend/library.h"
 #include "platform/dispatch.h"
+#include "scc/VSSAPI.h"
 
 using namespace velk;
 
@@ -32,6 +33,7 @@ STDAPI DllCanUnloadNow() noexcept
     if (module::lockCount() != 0)
         return S_FALSE;
     forgetTypeLibraries();
+    closeSourceSafe();
     unloadBackend();
     setFailureObserver(nullptr);
     return S_OK;

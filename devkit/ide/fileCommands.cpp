@@ -83,6 +83,19 @@ void writeLine(ScriptRunner&, Text rest)
     appendToFile(file, text + L"\n");
 }
 
+void expectFileState(ScriptRunner& script, Text rest)
+{
+    const auto [file, wanted] = fileAndText(rest);
+    const auto state = [&file = file]() -> std::wstring {
+        const DWORD attributes = GetFileAttributesW(file.c_str());
+        return attributes == INVALID_FILE_ATTRIBUTES         ? L"absent"
+               : (attributes & FILE_ATTRIBUTE_READONLY) != 0 ? L"read-only"
+                                                             : L"writable";
+    };
+    script.expect(
+        rest, [&, &wanted = wanted] { return state() == wanted; }, state);
+}
+
 // clang-format off
 constexpr ScriptCommand commands[] = {
     {L"expect-file-text",    expectFileText},
@@ -90,6 +103,7 @@ constexpr ScriptCommand commands[] = {
     {L"expect-journal",      expectJournal},
     {L"expect-no-journal",   expectNoJournal},
     {L"clear-journal",       [](ScriptRunner& script, Text) { script.onShell([] { return recorder().clear(), true; }); }},
+    {L"expect-file-state",   expectFileState},
     {L"copy-file",           copyFile},
     {L"delete-file",         deleteFile},
     {L"append-line",         writeLine},

@@ -44,6 +44,20 @@ BOOL CALLBACK collectTexts(HWND window, LPARAM context) noexcept
     return TRUE;
 }
 
+struct FieldSearch {
+    int left;
+    HWND found = nullptr;
+};
+
+BOOL CALLBACK fieldFound(HWND window, LPARAM context) noexcept
+{
+    FieldSearch& search = *reinterpret_cast<FieldSearch*>(context);
+    if (classOf(window) != L"Edit" || --search.left > 0)
+        return TRUE;
+    search.found = window;
+    return FALSE;
+}
+
 void describe(HWND tree, HTREEITEM item, const std::wstring& above, std::wstring& text)
 {
     for (; item; item = TreeView_GetNextSibling(tree, item)) {
@@ -114,6 +128,13 @@ HWND dialogButton(HWND dialog, const std::wstring& name)
             return child;
     }
     return nullptr;
+}
+
+HWND field(HWND dialog, int number)
+{
+    FieldSearch search{number};
+    EnumChildWindows(dialog, fieldFound, reinterpret_cast<LPARAM>(&search));
+    return search.found;
 }
 
 std::wstring nodeText(HWND tree, HTREEITEM item)

@@ -22,6 +22,8 @@ HWND dialog();
 std::wstring dialogText(HWND dialog);
 // A dialog's button by what it says ("ok", "yes", "no", "cancel", or a caption without regard to "&"); null when none.
 HWND dialogButton(HWND dialog, const std::wstring& name);
+// A dialog's text field by its number from 1 on; null when there are fewer.
+HWND field(HWND dialog, int number);
 
 // Tree and list of the tool window.
 HTREEITEM node(HWND tree, const std::vector<std::wstring>& path);

@@ -105,6 +105,29 @@ void answer(ScriptRunner& script, Text name)
         L"the message to go", [&] { return probe::dialog() != dialog; }, [] { return L"it stays"; });
 }
 
+// Presses a button of a dialog that stays open.
+void answerQuickly(ScriptRunner&, Text name)
+{
+    const HWND dialog = probe::dialog();
+    const HWND button = dialog ? probe::dialogButton(dialog, name) : nullptr;
+    if (!button)
+        throw ScriptFailure(L"there is no such button");
+    PostMessageW(button, BM_CLICK, 0, 0);
+    Sleep(300);
+}
+
+// "N TEXT": writes into the dialog's field of that number; those of combo boxes count, too.
+void fill(ScriptRunner& script, Text rest)
+{
+    const int number = _wtoi(rest.c_str());
+    const size_t space = rest.find(L' ');
+    const std::wstring text = space == std::wstring::npos ? L"" : rest.substr(space + 1);
+    const auto field = [&] { return probe::dialog() ? probe::field(probe::dialog(), number) : nullptr; };
+    script.expect(
+        L"a field " + std::to_wstring(number), [&] { return field() != nullptr; }, [] { return L"none"; });
+    SendMessageW(field(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+}
+
 com_ptr<IdeWindow> windowOf(Dte& dte, Text caption)
 {
     for (const auto& window : dte.windows->open())
@@ -196,6 +219,8 @@ constexpr ScriptCommand commands[] = {
          script.expect(L"no message", [] { return !probe::dialog(); }, [] { return probe::dialogText(probe::dialog()); }); }},
     {L"answer",            answer},
     {L"answer-all",        answerAll},
+    {L"answer-quickly",    answerQuickly},
+    {L"fill",              fill},
     {L"expect-window",     expectWindow},
     {L"expect-class",      expectClass},
     {L"expect-module",     expectModule},

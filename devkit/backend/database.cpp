@@ -68,17 +68,6 @@ OdbcConnection::Table Database::run(const std::wstring& sql, size_t mostRows)
     return opened().table(sql, mostRows);
 }
 
-void Database::build(const ObjectFacts& facts, const std::wstring& source)
-{
-    m_catalog->build(opened(), facts, source);
-}
-
-std::vector<std::wstring> Database::runStatements(const ObjectFacts& facts, const std::wstring& source,
-                                                  const ParameterValues& values)
-{
-    return m_catalog->runStatements(facts, source, values);
-}
-
 void Database::drop(const ObjectFacts& facts)
 {
     m_catalog->drop(opened(), facts);

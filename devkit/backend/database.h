@@ -40,10 +40,13 @@ public:
     }
     // Runs a statement. Throws OdbcError, also when the connection is closed.
     OdbcConnection::Table run(const std::wstring& sql, size_t mostRows = 1000);
-    // The catalog's work on a routine. All throw OdbcError.
-    void build(const ObjectFacts& facts, const std::wstring& source);
-    std::vector<std::wstring> runStatements(const ObjectFacts& facts, const std::wstring& source,
-                                            const ParameterValues& values);
+    // What another thread needs to work on the same database: a connection of its own, and the database's ways. The
+    // functions of both throw OdbcError.
+    struct Workshop {
+        std::wstring connectionString;
+        std::shared_ptr<Catalog> catalog;
+    };
+    Workshop workshop() const { return {m_place.connectionString, m_catalog}; }
     void drop(const ObjectFacts& facts);
 
 private:
@@ -56,7 +59,7 @@ private:
     DatabasePlace m_place;
     std::vector<ProjectRoutine> m_procedures;
     std::vector<ProjectRoutine> m_functions;
-    std::unique_ptr<Catalog> m_catalog;
+    std::shared_ptr<Catalog> m_catalog; // without a state of its own
     std::unique_ptr<OdbcConnection> m_connection;
 };
 

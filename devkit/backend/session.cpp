@@ -27,6 +27,8 @@ Notification Session::about(Notice type, int32_t kind, int32_t handle, const Con
 
 std::optional<Notification> Session::next(bool& more)
 {
+    if (const Worker::Completion completion = m_worker.finished())
+        completion();
     auto notification = m_queue.pop(more);
     if (!notification) {
         watch();

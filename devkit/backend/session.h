@@ -4,6 +4,7 @@
 #include "devkit/backend/handles.h"
 #include "devkit/backend/queue.h"
 #include "devkit/backend/texts.h"
+#include "devkit/backend/worker.h"
 
 #include <functional>
 #include <memory>
@@ -126,6 +127,7 @@ private:
     int32_t m_currentFolder = 0;
     uint64_t m_nextWatch = 0;
     std::deque<std::function<void(int32_t)>> m_questions;
+    Worker m_worker;
     std::wstring m_copied; // the source of the routine that was copied last
 };
 

@@ -5,6 +5,7 @@
 #include "devkit/backend/session.h"
 #include "devkit/backend/sessionState.h"
 #include "devkit/backend/systemFile.h"
+#include "platform/unique_any.h"
 
 #include <algorithm>
 #include <cwchar>
@@ -78,13 +79,40 @@ std::wstring propertiesText(const ObjectFacts& facts)
     return text;
 }
 
-void rollBack(Database& database)
+void rollBack(OdbcConnection& connection)
 {
     try {
-        database.run(L"ROLLBACK");
+        connection.query(L"ROLLBACK");
     } catch (const OdbcError&) {
         // The transaction did not begin, or the database has ended it already.
     }
+}
+
+struct RunResult {
+    std::wstring failure;
+    size_t statements = 0;
+    OdbcConnection::Table last; // the rows that came last
+};
+
+// All statements or none.
+RunResult runRoutine(const Database::Workshop& workshop, const ObjectFacts& facts, const std::wstring& source)
+{
+    constexpr size_t mostRows = 100;
+    RunResult result;
+    try {
+        OdbcConnection connection(workshop.connectionString);
+        const scope_exit ended([&] { rollBack(connection); }); // nothing is left to roll back after a success
+        connection.query(L"BEGIN");
+        for (const std::wstring& statement : workshop.catalog->runStatements(facts, source, valuesFor(facts))) {
+            ++result.statements;
+            if (OdbcConnection::Table table = connection.table(statement, mostRows); !table.columns.empty())
+                result.last = std::move(table);
+        }
+        connection.query(L"COMMIT");
+    } catch (const OdbcError& error) {
+        result.failure = error.text;
+    }
+    return result;
 }
 
 } // namespace
@@ -138,20 +166,24 @@ bool Session::build(int32_t handle)
     const ObjectFacts facts = parseRoutine(source);
     const std::wstring name = facts.name.empty() ? place.facts->name : facts.name;
     beginTask();
-    std::wstring failure;
-    try {
-        if (facts.name.empty())
-            throw OdbcError(L"the source has no CREATE PROCEDURE or CREATE FUNCTION statement");
-        place.connection->database.build(facts, source);
-    } catch (const OdbcError& error) {
-        failure = error.text;
-    }
-    load(*place.connection, *place.folder, true);
-    endTask();
-    if (failure.empty())
-        tell(messageBuilt, {name});
-    else
-        tell(messageBuildFailed, {name, failure});
+    m_worker.add(
+        [this, handle, facts, source, name, workshop = place.connection->database.workshop()]() -> Worker::Completion {
+            std::wstring failure;
+            try {
+                if (facts.name.empty())
+                    throw OdbcError(L"the source has no CREATE PROCEDURE or CREATE FUNCTION statement");
+                OdbcConnection connection(workshop.connectionString);
+                workshop.catalog->build(connection, facts, source);
+            } catch (const OdbcError& error) {
+                failure = error.text;
+            }
+            return [this, handle, name, failure] {
+                if (const Place built = placeOf(handle); built.facts)
+                    load(*built.connection, *built.folder, true);
+                endTask();
+                tell(failure.empty() ? messageBuilt : messageBuildFailed, {name, failure});
+            };
+        });
     return true;
 }
 
@@ -172,7 +204,6 @@ bool Session::runSettings(int32_t handle)
     return true;
 }
 
-// All statements or none.
 bool Session::run(int32_t handle)
 {
     std::wstring source;
@@ -180,32 +211,23 @@ bool Session::run(int32_t handle)
     if (!place.facts)
         return false;
     const ObjectFacts facts = *place.facts;
-    Database& database = place.connection->database;
     if (facts.dirty || isJava(facts)) {
         tell(facts.dirty ? messageNotBuilt : messageNoDatabaseCode, {facts.name});
         return true;
     }
     beginTask();
-    OdbcConnection::Table last;
-    std::wstring failure;
-    const std::vector<std::wstring> statements = database.runStatements(facts, source, valuesFor(facts));
-    try {
-        database.run(L"BEGIN");
-        for (const std::wstring& statement : statements)
-            if (OdbcConnection::Table table = database.run(statement); !table.columns.empty())
-                last = std::move(table);
-        database.run(L"COMMIT");
-    } catch (const OdbcError& error) {
-        failure = error.text;
-        rollBack(database);
-    }
-    endTask();
-    if (!failure.empty())
-        tell(messageRunFailed, {facts.name, failure});
-    else if (last.columns.empty())
-        tell(messageRan, {facts.name, std::to_wstring(statements.size())});
-    else
-        tell(messageResult, {facts.name, tableText(last)});
+    m_worker.add([this, facts, source, workshop = place.connection->database.workshop()]() -> Worker::Completion {
+        RunResult result = runRoutine(workshop, facts, source);
+        return [this, facts, result = std::move(result)] {
+            endTask();
+            if (!result.failure.empty())
+                tell(messageRunFailed, {facts.name, result.failure});
+            else if (result.last.columns.empty())
+                tell(messageRan, {facts.name, std::to_wstring(result.statements)});
+            else
+                tell(messageResult, {facts.name, tableText(result.last)});
+        };
+    });
     return true;
 }
 

@@ -30,10 +30,18 @@ protected:
         RZTerminate();
         EXPECT_THAT(breaches(), IsEmpty());
     }
+    // What an action brings about, also when it takes its time.
     std::vector<std::wstring> act(int32_t handle, int32_t code)
     {
         RZObjectDoAction(handle, code);
-        return notifications();
+        std::vector<std::wstring> all = notifications();
+        const bool isTask = !all.empty() && all.front() == L"2 1 MINIMIZE_MSWIN";
+        for (int tries = 0; isTask && tries < 500 && all.back() == all.front(); ++tries) {
+            Sleep(10);
+            for (std::wstring& line : notifications())
+                all.push_back(std::move(line));
+        }
+        return all;
     }
     std::vector<std::wstring> answer(int32_t button)
     {

@@ -321,6 +321,44 @@ TEST_F(PumpTest, commandTypeNine_isAddedWithAdoTypeZero)
     EXPECT_EQ(journal.back(), L"AddADOCommand(0, p, K, C1, DE1, P)");
 }
 
+// A word that the process's code page has.
+std::wstring foreignWord()
+{
+    return GetACP() == 932 ? L"\x8868\x793A" : L"Gr\u00F6\u00DFe";
+}
+
+TEST_F(PumpTest, messageOutsideAscii_arrivesInTheProcessesCodePage)
+{
+    backend.prompt(foreignWord() + L"\r\n" + foreignWord(), 3);
+    pump->timerThread_Timer();
+    EXPECT_EQ(messages, Lines{foreignWord() + L"\r\n" + foreignWord() + L"|velkviadd"});
+}
+
+TEST_F(PumpTest, messageOf64Kilobytes_isShownWhole)
+{
+    backend.prompt(std::wstring(65536, L'x'), 3);
+    pump->timerThread_Timer();
+    ASSERT_EQ(messages.size(), 1u);
+    EXPECT_EQ(messages[0].size(), 65536u + 10u);
+}
+
+TEST_F(PumpTest, contentsOfAFolderThatIsNotSelected_areNotAskedFor)
+{
+    backend.folders[30] = {};
+    backend.notify(5, 1, 2, 7, 30);
+    pump->timerThread_Timer();
+    EXPECT_EQ(backend.calls, std::vector<std::string>{});
+}
+
+TEST_F(PumpTest, unknownObjectKind_isPassedOver)
+{
+    for (const int32_t type : {5, 6, 7, 8})
+        backend.notify(type, 1, 2, 99, 30);
+    pump->timerThread_Timer();
+    EXPECT_EQ(messages, Lines{});
+    EXPECT_EQ(backend.calls, std::vector<std::string>{});
+}
+
 struct PayloadFailure {
     int32_t type;
     int32_t text;

@@ -106,6 +106,7 @@ void serverViewDoc::UserDocument_InitProperties()
     const UiFont& wanted = uiFont();
     if (m_fontName == wanted.name && m_fontSize == static_cast<float>(wanted.size))
         return;
+    ++m_fontChanges;
     m_fontName = wanted.name;
     m_fontSize = static_cast<float>(wanted.size);
 }

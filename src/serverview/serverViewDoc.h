@@ -32,9 +32,10 @@ public:
     STDMETHODIMP setupGUI() noexcept override;
 
     svrViewCtl* svrViewCtl1() const noexcept { return m_svrViewCtl1.get(); }
-    // The document's font: points, and the times it was set anew.
+    // The document's font (size in points), and how often it was set anew. The document itself shows no text.
     const std::wstring& fontName() const noexcept { return m_fontName; }
     float fontSize() const noexcept { return m_fontSize; }
+    int fontChanges() const noexcept { return m_fontChanges; }
 
 private:
     class DocumentWindow;
@@ -57,6 +58,7 @@ private:
     std::unique_ptr<svrViewCtl> m_svrViewCtl1;
     std::wstring m_fontName = L"MS Sans Serif";
     float m_fontSize = 8.25f;
+    int m_fontChanges = 0;
     bool m_isSetUp = false;
 };
 

@@ -2,7 +2,11 @@
 #include "ideRun.h"
 #include "support/folders.h"
 
+#include "devkit/backend/odbc.h"
+#include "devkit/backend/projectFile.h"
 #include "devkit/backend/systemFile.h"
+
+#include <thread>
 
 namespace velk {
 namespace {
@@ -69,6 +73,32 @@ TEST_F(PostgresTest, disconnectedProject_connectsAgainWithTheNextFolder)
     EXPECT_EQ(work("select-node Orders/ORDERS/Tables\nexpect-rows 5\nright-click-node Orders/ORDERS\n"
                    "choose-menu Disconnect\nselect-node Orders/ORDERS/Views\nexpect-rows 2\n"),
               0u);
+}
+
+// Ends every other connection to the database as soon as the add-in's has shown a folder.
+void endConnectionsWhen(const std::wstring& journal, const std::wstring& connectionString)
+{
+    for (int tries = 0; tries < 300; ++tries) {
+        const auto bytes = devkit::readBytes(journal);
+        if (bytes && bytes->find("RZTableEnumEnd") != std::string::npos)
+            break;
+        Sleep(50);
+    }
+    devkit::OdbcConnection(connectionString)
+        .query(L"SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE pid <> pg_backend_pid() AND datname = "
+               L"current_database()");
+}
+
+TEST_F(PostgresTest, lostConnection_isToldAndTheNodeIsDisconnectedUntilTheNextFolder)
+{
+    const devkit::ProjectFile project = devkit::parseProject(*devkit::readBytes(path(L"rz\\orders.rzv")));
+    std::thread ending(endConnectionsWhen, path(L"backend.journal"), project.connections.front().odbc);
+    EXPECT_EQ(work("select-node Orders/ORDERS/Tables\nexpect-rows 5\nwait 1500\n"
+                   "select-node Orders/ORDERS/Views\nexpect-message was lost\nanswer ok\nexpect-rows 0\n"
+                   "select-node Orders/ORDERS/Tables\nexpect-rows 5\n"),
+              0u);
+    ending.join();
+    expectNoBreach();
 }
 
 } // namespace

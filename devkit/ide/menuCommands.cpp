@@ -2,6 +2,8 @@
 #include "devkit/ide/probe.h"
 #include "devkit/ide/scriptRunner.h"
 
+#include <algorithm>
+
 #include <commctrl.h>
 
 namespace velk::devkit {
@@ -104,15 +106,27 @@ void chooseMenu(ScriptRunner& script, Text path)
         L"the menu to go", [] { return !openMenu(); }, [] { return menuText(openMenu()); });
 }
 
+// A pixel of the screen in the mouse's own units: 65536 for the whole width or height.
+LONG absolute(LONG pixel, int extentMetric)
+{
+    const LONG extent = std::max(GetSystemMetrics(extentMetric), 1);
+    return (pixel * 65536 + extent / 2) / extent;
+}
+
 void rightClick(HWND window, const RECT& place)
 {
     POINT middle{(place.left + place.right) / 2, (place.top + place.bottom) / 2};
     ClientToScreen(window, &middle);
-    SetCursorPos(middle.x, middle.y);
+    // The place goes with each press: a late report of an earlier place by the display cannot come between.
     INPUT inputs[2]{};
-    inputs[0].type = inputs[1].type = INPUT_MOUSE;
-    inputs[0].mi.dwFlags = MOUSEEVENTF_RIGHTDOWN;
-    inputs[1].mi.dwFlags = MOUSEEVENTF_RIGHTUP;
+    for (INPUT& input : inputs) {
+        input.type = INPUT_MOUSE;
+        input.mi.dx = absolute(middle.x, SM_CXSCREEN);
+        input.mi.dy = absolute(middle.y, SM_CYSCREEN);
+        input.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE;
+    }
+    inputs[0].mi.dwFlags |= MOUSEEVENTF_RIGHTDOWN;
+    inputs[1].mi.dwFlags |= MOUSEEVENTF_RIGHTUP;
     SendInput(2, inputs, sizeof(INPUT));
 }
 

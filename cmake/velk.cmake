@@ -45,3 +45,16 @@ function(velk_tests name)
   add_test(NAME ${name} COMMAND ${CMAKE_SOURCE_DIR}/scripts/wine-test $<TARGET_FILE:${name}>)
   set_tests_properties(${name} PROPERTIES TIMEOUT 600)
 endfunction()
+
+# velk_tests_again(<name> <locale>=<code page>...): the same program once more in processes of other ANSI code pages.
+# Wine takes the code page from the locale; scripts/setup makes the locales.
+function(velk_tests_again name)
+  foreach(place IN LISTS ARGN)
+    string(REPLACE "=" ";" place ${place})
+    list(GET place 0 locale)
+    list(GET place 1 code_page)
+    add_test(NAME ${name}_${code_page} COMMAND ${CMAKE_SOURCE_DIR}/scripts/wine-test $<TARGET_FILE:${name}>)
+    set_tests_properties(${name}_${code_page} PROPERTIES TIMEOUT 600 ENVIRONMENT
+      "LC_ALL=${locale}.UTF-8;LOCPATH=${CMAKE_SOURCE_DIR}/build/locale;VELK_EXPECTED_CODE_PAGE=${code_page}")
+  endforeach()
+endfunction()

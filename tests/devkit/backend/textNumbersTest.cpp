@@ -21,16 +21,75 @@ constexpr int32_t asked[] = {
 };
 // clang-format on
 
+devkit::TextTable tableOf(const std::wstring& language)
+{
+    const auto bytes = devkit::readBytes(module::folder() + L"\\texts." + language + L".txt");
+    return devkit::TextTable(bytes ? devkit::fromUtf8(*bytes) : std::wstring());
+}
+
 class TextNumbers : public testing::TestWithParam<int32_t> {};
 
 TEST_P(TextNumbers, number_askedForByTheAddIn_hasAText)
 {
-    const auto bytes = devkit::readBytes(module::folder() + L"\\texts.en.txt");
-    ASSERT_TRUE(bytes);
-    EXPECT_TRUE(devkit::TextTable(devkit::fromUtf8(*bytes)).has(GetParam()));
+    EXPECT_TRUE(tableOf(L"en").has(GetParam()));
 }
 
 INSTANTIATE_TEST_SUITE_P(All, TextNumbers, testing::ValuesIn(asked));
+
+struct Language {
+    const wchar_t* name;
+    UINT codePage;
+};
+
+class Translations : public testing::TestWithParam<Language> {
+protected:
+    const devkit::TextTable english = tableOf(L"en");
+    const devkit::TextTable table = tableOf(GetParam().name);
+};
+
+// What a text shows of the parameters, in their order by number.
+std::wstring parametersOf(const devkit::TextTable& table, int32_t number)
+{
+    const std::wstring text = table.text(number, {L"\x1", L"\x2", L"\x3", L"\x4"});
+    std::wstring shown;
+    for (const wchar_t character : {L'\x1', L'\x2', L'\x3', L'\x4'})
+        if (text.find(character) != std::wstring::npos)
+            shown += character;
+    return shown;
+}
+
+TEST_P(Translations, everyText_isThereWithItsParameters)
+{
+    constexpr int32_t last = 999;
+    for (int32_t number = 1; number <= last; ++number) {
+        EXPECT_EQ(table.has(number), english.has(number)) << number;
+        EXPECT_EQ(parametersOf(table, number), parametersOf(english, number)) << number;
+    }
+}
+
+TEST_P(Translations, everyText_comesThroughTheCodePage)
+{
+    for (int32_t number = 1; number <= 999; ++number) {
+        const std::wstring text = table.text(number);
+        if (text.empty())
+            continue;
+        BOOL lost = FALSE;
+        std::string bytes(text.size() * 2, '\0');
+        const int length =
+            WideCharToMultiByte(GetParam().codePage, WC_NO_BEST_FIT_CHARS, text.data(), static_cast<int>(text.size()),
+                                bytes.data(), static_cast<int>(bytes.size()), nullptr, &lost);
+        EXPECT_GT(length, 0) << number;
+        EXPECT_FALSE(lost) << number;
+    }
+}
+
+std::string nameOfLanguage(const testing::TestParamInfo<Language>& info)
+{
+    return "codePage" + std::to_string(info.param.codePage);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Translations, testing::Values(Language{L"ja", 932}, Language{L"zh", 936}),
+                         nameOfLanguage);
 
 } // namespace
 } // namespace velk::test

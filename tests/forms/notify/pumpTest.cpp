@@ -324,7 +324,7 @@ TEST_F(PumpTest, commandTypeNine_isAddedWithAdoTypeZero)
 // A word that the process's code page has.
 std::wstring foreignWord()
 {
-    return GetACP() == 932 ? L"\x8868\x793A" : L"Gr\u00F6\u00DFe";
+    return GetACP() == 1252 ? L"Gr\u00F6\u00DFe" : L"\x8868\x793A";
 }
 
 TEST_F(PumpTest, messageOutsideAscii_arrivesInTheProcessesCodePage)

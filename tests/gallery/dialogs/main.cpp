@@ -1,5 +1,6 @@
 // Shows dialogs one after the other with the stand-in Backend's texts and writes a picture of each into the folder that
 // is named on the command line.
+#include "backend/texts.h"
 #include "devkit/ide/screenshot.h"
 #include "model/conLstCtl.h"
 #include "platform/error.h"
@@ -78,8 +79,8 @@ int main()
     int count = 0;
     wchar_t** arguments = CommandLineToArgvW(GetCommandLineW(), &count);
     const std::wstring folder = count > 1 ? arguments[1] : L".";
-    uiFont() = {L"MS Sans Serif", 8, 1};
     try {
+        uiFont() = {getRZString(100), std::stoi(getRZString(101)), 1};
         connectionDialogs(folder);
         login(folder);
         splash(folder);

@@ -193,14 +193,6 @@ TEST(wideBeforeNul, sameBytesInASingleByteCodePage_endAtTheNul)
     EXPECT_EQ(beforeNul("ab\x83\0"s + "cd", 1252), L"ab\x0192");
 }
 
-TEST(processCodePage, namedByTheEnvironment_isTheOneOfThisProcess)
-{
-    const char* expected = std::getenv("VELK_EXPECTED_CODE_PAGE");
-    if (!expected)
-        GTEST_SKIP() << "this run expects no code page";
-    EXPECT_EQ(std::to_string(GetACP()), expected);
-}
-
 TEST(asksForMore, onlyAGreaterSize_does)
 {
     trzText record;

@@ -54,6 +54,16 @@ private:
     ULONG_PTR m_token = 0;
 };
 
+void writePicture(HDC source, int left, int top, SIZE size, const std::wstring& path)
+{
+    const unique_memory_dc memory(CreateCompatibleDC(source));
+    const unique_bitmap picture(CreateCompatibleBitmap(source, size.cx, size.cy));
+    const HGDIOBJ before = SelectObject(memory.get(), picture.get());
+    BitBlt(memory.get(), 0, 0, size.cx, size.cy, source, left, top, SRCCOPY);
+    SelectObject(memory.get(), before);
+    Gdiplus().save(picture.get(), path);
+}
+
 } // namespace
 
 void writeScreenshot(HWND window, const std::wstring& path)
@@ -62,14 +72,16 @@ void writeScreenshot(HWND window, const std::wstring& path)
     GetWindowRect(window, &place);
     const HDC screen = GetDC(nullptr);
     const scope_exit released([&] { ReleaseDC(nullptr, screen); });
-    const unique_memory_dc memory(CreateCompatibleDC(screen));
-    const int width = place.right - place.left;
-    const int height = place.bottom - place.top;
-    const unique_bitmap picture(CreateCompatibleBitmap(screen, width, height));
-    const HGDIOBJ before = SelectObject(memory.get(), picture.get());
-    BitBlt(memory.get(), 0, 0, width, height, screen, place.left, place.top, SRCCOPY);
-    SelectObject(memory.get(), before);
-    Gdiplus().save(picture.get(), path);
+    writePicture(screen, place.left, place.top, {place.right - place.left, place.bottom - place.top}, path);
+}
+
+void writeWindowPicture(HWND window, const std::wstring& path)
+{
+    RECT place{};
+    GetWindowRect(window, &place);
+    const HDC own = GetWindowDC(window);
+    const scope_exit released([&] { ReleaseDC(window, own); });
+    writePicture(own, 0, 0, {place.right - place.left, place.bottom - place.top}, path);
 }
 
 } // namespace velk::devkit

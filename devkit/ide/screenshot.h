@@ -10,4 +10,7 @@ namespace velk::devkit {
 // the system cannot do it.
 void writeScreenshot(HWND window, const std::wstring& path);
 
+// The same of what the window itself has painted, whether or not the screen shows it yet.
+void writeWindowPicture(HWND window, const std::wstring& path);
+
 } // namespace velk::devkit

@@ -48,7 +48,7 @@ void ScriptRunner::screenshot(const std::wstring& name) const
                             RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_UPDATENOW | RDW_ALLCHILDREN);
     });
     Sleep(150);
-    writeScreenshot(m_shell.hwnd(), m_shots + L"\\" + name + L".png");
+    writeScreenshot(m_shell.hwnd(), shotPath(name) + L".png");
 }
 
 int ScriptRunner::run(const std::vector<ScriptLine>& lines)

@@ -1,5 +1,6 @@
 // What a script does to the shell: add-ins, the solution, command bars, message boxes, its window.
 #include "devkit/ide/probe.h"
+#include "devkit/ide/stepWatch.h"
 #include "devkit/ide/scriptRunner.h"
 
 namespace velk::devkit {
@@ -203,6 +204,21 @@ void resize(ScriptRunner& script, Text rest)
     script.onShell([&] { return script.shell().resize(width, height), true; });
 }
 
+void watchStepsOf(ScriptRunner& script, Text rest)
+{
+    const size_t space = rest.find(L' ');
+    script.onShell([&] { return watchSteps(rest.substr(0, space), script.shotPath(rest.substr(space + 1))), true; });
+}
+
+void expectSteps(ScriptRunner& script, Text wanted)
+{
+    std::wstring shown;
+    for (const std::wstring& text : script.onShell(endStepWatch))
+        shown += (shown.empty() ? L"" : L"|") + text;
+    if (shown != wanted)
+        throw ScriptFailure(L"the steps were " + shown);
+}
+
 // clang-format off
 constexpr ScriptCommand commands[] = {
     {L"step",              [](ScriptRunner& script, Text text) { script.say(text); }},
@@ -224,6 +240,8 @@ constexpr ScriptCommand commands[] = {
     {L"expect-window",     expectWindow},
     {L"expect-class",      expectClass},
     {L"expect-module",     expectModule},
+    {L"watch-steps",       watchStepsOf},
+    {L"expect-steps",      expectSteps},
     {L"resize",            resize},
     {L"screenshot",        [](ScriptRunner& script, Text name) { script.screenshot(name); }},
     {L"wait",              [](ScriptRunner&, Text time) { Sleep(static_cast<DWORD>(_wtoi(time.c_str()))); }},

@@ -61,8 +61,8 @@ void login(const std::wstring& folder)
 void splash(const std::wstring& folder)
 {
     splashScreen().setProgressBarInterval(6);
-    splashScreen().updateProgress(L"Adding the toolbar...");
-    splashScreen().updateProgress(L"Adding the menus...");
+    splashScreen().updateProgress(getRZString(643));
+    splashScreen().updateProgress(getRZString(644));
     shoot(splashScreen().hwnd(), folder + L"\\splash.png");
     unloadSplashScreen();
 }

@@ -102,7 +102,7 @@ com_ptr<IDispatch> Connect::addEntry(std::wstring_view caption)
             automation::call(automation::getObject(bar, L"Controls"), L"Add", {variant(controlTypeButton)}).asObject();
         automation::put(entry, L"Caption", variant(caption));
         automation::put(entry, L"OnAction", variant(entryAction));
-        pasteFace(entry, entryFace);
+        EntryFaces().paste(entry, entryFace);
     });
     return entry;
 }
@@ -133,7 +133,8 @@ void Connect::start()
     }
     try {
         m_manager->open();
-    } catch (const Error& error) {
+    } catch (...) {
+        const Error error = currentError();
         reportFailure(L"Connect.start", L"the entry stays enabled for another try", error);
         showMessage(startFailureText(error));
         return;

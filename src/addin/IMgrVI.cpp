@@ -7,6 +7,7 @@
 #include "model/conLstCtl.h"
 #include "platform/automation.h"
 #include "platform/module.h"
+#include "platform/unique_any.h"
 #include "scc/VSSAPI.h"
 #include "serverview/serverViewDoc.h"
 #include "ui/messageBox.h"
@@ -26,6 +27,13 @@ constexpr int32_t barsText = 643;
 constexpr int32_t menusText = 644;
 constexpr int32_t toolWindowText = 645;
 constexpr int32_t builtText = 642;
+
+// Takes a window out of the frame that it is docked in.
+void undock(const com_ptr<IDispatch>& window)
+{
+    const com_ptr<IDispatch> frame = automation::getObject(window, L"LinkedWindowFrame");
+    automation::call(automation::getObject(frame, L"LinkedWindows"), L"Remove", {variant(window)});
+}
 
 constexpr int32_t modeOpenProject = 2;
 
@@ -56,7 +64,10 @@ HRESULT IMgrVI::openRZCommunication() noexcept
 std::wstring IMgrVI::solutionFullName()
 {
     const com_ptr<IDispatch> solution = automation::getObject(m_instance, L"Solution");
-    return solution ? automation::get(solution, L"FullName").asText() : std::wstring();
+    // Not every version of the IDE names the file of its solution; the project file then has its name for nameless
+    // ones.
+    const bool isNamed = solution && automation::hasMember(solution.get(), L"FullName");
+    return isNamed ? automation::get(solution, L"FullName").asText() : std::wstring();
 }
 
 void IMgrVI::open()
@@ -73,7 +84,7 @@ void IMgrVI::open()
         m_isOpen = true;
         m_pump = notificationThreadFrm::load();
         m_pump->setIMMgr(IntegrationMgr(com_ptr<_IntegrationMgr>(this)));
-    } catch (const Error&) {
+    } catch (...) {
         swallow(L"IMgrVI.open", L"the failed start is what counts", [this] { closeRZCommunication(); });
         swallow(L"IMgrVI.open", L"the failed start is what counts", [this] { removeToolWindow(); });
         // The file can be replaced by a right one only while nobody holds it; the next click loads it again.
@@ -106,7 +117,8 @@ void IMgrVI::buildUserInterface()
     splashScreen().updateProgress(getRZString(barsText));
     swallow(L"IMgrVI.createRZUI", why, [this] { m_bars->addToolbar(); });
     splashScreen().updateProgress(getRZString(menusText));
-    swallow(L"IMgrVI.createRZUI", why, [this] { m_bars->addMenus(); });
+    for (const auto add : {&RZCommandBars::addViews, &RZCommandBars::addTools, &RZCommandBars::addHelp})
+        swallow(L"IMgrVI.createRZUI", why, [&] { (*m_bars.*add)(); });
     splashScreen().updateProgress(getRZString(toolWindowText));
     ensureToolWindow();
     splashScreen().updateProgress(getRZString(builtText));
@@ -163,12 +175,19 @@ void IMgrVI::removeToolWindow()
     const ServerViewWindow shown = std::exchange(serverViewWindow(), {});
     if (!shown.window)
         return;
+    const scope_exit over([&] {
+        swallow(L"IMgrVI.removeToolWindow", L"a closed document has nothing to give up",
+                [&] { automation::putRef(shown.document, L"IMgr", nullptr); });
+    });
     try {
         automation::call(shown.window, L"Close");
     } catch (const Error&) {
-        // A docked window refuses to be closed; out of sight it goes with the add-in.
-        automation::put(shown.window, L"Visible", variant(false));
-        throw;
+        // A docked window refuses to be closed or hidden; undocked it goes, or at least out of sight.
+        swallow(L"IMgrVI.removeToolWindow", L"a window that cannot be undocked may still be hidden",
+                [&] { undock(shown.window); });
+        if (!swallow(L"IMgrVI.removeToolWindow", L"out of sight the window goes with the add-in",
+                     [&] { automation::call(shown.window, L"Close"); }))
+            automation::put(shown.window, L"Visible", variant(false));
     }
 }
 

@@ -13,11 +13,11 @@ constexpr int32_t stateMinimized = 1;
 
 void IdeWindow::minimize()
 {
-    if (m_remembered)
-        return;
     const int32_t state = automation::get(m_window, windowState).asLong();
     automation::put(m_window, windowState, variant(stateMinimized));
-    m_remembered = state;
+    // A second request in a row must not forget what comes back; after the user brought the window back it counts anew.
+    if (!m_remembered || state != stateMinimized)
+        m_remembered = state;
 }
 
 void IdeWindow::restore()

@@ -4,23 +4,25 @@
 #include "backend/texts.h"
 #include "platform/automation.h"
 #include "platform/boundary.h"
+#include "platform/unique_any.h"
 
 #include <cwchar>
 #include <span>
 
 namespace velk {
-namespace {
-
-constexpr DISPID clickEvent = 1;
-constexpr int32_t toolbarNameText = 300;
-constexpr int32_t menuNameText = 201;
-constexpr int32_t positionTop = 1;
 
 struct EntryRow {
     int32_t caption;
     int face;
     const wchar_t* action;
 };
+
+namespace {
+
+constexpr DISPID clickEvent = 1;
+constexpr int32_t toolbarNameText = 300;
+constexpr int32_t menuNameText = 201;
+constexpr int32_t positionTop = 1;
 
 // clang-format off
 constexpr EntryRow toolbarRows[] = {
@@ -72,10 +74,10 @@ com_ptr<IDispatch> addToMenu(const com_ptr<IDispatch>& menu, int32_t type)
 
 } // namespace
 
-void RZCommandBars::addButton(const com_ptr<IDispatch>& control, int32_t caption, int face, const std::wstring& action)
+void RZCommandBars::addButton(const com_ptr<IDispatch>& control, const EntryRow& row, const EntryFaces& faces)
 {
     Entry& entry = m_entries.emplace_back(Entry{control, std::make_unique<event_connection>()});
-    dressEntry(control, caption, face, action);
+    dressEntry(control, row.caption, faces, row.face, row.action);
     const com_ptr<IDispatch> events = automation::getObject(m_ide, L"Events");
     // What the handler does may take the entry away: it works on copies.
     entry.clicks->connect(automation::getObject(events, L"CommandBarEvents", {variant(control)}), clickEvent,
@@ -98,12 +100,17 @@ void RZCommandBars::addToolbar()
             automation::call(bars, L"Add",
                              {variant(std::wstring_view(name)), variant(positionTop), variant(false), variant(true)})
                 .asObject();
+    // The buttons that could be made are shown although one of them fails.
+    const scope_exit shown([this] {
+        swallow(L"RZCommandBars.addToolbar", L"the menus have the same entries",
+                [this] { automation::put(m_toolbar, L"Visible", variant(true)); });
+    });
+    const EntryFaces faces;
     for (const EntryRow& row : toolbarRows) {
         const com_ptr<IDispatch> button =
             automation::call(controlsOf(m_toolbar), L"Add", {variant(controlTypeButton)}).asObject();
-        addButton(button, row.caption, row.face, row.action);
+        addButton(button, row, faces);
     }
-    automation::put(m_toolbar, L"Visible", variant(true));
 }
 
 com_ptr<IDispatch> RZCommandBars::menuNamed(const std::wstring& caption)
@@ -124,9 +131,8 @@ com_ptr<IDispatch> RZCommandBars::menuNamed(const std::wstring& caption)
     return added;
 }
 
-void RZCommandBars::addMenus()
+void RZCommandBars::addViews()
 {
-    // Each group asks for the name of the menu that it extends.
     const com_ptr<IDispatch> viewsMenu = menuNamed(getRZString(menuNameText));
     const com_ptr<IDispatch> views = addToMenu(viewsMenu, controlTypePopup);
     m_entries.push_back({views, nullptr});
@@ -134,20 +140,33 @@ void RZCommandBars::addMenus()
     const std::wstring caption = getRZString(viewsPopupText);
     automation::put(views, L"Caption", variant(std::wstring_view(caption)));
     automation::put(views, L"BeginGroup", variant(true));
+    const EntryFaces faces;
     for (const EntryRow& row : viewRows) {
         m_views.push_back(addToMenu(views, controlTypeButton));
-        addButton(m_views.back(), row.caption, row.face, row.action);
+        addButton(m_views.back(), row, faces);
     }
-    const auto addGroup = [this](std::span<const EntryRow> rows) {
-        const com_ptr<IDispatch> menu = menuNamed(getRZString(menuNameText));
-        for (const EntryRow& row : rows) {
-            const com_ptr<IDispatch> button = addToMenu(menu, controlTypeButton);
-            addButton(button, row.caption, row.face, row.action);
-            if (&row == rows.data())
-                automation::put(button, L"BeginGroup", variant(true));
-        }
-    };
+}
+
+void RZCommandBars::addGroup(std::span<const EntryRow> rows)
+{
+    // Each group asks for the name of the menu that it extends.
+    const com_ptr<IDispatch> menu = menuNamed(getRZString(menuNameText));
+    const EntryFaces faces;
+    for (const EntryRow& row : rows) {
+        const com_ptr<IDispatch> button = addToMenu(menu, controlTypeButton);
+        addButton(button, row, faces);
+        if (&row == rows.data())
+            automation::put(button, L"BeginGroup", variant(true));
+    }
+}
+
+void RZCommandBars::addTools()
+{
     addGroup(toolRows);
+}
+
+void RZCommandBars::addHelp()
+{
     addGroup(helpRows);
 }
 

@@ -4,10 +4,14 @@
 #include "platform/event_sink.h"
 
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
 namespace velk {
+
+class EntryFaces;
+struct EntryRow; // an entry of the add-in's tables
 
 // The add-in's toolbar and menu entries on the IDE's command bars, from the start of a session to its end. Each
 // building step throws; what it made until then stays and is removed with the rest.
@@ -19,7 +23,9 @@ public:
     ~RZCommandBars() { remove(); }
 
     void addToolbar();
-    void addMenus();
+    void addViews();
+    void addTools();
+    void addHelp();
     // The entries of the views group are enabled and visible.
     void showViews();
     // Takes everything away again, in reverse; each step is attempted.
@@ -30,7 +36,8 @@ private:
         com_ptr<IDispatch> control;
         std::unique_ptr<event_connection> clicks; // none for a popup
     };
-    void addButton(const com_ptr<IDispatch>& control, int32_t caption, int face, const std::wstring& action);
+    void addButton(const com_ptr<IDispatch>& control, const EntryRow& row, const EntryFaces& faces);
+    void addGroup(std::span<const EntryRow> rows);
     com_ptr<IDispatch> menuNamed(const std::wstring& caption);
 
     com_ptr<IDispatch> m_ide;

@@ -95,8 +95,8 @@ void notificationThreadFrm::timerThread_Timer() noexcept
     const auto untilDone = shared_from_this();
     try {
         drain();
-    } catch (const Error& error) {
-        tellFailure(tellError, error);
+    } catch (...) {
+        tellFailure(tellError, currentError());
     }
 }
 
@@ -120,8 +120,8 @@ void notificationThreadFrm::dispatch(const trzNotify& notification)
             continue;
         try {
             row.handler(IntegrationMgr(m_IMMgr), notification);
-        } catch (const Error& error) {
-            tellFailure(row.failureText, error);
+        } catch (...) {
+            tellFailure(row.failureText, currentError());
         }
     }
 }

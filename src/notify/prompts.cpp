@@ -88,8 +88,9 @@ void showPrompt(const trzText& text)
     const PromptLook look = promptLook(text.strButtons);
     const uint32_t asking = notificationThreadFrm::generation();
     const int32_t answer = showMessage(text.strText, look.style, look.title);
-    // The IDE can unload the add-in while the box is open; the session that asked is over then.
-    if (notificationThreadFrm::generation() != asking)
+    // The IDE can unload the add-in while the box is open; the session that asked is over then. A box that could not be
+    // shown has no answer.
+    if (answer == 0 || notificationThreadFrm::generation() != asking)
         return;
     std::wstring said = answerText;
     RZButtonDoAction(said, answer);

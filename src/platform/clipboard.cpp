@@ -51,11 +51,24 @@ void freeCopy(UINT format, HANDLE data) noexcept
         GlobalFree(data);
 }
 
+// Programs that watch the clipboard open it for a moment after each change.
+bool openClipboard(HWND owner) noexcept
+{
+    constexpr int attempts = 20;
+    constexpr DWORD pause = 10; // milliseconds
+    for (int attempt = 1; attempt < attempts; ++attempt) {
+        if (OpenClipboard(owner))
+            return true;
+        Sleep(pause);
+    }
+    return OpenClipboard(owner) != FALSE;
+}
+
 } // namespace
 
 clipboard_keeper::clipboard_keeper(HWND owner) noexcept : m_owner(owner)
 {
-    if (!OpenClipboard(owner))
+    if (!openClipboard(owner))
         return;
     const scope_exit closed([] { CloseClipboard(); });
     m_wasRead = true;
@@ -69,7 +82,7 @@ clipboard_keeper::clipboard_keeper(HWND owner) noexcept : m_owner(owner)
 
 clipboard_keeper::~clipboard_keeper()
 {
-    if (m_wasRead && OpenClipboard(m_owner)) {
+    if (m_wasRead && openClipboard(m_owner)) {
         EmptyClipboard();
         for (Kept& kept : m_kept)
             if (SetClipboardData(kept.format, kept.data))
@@ -85,7 +98,7 @@ void putBitmapOnClipboard(HWND owner, HBITMAP bitmap)
 {
     unique_bitmap copy(static_cast<HBITMAP>(CopyImage(bitmap, IMAGE_BITMAP, 0, 0, 0)));
     throwLastErrorUnless(static_cast<bool>(copy));
-    throwLastErrorUnless(OpenClipboard(owner) != FALSE);
+    throwLastErrorUnless(openClipboard(owner));
     const scope_exit closed([] { CloseClipboard(); });
     throwLastErrorUnless(EmptyClipboard() != FALSE);
     throwLastErrorUnless(SetClipboardData(CF_BITMAP, copy.get()) != nullptr);

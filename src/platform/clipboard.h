@@ -10,14 +10,17 @@ namespace velk {
 void putBitmapOnClipboard(HWND owner, HBITMAP bitmap);
 
 // Keeps what stands on the clipboard and puts it back at its end, so that the user loses nothing. Formats that only
-// their program can make (drawn by the owner, private handles) cannot be kept. A clipboard that another program holds
-// at either time is left as it is.
+// their program can make (drawn by the owner, private handles) cannot be kept. Another program may hold the clipboard
+// for a moment: it is waited for up to a fifth of a second, then left as it is.
 class clipboard_keeper {
 public:
     explicit clipboard_keeper(HWND owner) noexcept;
     clipboard_keeper(const clipboard_keeper&) = delete;
     clipboard_keeper& operator=(const clipboard_keeper&) = delete;
     ~clipboard_keeper();
+
+    // False when the clipboard could not be read: who empties it now takes from the user.
+    bool isKept() const noexcept { return m_wasRead; }
 
 private:
     struct Kept {

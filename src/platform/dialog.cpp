@@ -52,8 +52,12 @@ void Dialog::showModal()
 {
     const module::keep_loaded untilAnswered;
     const std::shared_ptr<Life> life = m_life; // outlives the form, whatever happens in the loop
+    if (!life)
+        return;
     placeOnOwner();
-    EnableWindow(m_owner, FALSE);
+    block(m_owner);
+    for (const Dialog* shown : shownDialogs())
+        block(shown->hwnd());
     life->isShown = true;
     shownDialogs().push_back(this);
     ShowWindow(m_hwnd, SW_SHOW);
@@ -73,6 +77,14 @@ void Dialog::showModal()
         hide();
 }
 
+void Dialog::block(HWND window)
+{
+    if (!IsWindowEnabled(window))
+        return; // by another one, which frees it again
+    m_blocked.push_back(window);
+    EnableWindow(window, FALSE);
+}
+
 void Dialog::hide() noexcept
 {
     if (!m_hwnd || !std::exchange(m_life->isShown, false))
@@ -81,7 +93,8 @@ void Dialog::hide() noexcept
     if (shownDialogs().empty())
         std::vector<Dialog*>().swap(shownDialogs());
     // In this order, or the system makes another program's window the active one.
-    EnableWindow(m_owner, TRUE);
+    for (const HWND window : std::exchange(m_blocked, {}))
+        EnableWindow(window, TRUE);
     ShowWindow(m_hwnd, SW_HIDE);
     PostMessageW(m_owner, WM_NULL, 0, 0);
 }
@@ -117,11 +130,12 @@ std::wstring Dialog::textOf(HWND window)
     return text;
 }
 
-void Dialog::setIcon(int resource) const noexcept
+void Dialog::setIcon(int resource) const
 {
     // Shared icons belong to the system.
     const HANDLE icon =
         LoadImageW(module::instance(), MAKEINTRESOURCEW(resource), IMAGE_ICON, 0, 0, LR_DEFAULTSIZE | LR_SHARED);
+    throwLastErrorUnless(icon != nullptr);
     SendMessageW(m_hwnd, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon));
     SendMessageW(m_hwnd, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon));
 }
@@ -172,6 +186,8 @@ INT_PTR CALLBACK Dialog::procedure(HWND hwnd, UINT message, WPARAM wParam, LPARA
     if (message == WM_DESTROY) {
         // The owner took the window with it.
         std::erase(shownDialogs(), form);
+        for (const HWND window : std::exchange(form->m_blocked, {}))
+            EnableWindow(window, TRUE);
         form->m_hwnd = nullptr;
         form->m_life->isShown = false;
         form->m_life->isGone = true;

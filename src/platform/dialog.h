@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/win32.h"
+#include "platform/error.h"
 
 #include <cstdint>
 #include <memory>
@@ -47,8 +47,8 @@ public:
     void load(HWND owner, const DialogLayout& layout, const DialogFont& font);
     void unload() noexcept;
     bool isLoaded() const noexcept { return m_hwnd != nullptr; }
-    // Shows the form in the middle of its owner, on the screen, and waits until it is hidden or gone; the owner takes
-    // no input meanwhile.
+    // Shows the form in the middle of its owner, on the screen, and waits until it is hidden or gone; the owner and the
+    // forms that are shown already take no input meanwhile. Nothing when it is not loaded any more.
     void showModal();
     void hide() noexcept;
     // Ends the modal wait of every form that is shown: the add-in leaves the IDE.
@@ -57,11 +57,15 @@ public:
     HWND hwnd() const noexcept { return m_hwnd; }
     HWND item(int id) const noexcept { return GetDlgItem(m_hwnd, id); }
     std::wstring caption() const { return textOf(m_hwnd); }
-    void setCaption(const std::wstring& text) const noexcept { SetWindowTextW(m_hwnd, text.c_str()); }
+    // These throw when the form or its control does not take it.
+    void setCaption(const std::wstring& text) const { throwLastErrorUnless(SetWindowTextW(m_hwnd, text.c_str())); }
     // An icon resource of this module.
-    void setIcon(int resource) const noexcept;
+    void setIcon(int resource) const;
     std::wstring text(int id) const { return textOf(item(id)); }
-    void setText(int id, const std::wstring& text) const noexcept { SetWindowTextW(item(id), text.c_str()); }
+    void setText(int id, const std::wstring& text) const
+    {
+        throwLastErrorUnless(SetWindowTextW(item(id), text.c_str()));
+    }
     void enable(int id, bool isEnabled) const noexcept { EnableWindow(item(id), isEnabled); }
     void show(int id, bool isVisible) const noexcept { ShowWindow(item(id), isVisible ? SW_SHOWNA : SW_HIDE); }
     // Whether the control is not hidden itself, whatever its form is.
@@ -87,11 +91,13 @@ private:
     };
     static INT_PTR CALLBACK procedure(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     static std::wstring textOf(HWND window);
+    void block(HWND window);
     void placeOnOwner() const noexcept;
 
     HWND m_hwnd = nullptr;
     HWND m_owner = nullptr;
     std::shared_ptr<Life> m_life;
+    std::vector<HWND> m_blocked; // what takes no input while the form is shown
 };
 
 } // namespace velk

@@ -7,28 +7,45 @@ namespace velk {
 void DocumentObject::activate(bool withUi)
 {
     if (!m_isActive && !activateAsDocument()) {
-        if (!m_inPlaceSite)
-            m_inPlaceSite = m_clientSite.tryAs<IOleInPlaceSite>();
-        if (!m_inPlaceSite || m_inPlaceSite->CanInPlaceActivate() != S_OK)
-            throw Error::fromResult(E_FAIL);
-        // Without this some containers never report a later change of size.
-        throwIfFailed(m_inPlaceSite->OnInPlaceActivate());
-        m_isActive = true;
-        HWND parent = nullptr;
-        throwIfFailed(m_inPlaceSite->GetWindow(&parent));
-        com_ptr<IOleInPlaceUIWindow> documentWindow;
-        OLEINPLACEFRAMEINFO frameInfo{};
-        frameInfo.cb = sizeof frameInfo;
-        RECT position{};
-        RECT clip{};
-        throwIfFailed(
-            m_inPlaceSite->GetWindowContext(m_frame.put(), documentWindow.put(), &position, &clip, &frameInfo));
-        m_content = createContent(parent, position);
-        if (m_clientSite)
-            m_clientSite->ShowObject();
+        try {
+            enterSite();
+        } catch (...) {
+            leaveSite(); // or the next attempt would take the object for active
+            throw;
+        }
     }
+    if (m_content)
+        ShowWindow(m_content, SW_SHOWNA); // the host may have hidden it
     if (withUi)
         activateUi();
+}
+
+void DocumentObject::enterSite()
+{
+    if (!m_inPlaceSite)
+        m_inPlaceSite = m_clientSite.tryAs<IOleInPlaceSite>();
+    if (!m_inPlaceSite || m_inPlaceSite->CanInPlaceActivate() != S_OK)
+        throw Error::fromResult(E_FAIL);
+    // Without this some containers never report a later change of size.
+    throwIfFailed(m_inPlaceSite->OnInPlaceActivate());
+    m_isActive = true;
+    HWND parent = nullptr;
+    throwIfFailed(m_inPlaceSite->GetWindow(&parent));
+    com_ptr<IOleInPlaceUIWindow> documentWindow;
+    OLEINPLACEFRAMEINFO frameInfo{};
+    frameInfo.cb = sizeof frameInfo;
+    RECT position{};
+    RECT clip{};
+    throwIfFailed(m_inPlaceSite->GetWindowContext(m_frame.put(), documentWindow.put(), &position, &clip, &frameInfo));
+    if (m_content) {
+        // Kept from an earlier activation, with all that it shows.
+        SetParent(m_content, parent);
+        placeContent(position);
+    } else {
+        m_content = createContent(parent, position);
+    }
+    if (m_clientSite)
+        m_clientSite->ShowObject();
 }
 
 bool DocumentObject::activateAsDocument()
@@ -63,12 +80,19 @@ void DocumentObject::leaveSite() noexcept
 {
     UIDeactivate();
     const bool wasActive = std::exchange(m_isActive, false);
-    if (std::exchange(m_content, nullptr))
-        destroyContent();
+    if (m_content)
+        ShowWindow(m_content, SW_HIDE);
     const com_ptr<IOleInPlaceSite> site = std::move(m_inPlaceSite);
     m_frame.reset();
     if (wasActive && site)
         site->OnInPlaceDeactivate();
+}
+
+void DocumentObject::dropContent() noexcept
+{
+    UIDeactivate();
+    if (std::exchange(m_content, nullptr))
+        destroyContent();
 }
 
 HRESULT DocumentObject::SetClientSite(IOleClientSite* site) noexcept
@@ -92,6 +116,7 @@ HRESULT DocumentObject::Close(DWORD) noexcept
     // Letting go of the host and of the product's references may release the last reference to this object.
     const com_ptr<IUnknown> untilDone(outer());
     leaveSite();
+    dropContent();
     if (m_advises)
         m_advises->SendOnClose();
     terminate();
@@ -124,8 +149,8 @@ HRESULT DocumentObject::GetWindow(HWND* window) noexcept
 {
     if (!window)
         return E_POINTER;
-    *window = m_content;
-    return m_content ? S_OK : E_FAIL;
+    *window = m_isActive ? m_content : nullptr;
+    return *window ? S_OK : E_FAIL;
 }
 
 HRESULT DocumentObject::InPlaceDeactivate() noexcept

@@ -114,10 +114,15 @@ protected:
     void* hostedInterface(REFIID iid) noexcept;
     // The object takes the focus inside its host.
     void activateUi();
+    // The content goes for good: the object is over although its host keeps it.
+    void dropContent() noexcept;
+    // The content's window went with the window of the host.
+    void contentIsGone() noexcept { m_content = nullptr; }
 
     // What the class on top brings. All may throw but the last two.
     virtual void initProperties() = 0;
-    virtual HWND createContent(HWND parent, const RECT& place) = 0; // called once an activation
+    // The window of the object's content. It outlives a deactivation, hidden, and is shown again by the next one.
+    virtual HWND createContent(HWND parent, const RECT& place) = 0;
     virtual void destroyContent() noexcept = 0;
     virtual void terminate() noexcept = 0; // the host is done with the object; may come more than once
     virtual bool translateKey(const MSG& message) = 0;
@@ -126,6 +131,7 @@ protected:
 
 private:
     void activate(bool withUi);
+    void enterSite();
     bool activateAsDocument();
     void placeContent(const RECT& place) noexcept;
     void leaveSite() noexcept;

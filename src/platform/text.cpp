@@ -3,6 +3,7 @@
 #include "platform/error.h"
 #include "platform/variant.h"
 
+#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -78,8 +79,17 @@ std::wstring booleanText(bool truth)
 
 double leadingNumber(std::wstring_view text)
 {
-    // strtod leaves a dangling exponent or sign unread, as Val does.
-    return std::strtod(numberCharacters(text).c_str(), nullptr);
+    // Leaves a dangling exponent or sign unread, as Val does. Not strtod: that takes the decimal point of the host's
+    // locale.
+    const std::string characters = numberCharacters(text);
+    const char* begin = characters.data();
+    const char* end = begin + characters.size();
+    double number = 0.0;
+    const auto read = std::from_chars(begin + (characters.starts_with('+') ? 1 : 0), end, number);
+    const bool isTooGreat = read.ec == std::errc::result_out_of_range && characters.find("e-") == std::string::npos;
+    if (isTooGreat)
+        number = characters.starts_with('-') ? -HUGE_VAL : HUGE_VAL;
+    return number;
 }
 
 int32_t roundToLong(double number)

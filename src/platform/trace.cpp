@@ -9,6 +9,8 @@
 namespace velk::trace {
 namespace {
 
+// Two hosts may write to one log, and either may begin it anew.
+constexpr DWORD everybody = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 constexpr DWORD mostBytes = 1024 * 1024;
 
 struct file_traits {
@@ -31,8 +33,8 @@ Log& log()
 
 void openFile()
 {
-    log().file.reset(CreateFileW(log().path.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                 OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    log().file.reset(CreateFileW(log().path.c_str(), FILE_APPEND_DATA, everybody, nullptr, OPEN_ALWAYS,
+                                 FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
 void makeRoom()
@@ -40,8 +42,11 @@ void makeRoom()
     if (GetFileSize(log().file.get(), nullptr) < mostBytes)
         return;
     log().file.reset();
-    MoveFileExW(log().path.c_str(), (log().path + L".old").c_str(), MOVEFILE_REPLACE_EXISTING);
-    openFile();
+    // A log that cannot be put aside ends here: it must not grow without bound.
+    if (MoveFileExW(log().path.c_str(), (log().path + L".old").c_str(), MOVEFILE_REPLACE_EXISTING))
+        openFile();
+    if (!log().file)
+        log().level = Level::off;
 }
 
 std::wstring timeText()

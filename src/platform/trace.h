@@ -6,8 +6,8 @@
 namespace velk::trace {
 
 // The add-in's own log: a text file that is off unless the user switched it on. It is how a user finds out why the
-// add-in did not load. Lines name functions, members and error numbers, never what was passed to them: no password and
-// no data of the user can get into it.
+// add-in did not load. Lines name functions, members, error numbers and a failure's own words, never what was passed to
+// them: no password and no row of the user's data can get into it.
 // clang-format off
 enum class Level { off = 0, failures = 1, calls = 2 };
 // clang-format on

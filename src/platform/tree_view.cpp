@@ -17,14 +17,24 @@ void tree_view::setImages(HIMAGELIST images) const noexcept
     send(TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(images));
 }
 
+void tree_view::addRoot(TreeNode node)
+{
+    insert(TVI_ROOT, std::move(node));
+}
+
 void tree_view::add(const std::wstring& parentKey, TreeNode node)
+{
+    insert(entry(parentKey).item, std::move(node));
+}
+
+void tree_view::insert(HTREEITEM parent, TreeNode node)
 {
     if (has(node.key))
         throw Error(errorKeyNotUnique);
     auto made = std::make_unique<Entry>();
     made->node = std::move(node);
     TVINSERTSTRUCTW insertion{};
-    insertion.hParent = parentKey.empty() ? TVI_ROOT : entry(parentKey).item;
+    insertion.hParent = parent;
     insertion.hInsertAfter = TVI_LAST;
     insertion.item.mask = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_PARAM;
     insertion.item.pszText = made->node.text.data();

@@ -23,7 +23,8 @@ public:
     explicit tree_view(HWND parent);
 
     void setImages(HIMAGELIST images) const noexcept;
-    // Adds a node as the last child of the parent; an empty parent key adds a root.
+    // Add a node as the last root, or as the last child of a node that is there.
+    void addRoot(TreeNode node);
     void add(const std::wstring& parentKey, TreeNode node);
     void remove(const std::wstring& key);
     void clear();
@@ -52,6 +53,7 @@ private:
         TreeNode node;
         HTREEITEM item = nullptr;
     };
+    void insert(HTREEITEM parent, TreeNode node);
     Entry& entry(const std::wstring& key) const;
     const Entry* entryOf(HTREEITEM item) const noexcept;
 

@@ -84,7 +84,7 @@ void onFile(const wchar_t* where, const std::wstring& path, Operation operation)
 bool openSourceSafeDatabase(const std::wstring& userName, const std::wstring& password,
                             const std::wstring& databaseName, const DatabaseTable& table)
 {
-    closeSourceSafe();
+    state().database.reset(); // the current project stays until another one is made current
     try {
         const com_ptr<IDispatch> database = automation::createObject(progId);
         const std::wstring ini = folderOf(databaseName, table) + iniFile;

@@ -65,9 +65,9 @@ std::wstring frmVSSLogin::fillDatabaseList()
     return {};
 }
 
-void frmVSSLogin::updateLoginButton()
+void frmVSSLogin::updateLoginButton(const std::wstring& database)
 {
-    const bool canLogIn = !text(txtUserName).empty() && !text(DBCombo).empty();
+    const bool canLogIn = !text(txtUserName).empty() && !database.empty();
     enable(loginBtn, canLogIn);
     // What was logged in to is no longer what the fields say.
     if (canLogIn)
@@ -76,6 +76,9 @@ void frmVSSLogin::updateLoginButton()
 
 void frmVSSLogin::loginBtn_Click()
 {
+    // The database that was open is let go of in any case: after a failure there is nothing that OK could mean.
+    enable(projNameCombo, false);
+    enable(cmdOK, false);
     if (!openSourceSafeDatabase(text(txtUserName), text(txtPassword), text(DBCombo), m_table) || !isLoaded())
         return;
     std::vector<std::wstring> projects;
@@ -102,7 +105,8 @@ void frmVSSLogin::cmdCancel_Click()
 void frmVSSLogin::onCommand(int id, int notification)
 {
     const bool isTyped = (id == txtUserName || id == txtPassword) && notification == EN_CHANGE;
-    const bool isChosen = id == DBCombo && (notification == CBN_EDITCHANGE || notification == CBN_SELCHANGE);
+    const bool isSelected = id == DBCombo && notification == CBN_SELCHANGE;
+    const bool isChosen = isSelected || (id == DBCombo && notification == CBN_EDITCHANGE);
     if (id == cmdCancel)
         cmdCancel_Click();
     else if (id == cmdOK && IsWindowEnabled(item(cmdOK)))
@@ -110,7 +114,8 @@ void frmVSSLogin::onCommand(int id, int notification)
     else if (id == loginBtn)
         loginBtn_Click();
     else if (isTyped || isChosen)
-        updateLoginButton();
+        // An entry that is being selected does not stand in the field yet.
+        updateLoginButton(isSelected ? selectedInList(DBCombo) : text(DBCombo));
 }
 
 } // namespace velk

@@ -30,7 +30,7 @@ protected:
 
 private:
     std::wstring fillDatabaseList();
-    void updateLoginButton();
+    void updateLoginButton(const std::wstring& database);
     void loginBtn_Click();
     void cmdOK_Click();
     void cmdCancel_Click();

@@ -21,23 +21,18 @@ constexpr int32_t ideTypeWithStoredName = 1;
 constexpr wchar_t openExtension[] = L".rzv";
 constexpr wchar_t saveExtension[] = L"rzv";
 
-// The IDE goes on while the file dialog is open and may have unloaded the add-in: then the tool's session is over.
-bool isViewAlive()
-{
-    return publishedView().serverTreeView != nullptr;
-}
-
 } // namespace
 
 void openProject(const IntegrationMgr& manager, int32_t projectHandle)
 {
+    const std::weak_ptr<void> session = publishedView().life;
     std::wstring name;
     std::wstring folder;
     if (!fileChooser().openFileDlg(getRZString(openTitleText), openExtension, openExtension,
                                    parentDir(manager.getRZFileName()), name, folder))
         return;
-    if (!isViewAlive())
-        return;
+    if (session.expired())
+        return; // the IDE went on while the dialog was open, and unloaded the add-in
     RZObjectDoAction(projectHandle, codeCloseProject);
     // The path goes to the manager only; the IDE's project learns of it by Save As.
     manager.setRZFileName(folder + L"\\" + name);
@@ -46,11 +41,12 @@ void openProject(const IntegrationMgr& manager, int32_t projectHandle)
 
 void saveProjectAs(const IntegrationMgr& manager)
 {
+    const std::weak_ptr<void> session = publishedView().life;
     std::wstring path;
     if (!fileChooser().saveFileDlg(getRZString(saveTitleText), saveExtension, saveExtension,
                                    parentDir(manager.getRZFileName()), path))
         return;
-    if (!isViewAlive())
+    if (session.expired())
         return;
     if (manager.getIdeType() == ideTypeWithStoredName)
         manager.getModel().saveRZFileName(path);

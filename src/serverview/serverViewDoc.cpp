@@ -1,5 +1,6 @@
 #include "serverview/serverViewDoc.h"
 
+#include "platform/boundary.h"
 #include "platform/never_destroyed.h"
 #include "ui/uiFont.h"
 
@@ -18,8 +19,13 @@ protected:
             m_document.UserDocument_Resize(LOWORD(lParam), HIWORD(lParam));
         if (message == WM_ERASEBKGND)
             return 1; // the control covers all of it
+        // A press anywhere in the view reaches its parent windows first; a focus given by the host comes here.
+        if (message == WM_MOUSEACTIVATE || message == WM_SETFOCUS)
+            swallow(L"serverViewDoc", L"the host leaves its keys to itself then", [this] { m_document.activateUi(); });
         if (message == WM_SETFOCUS && m_document.m_svrViewCtl1)
             SetFocus(m_document.m_svrViewCtl1->hwnd());
+        if (message == WM_DESTROY)
+            m_document.contentIsGone();
         return handleDefault(message, wParam, lParam);
     }
 
@@ -48,6 +54,12 @@ void serverViewDoc::queryExtra(REFIID iid, void** out) noexcept
 HRESULT serverViewDoc::putref_IMgr(_IntegrationMgr* manager) noexcept
 {
     m_manager = manager;
+    if (!manager) {
+        // The session is over, and a host that keeps the document must not keep a view that asks the tool for more.
+        const com_ptr<IUnknown> untilDone(identity());
+        m_isSetUp = false;
+        dropContent();
+    }
     return S_OK;
 }
 
@@ -79,14 +91,16 @@ void serverViewDoc::handOver()
 HWND serverViewDoc::createContent(HWND parent, const RECT& place)
 {
     destroyContent();
-    m_window = std::make_unique<DocumentWindow>(*this);
-    m_window->create({parent, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, 0, place.left, place.top,
-                      place.right - place.left, place.bottom - place.top, L""});
+    auto window = std::make_unique<DocumentWindow>(*this);
+    window->create({parent, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, 0, place.left, place.top,
+                    place.right - place.left, place.bottom - place.top, L""});
     RECT inner{};
-    GetClientRect(m_window->hwnd(), &inner);
-    m_svrViewCtl1 = std::make_unique<svrViewCtl>();
-    m_svrViewCtl1->create(m_window->hwnd(), inner);
-    handOver();
+    GetClientRect(window->hwnd(), &inner);
+    auto control = std::make_unique<svrViewCtl>();
+    control->create(window->hwnd(), inner);
+    m_window = std::move(window);
+    m_svrViewCtl1 = std::move(control);
+    swallow(L"serverViewDoc", L"the view stands; setupGUI can be asked for again", [this] { handOver(); });
     return m_window->hwnd();
 }
 
@@ -120,8 +134,11 @@ void serverViewDoc::UserDocument_Resize(int width, int height)
 void serverViewDoc::UserDocument_Terminate() noexcept
 {
     ServerViewWindow& shown = serverViewWindow();
-    shown.window.reset();
-    shown.document.reset();
+    // A document of an earlier session may end after the next one has made its own.
+    if (shown.document.tryAs<IUnknown>().get() == identity()) {
+        shown.window.reset();
+        shown.document.reset();
+    }
     m_manager.reset();
 }
 

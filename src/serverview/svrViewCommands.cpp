@@ -92,11 +92,10 @@ void svrViewCtl::doMenuCommand(MenuItem item, bool fromTree) noexcept
         if (fromTree ? !node : !row)
             throw Error(errorObjectNotSet);
         runCommand(code, keyToHandle(fromTree ? node->key : row->key));
-    } catch (const Error& error) {
+    } catch (...) {
+        const Error error = currentError();
         swallow(L"doMenuCommand", L"there is no other way to tell the user",
                 [&] { showMessage(error.description() + L":" + numberText(error.number())); });
-    } catch (const std::exception&) {
-        reportFailure(L"doMenuCommand", L"the command is given up", currentError());
     }
 }
 
@@ -121,16 +120,20 @@ void svrViewCtl::runCommand(int32_t code, int32_t handle)
 
 void svrViewCtl::projSaveAsMnuItem_Click()
 {
-    saveProjectAs(m_IMgr);
+    const IntegrationMgr manager = m_IMgr; // the control may be gone when the user has chosen a name
+    saveProjectAs(manager);
 }
 
 void svrViewCtl::scmPropsMnuItem_Click()
 {
     const IntegrationMgr manager = m_IMgr;
+    const std::weak_ptr<void> life = m_life;
     frmVSSLogin login;
     login.Form_Load();
     if (!login.fillResult().empty())
         showMessage(login.fillResult());
+    if (life.expired())
+        return; // unloaded while the box was open: the login belongs to nobody
     login.showModal();
     if (login.successfulLogin())
         addFileToSourceSafe(manager.getRZFileName());

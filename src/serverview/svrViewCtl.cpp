@@ -62,7 +62,7 @@ void svrViewCtl::setupGUI()
     m_font = makeFont(uiFont());
     m_serverTreeView->setFont(m_font.get());
     m_serverDetailsView->setFont(m_font.get());
-    publishedView() = {m_serverTreeView.get(), m_serverDetailsView.get(), ImageList1.get(), m_IMgr};
+    publishedView() = {m_serverTreeView.get(), m_serverDetailsView.get(), ImageList1.get(), m_IMgr, m_life};
     m_menus.setUp(isSourceSafeInstalled(), m_IMgr ? m_IMgr.getIdeType() : ideTypeVisualInterDev);
     fillColumnSets();
 }

@@ -89,13 +89,23 @@ void svrViewCtl::popUp(PopupMenu menu, POINT place)
 {
     // The tool goes on while the menu is open: the view may be gone when the user has chosen.
     const std::weak_ptr<void> life = m_life;
+    const auto keyOf = [](const auto* selected) { return selected ? selected->key : std::wstring(); };
+    const std::wstring node = keyOf(m_serverTreeView->selected());
+    const std::wstring row = keyOf(m_serverDetailsView->selected());
     const std::optional<MenuItem> chosen = m_menus.show(menu, hwnd(), place);
-    if (chosen && !life.expired())
+    if (!chosen || life.expired())
+        return;
+    // What was removed meanwhile leaves the selection to another object, which nobody chose anything for.
+    if (keyOf(m_serverTreeView->selected()) == node && keyOf(m_serverDetailsView->selected()) == row)
         clickMenuItem(*chosen);
 }
 
 bool svrViewCtl::useKey(WPARAM key)
 {
+    // With a modifier these are the IDE's own: Ctrl+F5 runs, Shift+Delete cuts.
+    for (const int modifier : {VK_CONTROL, VK_SHIFT, VK_MENU})
+        if (GetKeyState(modifier) < 0)
+            return false;
     const bool isInList = m_serverDetailsView->view().hasFocus();
     switch (key) {
     case VK_F5:

@@ -71,7 +71,11 @@ void addFolderNode(const std::wstring& parentKey, const std::wstring& tag, const
         const bool asRoot = isRoot == booleanText(true);
         if (asRoot)
             tree().clear();
-        tree().add(asRoot ? std::wstring() : parentKey, {key, tag, text, imageOf(folderImage)});
+        TreeNode node{key, tag, text, imageOf(folderImage)};
+        if (asRoot)
+            tree().addRoot(std::move(node));
+        else
+            tree().add(parentKey, std::move(node));
     });
 }
 
@@ -128,7 +132,7 @@ void expandSelected() noexcept
 bool selectedNodeKindIs(int32_t kind) noexcept
 {
     bool is = false;
-    swallow(where, why, [&] { is = selectedKind() == kind; });
+    swallow(where, why, [&] { is = tree().selected() && selectedKind() == kind; });
     return is;
 }
 

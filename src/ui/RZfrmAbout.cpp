@@ -12,13 +12,13 @@ using Form = RZfrmAbout;
 
 // clang-format off
 constexpr DialogRow rows[] = {
-    {Form::lblTitle,       label,         L"", 14, 12, 196, 20},
-    {Form::lblVersion,     label,         L"", 14, 38, 196, 10},
-    {Form::lblDescription, label,         L"", 14, 54, 196, 30},
-    {Form::cmdClose,       defaultButton, L"", 84, 92,  56, 14},
+    {Form::lblTitle,       label,         L"", 14, 12, 196, 28},
+    {Form::lblVersion,     label,         L"", 14, 46, 196, 10},
+    {Form::lblDescription, label,         L"", 14, 62, 196, 38},
+    {Form::cmdClose,       defaultButton, L"", 84, 108, 56, 14},
 };
 // clang-format on
-constexpr DialogLayout layout{224, 114, rows};
+constexpr DialogLayout layout{224, 130, rows};
 constexpr int iconResource = 117;
 
 // Lines of a label, joined by a single line feed.

@@ -61,7 +61,7 @@ std::wstring ask(const Question& question)
     std::wstring file(pathRoom, L'\0');
     OPENFILENAMEW dialog{};
     dialog.lStructSize = sizeof dialog;
-    dialog.hwndOwner = dialogOwner();
+    dialog.hwndOwner = boxOwner();
     dialog.lpstrTitle = question.title.c_str();
     dialog.lpstrFilter = filter.c_str();
     dialog.nFilterIndex = 1;

@@ -1,5 +1,6 @@
 #include "ui/messageBox.h"
 
+#include "platform/module.h"
 #include "platform/never_destroyed.h"
 
 namespace velk {
@@ -25,6 +26,15 @@ HWND dialogOwner() noexcept
     return IsWindow(mainWindow) ? mainWindow : GetActiveWindow();
 }
 
+HWND boxOwner() noexcept
+{
+    const HWND owner = dialogOwner();
+    if (!owner || IsWindowEnabled(owner))
+        return owner;
+    const HWND open = GetLastActivePopup(owner);
+    return IsWindowVisible(open) && IsWindowEnabled(open) ? open : owner;
+}
+
 void setMessagePresenter(MessagePresenter presenter)
 {
     presenterSlot() = std::move(presenter);
@@ -34,12 +44,13 @@ int32_t showMessage(const std::wstring& text, uint32_t style, const std::wstring
 {
     // Escape and the close button of a box that has OK only mean OK, whatever the system's box answers then.
     const auto meant = [style](int32_t answer) {
-        return answer == 0 || (style & MB_TYPEMASK) == MB_OK ? int32_t{IDOK} : answer;
+        return answer != 0 && (style & MB_TYPEMASK) == MB_OK ? int32_t{IDOK} : answer;
     };
     if (presenterSlot())
         return meant(presenterSlot()(text, style, title));
     // Task modal where there is no owner: the user must not go on working beside a box of an unknown parent.
-    const HWND owner = dialogOwner();
+    const module::keep_loaded untilAnswered;
+    const HWND owner = boxOwner();
     const int answer = MessageBoxW(owner, text.c_str(), title.c_str(), style | (owner ? 0u : MB_TASKMODAL));
     return meant(answer);
 }

@@ -15,10 +15,13 @@ inline constexpr std::wstring_view applicationTitle = L"velkviadd";
 // does not tell; then the thread's active window is the owner.
 void setMainWindow(HWND window) noexcept;
 HWND dialogOwner() noexcept;
+// The owner of a box or a file dialog: the dialog or box that is open over the main window, or the main window itself.
+// What is open beneath takes no input then.
+HWND boxOwner() noexcept;
 
 // Every message of the add-in goes through here. Style: the bits of the Windows message box (buttons, icon). The
 // answer is the button's number: 1 OK, 2 Cancel (also Escape and the close button where there is one), 6 Yes, 7 No;
-// a box with OK only always answers 1. Runs a message loop of its own.
+// a box with OK only always answers 1. 0 when the box could not be shown. Runs a message loop of its own.
 int32_t showMessage(const std::wstring& text, uint32_t style = MB_OK,
                     const std::wstring& title = std::wstring(applicationTitle));
 

@@ -32,6 +32,7 @@ public:
 
     com_ptr<IOleDocumentView> view;
     std::vector<const char*> asked;
+    bool failsToGiveItsWindow = false;
 
     // IOleDocumentSite
     STDMETHODIMP ActivateMe(IOleDocumentView*) noexcept override
@@ -60,8 +61,8 @@ public:
     // IOleInPlaceSite
     STDMETHODIMP GetWindow(HWND* window) noexcept override
     {
-        *window = m_window;
-        return S_OK;
+        *window = failsToGiveItsWindow ? nullptr : m_window;
+        return failsToGiveItsWindow ? E_FAIL : S_OK;
     }
     STDMETHODIMP ContextSensitiveHelp(BOOL) noexcept override { return E_NOTIMPL; }
     STDMETHODIMP CanInPlaceActivate() noexcept override { return S_OK; }

@@ -27,6 +27,7 @@ protected:
         host.reset();
         DestroyWindow(window);
     }
+    static bool isShown(HWND window) { return (GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) != 0; }
     HWND content() const { return FindWindowExW(window, nullptr, L"velkviadd.serverViewDoc", nullptr); }
 
     HWND window = nullptr;
@@ -74,6 +75,72 @@ TEST_F(DocumentHostTest, closedView_leavesTheSiteInOrder)
     host->asked.clear();
     host->view->CloseView(0);
     EXPECT_THAT(host->asked, ElementsAre(testing::StrEq("OnUIDeactivate"), testing::StrEq("OnInPlaceDeactivate")));
+    EXPECT_FALSE(isShown(content()));
+}
+
+TEST_F(DocumentHostTest, viewThatIsClosedAndMadeAgain_keepsItsContent)
+{
+    const HWND before = content();
+    host->view->CloseView(0);
+    EXPECT_EQ(host->show(document.get()), S_OK);
+    EXPECT_EQ(content(), before);
+    EXPECT_TRUE(isShown(content()));
+}
+
+TEST_F(DocumentHostTest, hiddenObject_isShownByTheVerb)
+{
+    const auto object = document.tryAs<IOleObject>();
+    EXPECT_EQ(object->DoVerb(OLEIVERB_HIDE, nullptr, nullptr, 0, nullptr, nullptr), S_OK);
+    EXPECT_FALSE(isShown(content()));
+    EXPECT_EQ(object->DoVerb(OLEIVERB_SHOW, nullptr, nullptr, 0, nullptr, nullptr), S_OK);
+    EXPECT_TRUE(isShown(content()));
+}
+
+TEST_F(DocumentHostTest, pressInTheTree_afterTheHostTookTheActivityAway_takesItBack)
+{
+    host->view->UIActivate(FALSE);
+    host->asked.clear();
+    const HWND view = FindWindowExW(content(), nullptr, L"velkviadd.svrViewCtl", nullptr);
+    const HWND tree = FindWindowExW(view, nullptr, L"SysTreeView32", nullptr);
+    SendMessageW(tree, WM_MOUSEACTIVATE, reinterpret_cast<WPARAM>(window), MAKELPARAM(HTCLIENT, WM_LBUTTONDOWN));
+    EXPECT_THAT(host->asked, ElementsAre(testing::StrEq("OnUIActivate")));
+}
+
+TEST_F(DocumentHostTest, focusGivenByTheHost_goesToTheTreeAndActivates)
+{
+    host->view->UIActivate(FALSE);
+    host->asked.clear();
+    SetFocus(window);
+    SetFocus(content());
+    EXPECT_THAT(host->asked, ElementsAre(testing::StrEq("OnUIActivate")));
+    const HWND view = FindWindowExW(content(), nullptr, L"velkviadd.svrViewCtl", nullptr);
+    EXPECT_EQ(GetFocus(), FindWindowExW(view, nullptr, L"SysTreeView32", nullptr));
+}
+
+TEST_F(DocumentHostTest, siteWithoutAWindow_failsAndCanBeTriedAgain)
+{
+    host->close();
+    document.reset();
+    document = make<IUnknown>(CLSID_serverViewDoc);
+    host->failsToGiveItsWindow = true;
+    EXPECT_NE(host->show(document.get()), S_OK);
+    host->failsToGiveItsWindow = false;
+    EXPECT_EQ(host->show(document.get()), S_OK);
+    EXPECT_TRUE(isShown(content()));
+}
+
+TEST_F(DocumentHostTest, windowOfTheHostThatGoesFirst_isMadeAnew)
+{
+    host->view->CloseView(0);
+    DestroyWindow(content());
+    EXPECT_EQ(host->show(document.get()), S_OK);
+    EXPECT_TRUE(isShown(content()));
+}
+
+TEST_F(DocumentHostTest, documentWithoutItsManager_isAnEmptyPane)
+{
+    const auto doc = document.tryAs<_serverViewDoc>(IID__serverViewDoc);
+    EXPECT_EQ(doc->putref_IMgr(nullptr), S_OK);
     EXPECT_EQ(content(), nullptr);
 }
 

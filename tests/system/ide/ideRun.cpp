@@ -104,9 +104,9 @@ DWORD IdeRun::runFile(const std::wstring& scriptPath, const std::wstring& option
     const std::wstring said = path(L"output.txt");
     const HANDLE out = CreateFileW(said.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited,
                                    CREATE_ALWAYS, 0, nullptr);
-    std::wstring command = L"\"" + path(L"velkide.exe") + L"\" --script \"" + scriptPath + L"\" --journal \"" +
-                           path(L"ide.journal") + L"\" --define \"SAMPLE=" + m_folder + L"\" --define \"JOURNAL=" +
-                           path(L"backend.journal") + L"\" " + options;
+    std::wstring command = L"\"" + path(L"velkide.exe") + L"\" --script \"" + fullPath(scriptPath) +
+                           L"\" --journal \"" + path(L"ide.journal") + L"\" --define \"SAMPLE=" + m_folder +
+                           L"\" --define \"JOURNAL=" + path(L"backend.journal") + L"\" " + options;
     STARTUPINFOW start{};
     start.cb = sizeof start;
     start.dwFlags = STARTF_USESTDHANDLES;

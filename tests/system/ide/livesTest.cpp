@@ -17,7 +17,7 @@ protected:
 
 TEST_F(LivesTest, guidedTour_holdsAtEveryStep)
 {
-    EXPECT_EQ(runFile(path(L"tour.script"), L""), 0u);
+    EXPECT_EQ(runFile(L"tour.script", L""), 0u);
     EXPECT_EQ(countOf("BREACH", backendJournal()), 0);
 }
 

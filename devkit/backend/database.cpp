@@ -63,11 +63,6 @@ OdbcConnection& Database::opened()
     return *m_connection;
 }
 
-OdbcConnection::Table Database::run(const std::wstring& sql, size_t mostRows)
-{
-    return opened().table(sql, mostRows);
-}
-
 void Database::drop(const ObjectFacts& facts)
 {
     m_catalog->drop(opened(), facts);

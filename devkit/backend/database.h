@@ -38,8 +38,6 @@ public:
                : folderKind == kindFunctionFolder ? &m_functions
                                                   : nullptr;
     }
-    // Runs a statement. Throws OdbcError, also when the connection is closed.
-    OdbcConnection::Table run(const std::wstring& sql, size_t mostRows = 1000);
     // What another thread needs to work on the same database: a connection of its own, and the database's ways. The
     // functions of both throw OdbcError.
     struct Workshop {

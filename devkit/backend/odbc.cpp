@@ -68,7 +68,16 @@ std::wstring sqlText(const std::wstring& text)
     return literal + L"'";
 }
 
-OdbcConnection::OdbcConnection(const std::wstring& connectionString)
+void Cancellation::cancel() noexcept
+{
+    const std::lock_guard held(m_lock);
+    m_isCancelled = true;
+    if (m_running != SQL_NULL_HSTMT)
+        SQLCancel(m_running);
+}
+
+OdbcConnection::OdbcConnection(const std::wstring& connectionString, Cancellation* cancellation)
+    : m_cancellation(cancellation)
 {
     if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &m_environment)))
         throw OdbcError(L"ODBC is not installed");
@@ -93,6 +102,24 @@ OdbcConnection::~OdbcConnection()
     SQLFreeHandle(SQL_HANDLE_ENV, m_environment);
 }
 
+void OdbcConnection::setRunning(SQLHSTMT statement)
+{
+    if (!m_cancellation)
+        return;
+    const std::lock_guard held(m_cancellation->m_lock);
+    if (statement != SQL_NULL_HSTMT && m_cancellation->m_isCancelled)
+        throw OdbcError(L"the work was ended");
+    m_cancellation->m_running = statement;
+}
+
+SQLRETURN OdbcConnection::execute(SQLHSTMT statement, const std::wstring& sql)
+{
+    setRunning(statement);
+    const SQLRETURN executed = SQLExecDirectW(statement, odbcText(sql), SQL_NTS);
+    setRunning(SQL_NULL_HSTMT);
+    return executed;
+}
+
 OdbcConnection::Rows OdbcConnection::query(const std::wstring& sql)
 {
     return table(sql, mostRows).rows;
@@ -104,7 +131,7 @@ OdbcConnection::Table OdbcConnection::table(const std::wstring& sql, size_t limi
     check(SQLAllocHandle(SQL_HANDLE_STMT, m_connection, &statement), SQL_HANDLE_DBC, m_connection);
     const scope_exit freed([&] { SQLFreeHandle(SQL_HANDLE_STMT, statement); });
     SQLSetStmtAttrW(statement, SQL_ATTR_QUERY_TIMEOUT, reinterpret_cast<SQLPOINTER>(timeLimit), 0);
-    const SQLRETURN executed = SQLExecDirectW(statement, odbcText(sql), SQL_NTS);
+    const SQLRETURN executed = execute(statement, sql);
     if (executed == SQL_NO_DATA)
         return {};
     check(executed, SQL_HANDLE_STMT, statement);

@@ -2,6 +2,7 @@
 
 #include "platform/win32.h"
 
+#include <mutex>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -21,10 +22,23 @@ public:
 // A text as a statement's literal.
 std::wstring sqlText(const std::wstring& text);
 
+// Ends what a connection on another thread is doing, and all that it would do after that.
+class Cancellation {
+public:
+    void cancel() noexcept;
+
+private:
+    friend class OdbcConnection;
+    std::mutex m_lock;
+    SQLHSTMT m_running = SQL_NULL_HSTMT;
+    bool m_isCancelled = false;
+};
+
 // A connection to a database. Opened and closed with the object; every statement is bounded in rows.
 class OdbcConnection {
 public:
-    explicit OdbcConnection(const std::wstring& connectionString);
+    // With a cancellation it may be ended at any time: its statements then throw. It outlives the connection.
+    explicit OdbcConnection(const std::wstring& connectionString, Cancellation* cancellation = nullptr);
     OdbcConnection(const OdbcConnection&) = delete;
     OdbcConnection& operator=(const OdbcConnection&) = delete;
     ~OdbcConnection();
@@ -39,6 +53,10 @@ public:
     Table table(const std::wstring& sql, size_t mostRows);
 
 private:
+    SQLRETURN execute(SQLHSTMT statement, const std::wstring& sql);
+    void setRunning(SQLHSTMT statement);
+
+    Cancellation* m_cancellation;
     SQLHENV m_environment = SQL_NULL_HENV;
     SQLHDBC m_connection = SQL_NULL_HDBC;
 };

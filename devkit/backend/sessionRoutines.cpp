@@ -95,12 +95,13 @@ struct RunResult {
 };
 
 // All statements or none.
-RunResult runRoutine(const Database::Workshop& workshop, const ObjectFacts& facts, const std::wstring& source)
+RunResult runRoutine(const Database::Workshop& workshop, Cancellation& cancellation, const ObjectFacts& facts,
+                     const std::wstring& source)
 {
     constexpr size_t mostRows = 100;
     RunResult result;
     try {
-        OdbcConnection connection(workshop.connectionString);
+        OdbcConnection connection(workshop.connectionString, &cancellation);
         const scope_exit ended([&] { rollBack(connection); }); // nothing is left to roll back after a success
         connection.query(L"BEGIN");
         for (const std::wstring& statement : workshop.catalog->runStatements(facts, source, valuesFor(facts))) {
@@ -166,24 +167,24 @@ bool Session::build(int32_t handle)
     const ObjectFacts facts = parseRoutine(source);
     const std::wstring name = facts.name.empty() ? place.facts->name : facts.name;
     beginTask();
-    m_worker.add(
-        [this, handle, facts, source, name, workshop = place.connection->database.workshop()]() -> Worker::Completion {
-            std::wstring failure;
-            try {
-                if (facts.name.empty())
-                    throw OdbcError(L"the source has no CREATE PROCEDURE or CREATE FUNCTION statement");
-                OdbcConnection connection(workshop.connectionString);
-                workshop.catalog->build(connection, facts, source);
-            } catch (const OdbcError& error) {
-                failure = error.text;
-            }
-            return [this, handle, name, failure] {
-                if (const Place built = placeOf(handle); built.facts)
-                    load(*built.connection, *built.folder, true);
-                endTask();
-                tell(failure.empty() ? messageBuilt : messageBuildFailed, {name, failure});
-            };
-        });
+    m_worker.add([this, handle, facts, source, name,
+                  workshop = place.connection->database.workshop()](Cancellation& cancellation) -> Worker::Completion {
+        std::wstring failure;
+        try {
+            if (facts.name.empty())
+                throw OdbcError(L"the source has no CREATE PROCEDURE or CREATE FUNCTION statement");
+            OdbcConnection connection(workshop.connectionString, &cancellation);
+            workshop.catalog->build(connection, facts, source);
+        } catch (const OdbcError& error) {
+            failure = error.text;
+        }
+        return [this, handle, name, failure] {
+            if (const Place built = placeOf(handle); built.facts)
+                load(*built.connection, *built.folder, true);
+            endTask();
+            tell(failure.empty() ? messageBuilt : messageBuildFailed, {name, failure});
+        };
+    });
     return true;
 }
 
@@ -216,8 +217,9 @@ bool Session::run(int32_t handle)
         return true;
     }
     beginTask();
-    m_worker.add([this, facts, source, workshop = place.connection->database.workshop()]() -> Worker::Completion {
-        RunResult result = runRoutine(workshop, facts, source);
+    m_worker.add([this, facts, source,
+                  workshop = place.connection->database.workshop()](Cancellation& cancellation) -> Worker::Completion {
+        RunResult result = runRoutine(workshop, cancellation, facts, source);
         return [this, facts, result = std::move(result)] {
             endTask();
             if (!result.failure.empty())
@@ -239,13 +241,16 @@ bool Session::sampleContents(int32_t handle)
     std::wstring quoted = L"\"";
     for (const wchar_t letter : place.facts->name)
         quoted += letter == L'"' ? L"\"\"" : std::wstring(1, letter);
-    try {
-        tell(messageSample,
-             {place.facts->name,
-              tableText(place.connection->database.run(L"SELECT * FROM " + quoted + L"\"", sampleRows))});
-    } catch (const OdbcError& error) {
-        tell(messageUnreadable, {place.facts->name, error.text});
-    }
+    m_worker.add([this, name = place.facts->name, sql = L"SELECT * FROM " + quoted + L"\"",
+                  workshop = place.connection->database.workshop()](Cancellation& cancellation) -> Worker::Completion {
+        try {
+            const std::wstring rows =
+                tableText(OdbcConnection(workshop.connectionString, &cancellation).table(sql, sampleRows));
+            return [this, name, rows] { tell(messageSample, {name, rows}); };
+        } catch (const OdbcError& error) {
+            return [this, name, words = error.text] { tell(messageUnreadable, {name, words}); };
+        }
+    });
     return true;
 }
 

@@ -6,6 +6,7 @@ namespace velk::devkit {
 
 Worker::~Worker()
 {
+    m_cancellation.cancel();
     if (m_thread.joinable())
         m_thread.join();
 }
@@ -21,7 +22,7 @@ void Worker::startNext()
     if (m_waiting.empty() || m_thread.joinable())
         return;
     m_thread = std::thread([this, work = std::move(m_waiting.front())] {
-        Completion completion = work();
+        Completion completion = work(m_cancellation);
         const std::lock_guard held(m_lock);
         m_completion = std::move(completion);
         m_isDone = true;

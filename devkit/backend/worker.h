@@ -1,5 +1,7 @@
 #pragma once
 
+#include "devkit/backend/odbc.h"
+
 #include <deque>
 #include <functional>
 #include <mutex>
@@ -12,12 +14,13 @@ namespace velk::devkit {
 class Worker {
 public:
     using Completion = std::function<void()>;
-    using Work = std::function<Completion()>;
+    // Uses the cancellation for all its connections.
+    using Work = std::function<Completion(Cancellation&)>;
 
     Worker() = default;
     Worker(const Worker&) = delete;
     Worker& operator=(const Worker&) = delete;
-    // Waits for the piece that is being worked on; what waits behind it is dropped, and so are all results.
+    // Ends the piece that is being worked on; what waits behind it is dropped, and so are all results.
     ~Worker();
 
     void add(Work work);
@@ -27,6 +30,7 @@ public:
 private:
     void startNext();
 
+    Cancellation m_cancellation; // outlives the thread
     std::mutex m_lock;
     std::deque<Work> m_waiting; // on the caller's thread only
     Completion m_completion;

@@ -41,7 +41,7 @@ int showPopupMenu(const std::vector<MenuLine>& lines, HWND owner, POINT place)
     if (presenter())
         return presenter()(lines);
     const unique_menu menu = made(lines);
-    return TrackPopupMenu(menu.get(), TPM_LEFTALIGN | TPM_RIGHTBUTTON | TPM_RETURNCMD | TPM_NONOTIFY, place.x, place.y,
+    return TrackPopupMenu(menu.get(), TPM_LEFTALIGN | TPM_RETURNCMD | TPM_NONOTIFY, place.x, place.y,
                           0, owner, nullptr);
 }
 

@@ -28,39 +28,52 @@ protected:
 TEST_F(PostgresTest, folders_showTheDatabasesOwnObjects)
 {
     EXPECT_EQ(
-        work("select-node Orders/ORDERS/Tables\nexpect-rows 5\nexpect-row customers|public|*|1|Who buys from us\n"
-             "select-node Orders/ORDERS/Views\nexpect-rows 2\nexpect-row open_orders|public|Orders not yet shipped\n"
-             "select-node Orders/ORDERS/Triggers\nexpect-rows 1\nexpect-row orders_inserted|public|orders|public\n"),
+        work("select-node Orders/ORDERS/Tables\nexpect-rows 8\nexpect-row customers|public|*|1|Who buys from us\n"
+             "select-node Orders/ORDERS/Views\nexpect-rows 4\nexpect-row open_orders|public|Orders not yet shipped\n"
+             "select-node Orders/ORDERS/Triggers\nexpect-rows 5\nexpect-row orders_inserted|public|orders|public|Keeps "
+             "the audit\n"),
         0u);
     expectNoBreach();
 }
 
 TEST_F(PostgresTest, procedure_isBuiltRunAndDropped)
 {
-    EXPECT_EQ(work("select-node Orders/ORDERS/Stored Procedures\nexpect-rows 1\n"
+    EXPECT_EQ(work("select-node Orders/ORDERS/Stored Procedures\nexpect-rows 3\n"
                    "right-click-row place_order\nchoose-menu Build\nexpect-message place_order was built.\nanswer ok\n"
                    "right-click-row place_order\nchoose-menu Run\nexpect-message place_order ran: 1 statements.\n"
-                   "answer ok\nselect-node Orders/ORDERS/Views\nexpect-rows 2\n"
-                   "right-click-row open_orders\nchoose-menu Sample Contents\nexpect-message 2 | Ashdown Books\n"
-                   "answer ok\nselect-node Orders/ORDERS/Stored Procedures\nexpect-rows 1\n"
+                   "answer ok\nselect-node Orders/ORDERS/Views\nexpect-rows 4\n"
+                   "right-click-row open_orders\nchoose-menu Sample Contents\nexpect-message 3 | Ashdown Books\n"
+                   "answer ok\nselect-node Orders/ORDERS/Stored Procedures\nexpect-rows 3\n"
                    "right-click-row place_order\nchoose-menu Drop From Database\nexpect-message Drop place_order\n"
-                   "answer yes\nexpect-rows 0\n"),
+                   "answer yes\nexpect-rows 2\n"),
               0u);
     expectNoBreach();
 }
 
 TEST_F(PostgresTest, function_tellsItsResult)
 {
-    EXPECT_EQ(work("select-node Orders/ORDERS/User-Defined Functions\nexpect-rows 1\n"
+    EXPECT_EQ(work("select-node Orders/ORDERS/User-Defined Functions\nexpect-rows 2\n"
                    "right-click-row order_total\nchoose-menu Build\nexpect-message order_total was built.\nanswer ok\n"
                    "right-click-row order_total\nchoose-menu Run\nexpect-message 52.25\nanswer ok\n"),
               0u);
     expectNoBreach();
 }
 
+// What a procedure changes, its triggers note, as in the sample on the other database.
+TEST_F(PostgresTest, procedureWithATrigger_changesBothTables)
+{
+    EXPECT_EQ(work("select-node Orders/ORDERS/Stored Procedures\nexpect-rows 3\n"
+                   "right-click-row close_order\nchoose-menu Build\nexpect-message close_order was built.\nanswer ok\n"
+                   "right-click-row close_order\nchoose-menu Run\nexpect-message close_order ran: 1 statements.\n"
+                   "answer ok\nselect-node Orders/ORDERS/Tables\nexpect-rows 8\n"
+                   "right-click-row audit\nchoose-menu Sample Contents\nexpect-message order 1 shipped\nanswer ok\n"),
+              0u);
+    expectNoBreach();
+}
+
 TEST_F(PostgresTest, failedBuild_tellsTheDatabasesOwnWords)
 {
-    EXPECT_EQ(work("select-node Orders/ORDERS/Stored Procedures\nexpect-rows 1\n"
+    EXPECT_EQ(work("select-node Orders/ORDERS/Stored Procedures\nexpect-rows 3\n"
                    "append-line $SAMPLE\\rz\\routines\\place_order.sql SELECT elephants;\n"
                    "right-click-row place_order\nchoose-menu Build\nexpect-message place_order was not built\n"
                    "expect-message column \"elephants\" does not exist\nanswer ok\n"),
@@ -70,8 +83,8 @@ TEST_F(PostgresTest, failedBuild_tellsTheDatabasesOwnWords)
 
 TEST_F(PostgresTest, disconnectedProject_connectsAgainWithTheNextFolder)
 {
-    EXPECT_EQ(work("select-node Orders/ORDERS/Tables\nexpect-rows 5\nright-click-node Orders/ORDERS\n"
-                   "choose-menu Disconnect\nselect-node Orders/ORDERS/Views\nexpect-rows 2\n"),
+    EXPECT_EQ(work("select-node Orders/ORDERS/Tables\nexpect-rows 8\nright-click-node Orders/ORDERS\n"
+                   "choose-menu Disconnect\nselect-node Orders/ORDERS/Views\nexpect-rows 4\n"),
               0u);
 }
 
@@ -93,9 +106,9 @@ TEST_F(PostgresTest, lostConnection_isToldAndTheNodeIsDisconnectedUntilTheNextFo
 {
     const devkit::ProjectFile project = devkit::parseProject(*devkit::readBytes(path(L"rz\\orders.rzv")));
     std::thread ending(endConnectionsWhen, path(L"backend.journal"), project.connections.front().odbc);
-    EXPECT_EQ(work("select-node Orders/ORDERS/Tables\nexpect-rows 5\nwait 1500\n"
+    EXPECT_EQ(work("select-node Orders/ORDERS/Tables\nexpect-rows 8\nwait 1500\n"
                    "select-node Orders/ORDERS/Views\nexpect-message was lost\nanswer ok\nexpect-rows 0\n"
-                   "select-node Orders/ORDERS/Tables\nexpect-rows 5\n"),
+                   "select-node Orders/ORDERS/Tables\nexpect-rows 8\n"),
               0u);
     ending.join();
     expectNoBreach();

@@ -14,10 +14,13 @@ void removeTree(const std::wstring& folder)
         const std::wstring name = entry.cFileName;
         if (name == L"." || name == L"..")
             continue;
-        if (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
-            removeTree(folder + L"\\" + name);
-        else
-            DeleteFileW((folder + L"\\" + name).c_str());
+        const std::wstring path = folder + L"\\" + name;
+        if (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
+            removeTree(path);
+        } else {
+            SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL); // source control leaves files read-only
+            DeleteFileW(path.c_str());
+        }
     } while (FindNextFileW(search, &entry));
     FindClose(search);
     RemoveDirectoryW(folder.c_str());

@@ -52,21 +52,21 @@ IdeRun::IdeRun() : m_folder(fullPath(L"run"))
         CopyFileW((fullPath(VELK_BIN) + L"\\" + program).c_str(), path(program).c_str(), FALSE);
     write(path(L"backend.journal"), "");
     SetEnvironmentVariableW(L"VELK_BACKEND_JOURNAL", path(L"backend.journal").c_str());
-    registerAddIn("DllRegisterServer");
+    registerDll(L"velkviadd.dll", "DllRegisterServer");
 }
 
 IdeRun::~IdeRun()
 {
-    registerAddIn("DllUnregisterServer");
+    registerDll(L"velkviadd.dll", "DllUnregisterServer");
     if (HasFailure())
         std::cout << output << "\n--- the IDE's journal\n"
                   << content(path(L"ide.journal")) << "\n--- the Backend's journal\n"
                   << content(path(L"backend.journal"));
 }
 
-void IdeRun::registerAddIn(const char* entry) const
+void IdeRun::registerDll(const wchar_t* name, const char* entry) const
 {
-    const unique_module dll(LoadLibraryW(path(L"velkviadd.dll").c_str()));
+    const unique_module dll(LoadLibraryW(path(name).c_str()));
     ASSERT_TRUE(static_cast<bool>(dll));
     const auto function =
         reinterpret_cast<HRESULT(WINAPI*)()>(reinterpret_cast<void*>(GetProcAddress(dll.get(), entry)));

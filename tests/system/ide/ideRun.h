@@ -33,9 +33,10 @@ protected:
 
     std::string output;
 
-private:
-    void registerAddIn(const char* entry) const;
+    // Calls an entry without arguments of a library in the folder: its registration or the end of that.
+    void registerDll(const wchar_t* name, const char* entry) const;
 
+private:
     std::wstring m_folder;
 };
 

@@ -57,7 +57,9 @@ TEST_F(LivesTest, unloadingUnderAMessage_isCleanAndCallsNothingAfterTheEnd)
                   "expect-module velkviadd.dll unloaded\nload velkviadd.Connect\nunload velkviadd.Connect\n"
                   "expect-module velkviadd.dll unloaded\n"),
               0u);
-    EXPECT_EQ(backendJournal().back(), "RZTerminate()");
+    const std::vector<std::string> calls = backendJournal();
+    ASSERT_FALSE(calls.empty());
+    EXPECT_EQ(calls.back(), "RZTerminate()");
 }
 
 TEST_F(LivesTest, keptToolWindow_isFoundAgainAndNeverMadeTwice)

@@ -3,6 +3,7 @@
 #include "devkit/ide/scriptRunner.h"
 
 #include <algorithm>
+#include <optional>
 
 #include <commctrl.h>
 
@@ -67,40 +68,63 @@ void pressKey(WORD key)
     Sleep(15);
 }
 
-// How often Down brings the user from nothing to the item; 0 when there is none of that caption.
-int stepsTo(HMENU menu, Text caption)
+// The place of an item; nothing when there is none of that caption.
+std::optional<int> placeOf(HMENU menu, Text caption)
 {
-    int steps = 0;
-    for (int place = 0; menu && place < GetMenuItemCount(menu); ++place) {
-        const std::wstring text = captionOf(menu, place);
-        steps += text == L"-" ? 0 : 1;
-        if (text == caption)
-            return steps;
+    for (int place = 0; menu && place < GetMenuItemCount(menu); ++place)
+        if (captionOf(menu, place) == caption)
+            return place;
+    return std::nullopt;
+}
+
+bool isHighlighted(HMENU menu, int place)
+{
+    return (GetMenuState(menu, static_cast<UINT>(place), MF_BYPOSITION) & MF_HILITE) != 0;
+}
+
+std::optional<int> highlighted(HMENU menu)
+{
+    for (int place = 0; place < GetMenuItemCount(menu); ++place)
+        if (isHighlighted(menu, place))
+            return place;
+    return std::nullopt;
+}
+
+// Down until the item is highlighted. A menu that has just opened may lose a key, so each one is waited for.
+void highlight(HMENU menu, int wanted)
+{
+    constexpr int mostKeys = 100;
+    constexpr int mostLooks = 50;
+    for (int key = 0; key < mostKeys && !isHighlighted(menu, wanted); ++key) {
+        const std::optional<int> before = highlighted(menu);
+        pressKey(VK_DOWN);
+        for (int look = 0; look < mostLooks && highlighted(menu) == before; ++look)
+            Sleep(5);
     }
-    return 0;
+    if (!isHighlighted(menu, wanted))
+        throw ScriptFailure(L"the menu does not take the keys");
 }
 
 void chooseMenu(ScriptRunner& script, Text path)
 {
     const std::vector<std::wstring> parts = split(path, L'/');
     script.expect(
-        L"a menu with " + parts.front(), [&] { return stepsTo(openMenu(), parts.front()) > 0; },
+        L"a menu with " + parts.front(), [&] { return placeOf(openMenu(), parts.front()).has_value(); },
         [] { return menuText(openMenu()); });
     HMENU menu = openMenu();
     for (size_t depth = 0; depth < parts.size(); ++depth) {
-        int steps = stepsTo(menu, parts[depth]);
-        if (steps == 0)
+        const std::optional<int> place = placeOf(menu, parts[depth]);
+        if (!place)
             throw ScriptFailure(L"the menu has no " + parts[depth] + L": " + menuText(menu));
-        // A submenu opens with its first item selected.
-        for (steps -= depth == 0 ? 0 : 1; steps > 0; --steps)
-            pressKey(VK_DOWN);
+        highlight(menu, *place);
         const bool isLast = depth + 1 == parts.size();
         pressKey(isLast ? VK_RETURN : VK_RIGHT);
-        for (int place = 0; !isLast && place < GetMenuItemCount(menu); ++place)
-            if (captionOf(menu, place) == parts[depth]) {
-                menu = GetSubMenu(menu, place);
-                break;
-            }
+        if (isLast)
+            break;
+        menu = GetSubMenu(menu, *place);
+        // It opens with its first item highlighted; until then the keys would go to the menu above it.
+        script.expect(
+            L"the menu below " + parts[depth], [&] { return highlighted(menu).has_value(); }, [] { return L"none"; });
     }
     script.expect(
         L"the menu to go", [] { return !openMenu(); }, [] { return menuText(openMenu()); });

@@ -42,11 +42,12 @@ Database::Database(const ProjectConnection& connection, const std::wstring& fold
 {
 }
 
-void Database::open()
+std::unique_ptr<OdbcConnection> Database::Workshop::open(Cancellation& cancellation) const
 {
-    auto opened = std::make_unique<OdbcConnection>(m_place.connectionString);
-    m_catalog->objects(*opened, kindTableFolder);
-    m_connection = std::move(opened);
+    auto opened = std::make_unique<OdbcConnection>(connectionString, &cancellation);
+    catalog->objects(*opened, kindTableFolder);
+    opened->keep();
+    return opened;
 }
 
 const std::vector<ProjectRoutine>* Database::routinesOf(int32_t folderKind) const

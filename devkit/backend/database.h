@@ -22,8 +22,7 @@ public:
     const std::wstring& file() const { return m_place.file; }
     bool connected() const { return m_connection != nullptr; }
 
-    // Both throw OdbcError. Opening reads from the database once, because a driver may put off touching the file.
-    void open();
+    void connect(std::unique_ptr<OdbcConnection> connection) { m_connection = std::move(connection); }
     void close() { m_connection.reset(); }
 
     // The contents of a folder. Throws OdbcError.
@@ -43,6 +42,8 @@ public:
     struct Workshop {
         std::wstring connectionString;
         std::shared_ptr<Catalog> catalog;
+        // Reads from the database once, because a driver may put off touching the file.
+        std::unique_ptr<OdbcConnection> open(Cancellation& cancellation) const;
     };
     Workshop workshop() const { return {m_place.connectionString, m_catalog}; }
     void drop(const ObjectFacts& facts);

@@ -28,6 +28,10 @@ public:
 #include "devkit/contract/exports.inc"
 #undef FAKE_EXPORT
 
+    bool isWorking() const
+    {
+        return m_session && m_session->isWorking();
+    }
     Journal& journal() noexcept
     {
         return m_journal;

@@ -37,6 +37,11 @@ extern "C" {
 #undef FAKE_EXPORT
 
 // For tests: how many breaches there were since the library was loaded.
+__declspec(dllexport) int32_t __stdcall RZStandinIsWorking() noexcept
+{
+    return served(L"RZStandinIsWorking", [](Desk& desk) { return desk.isWorking() ? 1 : 0; });
+}
+
 __declspec(dllexport) int32_t __stdcall RZStandinBreaches() noexcept
 {
     return served(L"RZStandinBreaches", [](Desk& desk) { return desk.journal().breaches(); });

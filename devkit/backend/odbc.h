@@ -43,6 +43,9 @@ public:
     OdbcConnection& operator=(const OdbcConnection&) = delete;
     ~OdbcConnection();
 
+    // Outlives its cancellation from now on, which does not reach it any more.
+    void keep() noexcept { m_cancellation = nullptr; }
+
     using Rows = std::vector<std::vector<std::wstring>>;
     Rows query(const std::wstring& sql);
     // The same with the names of the columns; at most so many rows. No columns for a statement that gives no rows.

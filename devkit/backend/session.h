@@ -81,6 +81,7 @@ public:
     bool makeConnectionDE(int32_t handle, ConnectionDEPayload wanted);
     bool makeCommandDE(int32_t handle, CommandDEPayload wanted);
 
+    bool isWorking() const { return m_worker.isBusy(); }
     void watchAgain() { m_nextWatch = 0; } // at the next call of next(), for tests
 
 private:
@@ -88,7 +89,10 @@ private:
     void addConnection(const ProjectConnection& connection, const ProjectFile& file, bool first);
     void reportMissingFiles(const ProjectFile& file);
     void closeProject();
-    bool open(ConnectionState& connection);
+    // Connects on the worker's thread; what is to be done then hears why it failed, nothing if it did not.
+    void connectThen(ConnectionState& connection, std::function<void(ConnectionState&, const std::wstring&)> done);
+    void tellClosed(const ConnectionState& connection, const std::wstring& reason);
+    void showCurrent(ConnectionState& connection);
     void lose(ConnectionState& connection, const std::wstring& reason, int32_t number);
     bool load(ConnectionState& connection, FolderState& folder, bool announce);
     void update(ConnectionState& connection, FolderState& folder, std::vector<ObjectFacts> found, bool announce);
@@ -126,6 +130,7 @@ private:
     std::unordered_map<int32_t, ObjectFacts> m_objects;
     int32_t m_currentFolder = 0;
     uint64_t m_nextWatch = 0;
+    int32_t m_lastAttempt = 0;
     std::deque<std::function<void(int32_t)>> m_questions;
     Worker m_worker;
     std::wstring m_copied; // the source of the routine that was copied last

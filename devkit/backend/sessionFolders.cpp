@@ -45,10 +45,10 @@ void Session::setCurrentFolder(int32_t handle)
     if (!folder)
         return;
     m_currentFolder = handle;
-    if (!connection->database.connected())
-        connect(connection->handle);
-    load(*connection, *folder, false);
-    announceContents(*connection, *folder);
+    if (connection->database.connected())
+        showCurrent(*connection);
+    else
+        connect(connection->handle); // shows the folder when it is done
 }
 
 bool Session::refresh(int32_t handle)

@@ -93,8 +93,12 @@ void Session::addConnection(const ProjectConnection& connection, const ProjectFi
     for (size_t index = 0; index < made->folders.size(); ++index)
         made->folders[index] = {m_handles.make(folderKinds[index]), folderKinds[index], {}, {}, {}, {}, {}};
     ConnectionState& state = *m_project->connections.emplace_back(std::move(made));
-    m_queue.push(about(Notice::added, kindConnection, state.handle, &state));
-    open(state);
+    // The caller hears of it when it is known whether its database can be had.
+    connectThen(state, [this](ConnectionState& added, const std::wstring& failure) {
+        m_queue.push(about(Notice::added, kindConnection, added.handle, &added));
+        if (!failure.empty())
+            tellClosed(added, failure);
+    });
 }
 
 // The caller hears of the project only: its connections and folders go with it.
@@ -117,16 +121,44 @@ void Session::closeProject()
     m_queue.push(std::move(removed));
 }
 
-bool Session::open(ConnectionState& connection)
+void Session::connectThen(ConnectionState& connection, std::function<void(ConnectionState&, const std::wstring&)> done)
 {
-    try {
-        connection.database.open();
-        return true;
-    } catch (const OdbcError& error) {
-        tell(messageDatabaseClosed,
-             {connection.database.name(), connection.database.file(), error.text, m_project->facts.path});
-        return false;
-    }
+    const int32_t attempt = connection.attempt = ++m_lastAttempt;
+    m_worker.add([this, attempt, done = std::move(done), handle = connection.handle,
+                  workshop = connection.database.workshop()](Cancellation& cancellation) -> Worker::Completion {
+        // Shared only because a completion can be copied.
+        const auto opened = std::make_shared<std::unique_ptr<OdbcConnection>>();
+        std::wstring failure;
+        try {
+            *opened = workshop.open(cancellation);
+        } catch (const OdbcError& error) {
+            failure = error.text.empty() ? L"the ODBC driver gave no reason" : error.text;
+        }
+        return [this, attempt, done, handle, opened, failure] {
+            ConnectionState* const state = connectionState(handle);
+            if (!state || state->attempt != attempt)
+                return; // closed or disconnected meanwhile
+            state->attempt = 0;
+            state->database.connect(std::move(*opened));
+            done(*state, failure);
+        };
+    });
+}
+
+void Session::tellClosed(const ConnectionState& connection, const std::wstring& reason)
+{
+    tell(messageDatabaseClosed,
+         {connection.database.name(), connection.database.file(), reason, m_project->facts.path});
+}
+
+// The current folder's contents, if it is one of the connection's.
+void Session::showCurrent(ConnectionState& connection)
+{
+    const auto [owner, folder] = folderState(m_currentFolder);
+    if (owner != &connection)
+        return;
+    load(connection, *folder, false);
+    announceContents(connection, *folder);
 }
 
 void Session::lose(ConnectionState& connection, const std::wstring& reason, int32_t number)
@@ -144,8 +176,14 @@ bool Session::connect(int32_t handle)
     ConnectionState* const state = connectionState(handle);
     if (!state)
         return false;
-    if (!state->database.connected() && open(*state))
-        m_queue.push(about(Notice::changed, kindConnection, handle, state));
+    if (!state->database.connected() && state->attempt == 0)
+        connectThen(*state, [this](ConnectionState& connection, const std::wstring& failure) {
+            if (failure.empty())
+                m_queue.push(about(Notice::changed, kindConnection, connection.handle, &connection));
+            else
+                tellClosed(connection, failure);
+            showCurrent(connection);
+        });
     return true;
 }
 
@@ -154,6 +192,7 @@ bool Session::disconnect(int32_t handle)
     ConnectionState* const state = connectionState(handle);
     if (!state)
         return false;
+    state->attempt = 0;
     if (state->database.connected())
         lose(*state, {}, 0);
     const auto [connection, folder] = folderState(m_currentFolder);

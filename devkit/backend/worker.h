@@ -26,6 +26,8 @@ public:
     void add(Work work);
     // The completion of a piece that is done; empty when there is none.
     Completion finished();
+    // Whether there is work under way, or a completion to be asked for.
+    bool isBusy() const { return m_thread.joinable(); }
 
 private:
     void startNext();

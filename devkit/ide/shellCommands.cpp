@@ -1,7 +1,7 @@
 // What a script does to the shell: add-ins, the solution, command bars, message boxes, its window.
 #include "devkit/ide/probe.h"
-#include "devkit/ide/stepWatch.h"
 #include "devkit/ide/scriptRunner.h"
+#include "devkit/ide/stepWatch.h"
 
 namespace velk::devkit {
 namespace {

@@ -131,12 +131,9 @@ void Connect::start()
         showMessage(getRZString(noProjectText));
         return;
     }
-    try {
-        m_manager->open();
-    } catch (...) {
-        const Error error = currentError();
-        reportFailure(L"Connect.start", L"the entry stays enabled for another try", error);
-        showMessage(startFailureText(error));
+    if (const auto failure = attempt([this] { m_manager->open(); })) {
+        reportFailure(L"Connect.start", L"the entry stays enabled for another try", *failure);
+        showMessage(startFailureText(*failure));
         return;
     }
     swallow(L"Connect.start", L"the session runs with the windows that could be built",

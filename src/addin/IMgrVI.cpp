@@ -72,7 +72,7 @@ std::wstring IMgrVI::solutionFullName()
 
 void IMgrVI::open()
 {
-    try {
+    const auto failure = attempt([this] {
         ensureToolWindow();
         m_rzFileName = defaultRZFileName(solutionFullName(), module::folder());
         // A Backend without its notifications would leave the pump failing ten times a second, so it is refused here.
@@ -84,13 +84,14 @@ void IMgrVI::open()
         m_isOpen = true;
         m_pump = notificationThreadFrm::load();
         m_pump->setIMMgr(IntegrationMgr(com_ptr<_IntegrationMgr>(this)));
-    } catch (...) {
-        swallow(L"IMgrVI.open", L"the failed start is what counts", [this] { closeRZCommunication(); });
-        swallow(L"IMgrVI.open", L"the failed start is what counts", [this] { removeToolWindow(); });
-        // The file can be replaced by a right one only while nobody holds it; the next click loads it again.
-        unloadBackend();
-        throw;
-    }
+    });
+    if (!failure)
+        return;
+    swallow(L"IMgrVI.open", L"the failed start is what counts", [this] { closeRZCommunication(); });
+    swallow(L"IMgrVI.open", L"the failed start is what counts", [this] { removeToolWindow(); });
+    // The file can be replaced by a right one only while nobody holds it; the next click loads it again.
+    unloadBackend();
+    throw *failure;
 }
 
 HRESULT IMgrVI::closeRZCommunication() noexcept

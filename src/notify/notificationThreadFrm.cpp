@@ -93,11 +93,8 @@ void notificationThreadFrm::timerThread_Timer() noexcept
 {
     // A message box in a handler lets the IDE disconnect the add-in; the tick must still have something to return to.
     const auto untilDone = shared_from_this();
-    try {
-        drain();
-    } catch (...) {
-        tellFailure(tellError, currentError());
-    }
+    if (const auto failure = attempt([this] { drain(); }))
+        tellFailure(tellError, *failure);
 }
 
 void notificationThreadFrm::drain()
@@ -118,11 +115,8 @@ void notificationThreadFrm::dispatch(const trzNotify& notification)
     for (const NotificationRow& row : notificationRows) {
         if (row.type != notification.lNotifyType)
             continue;
-        try {
-            row.handler(IntegrationMgr(m_IMMgr), notification);
-        } catch (...) {
-            tellFailure(row.failureText, currentError());
-        }
+        if (const auto failure = attempt([&] { row.handler(IntegrationMgr(m_IMMgr), notification); }))
+            tellFailure(row.failureText, *failure);
     }
 }
 

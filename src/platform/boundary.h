@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <new>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -43,6 +44,19 @@ HRESULT atBoundary(std::wstring_view where, Body&& body) noexcept
         const Error error = currentError();
         reportFailure(where, {}, error);
         return publishError(error);
+    }
+}
+
+// Runs a step whose failure the caller deals with itself: tells it, undoes what was done, or throws it on. Empty when
+// the step succeeded.
+template <class Body>
+std::optional<Error> attempt(Body&& body) noexcept
+{
+    try {
+        std::forward<Body>(body)();
+        return std::nullopt;
+    } catch (...) {
+        return currentError();
     }
 }
 

@@ -7,11 +7,9 @@ namespace velk {
 void DocumentObject::activate(bool withUi)
 {
     if (!m_isActive && !activateAsDocument()) {
-        try {
-            enterSite();
-        } catch (...) {
+        if (const auto failure = attempt([this] { enterSite(); })) {
             leaveSite(); // or the next attempt would take the object for active
-            throw;
+            throw *failure;
         }
     }
     if (m_content)

@@ -41,8 +41,8 @@ int showPopupMenu(const std::vector<MenuLine>& lines, HWND owner, POINT place)
     if (presenter())
         return presenter()(lines);
     const unique_menu menu = made(lines);
-    return TrackPopupMenu(menu.get(), TPM_LEFTALIGN | TPM_RETURNCMD | TPM_NONOTIFY, place.x, place.y,
-                          0, owner, nullptr);
+    return TrackPopupMenu(menu.get(), TPM_LEFTALIGN | TPM_RETURNCMD | TPM_NONOTIFY, place.x, place.y, 0, owner,
+                          nullptr);
 }
 
 void setMenuPresenter(MenuPresenter replacement)

@@ -86,7 +86,8 @@ double leadingNumber(std::wstring_view text)
     const char* end = begin + characters.size();
     double number = 0.0;
     const auto read = std::from_chars(begin + (characters.starts_with('+') ? 1 : 0), end, number);
-    const bool isTooGreat = read.ec == std::errc::result_out_of_range && characters.find("e-") == std::string::npos;
+    const bool isTooGreat = read.ec == std::errc::result_out_of_range && characters.find("e-") == std::string::npos &&
+                            characters.find_first_not_of("+-0.") < characters.find('.');
     if (isTooGreat)
         number = characters.starts_with('-') ? -HUGE_VAL : HUGE_VAL;
     return number;

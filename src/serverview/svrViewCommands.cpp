@@ -85,18 +85,17 @@ void svrViewCtl::clickMenuItem(MenuItem item)
 
 void svrViewCtl::doMenuCommand(MenuItem item, bool fromTree) noexcept
 {
-    try {
+    const auto failure = attempt([&] {
         const int32_t code = textToLong(m_menus[item].tag);
         const TreeNode* node = m_serverTreeView->selected();
         const Row* row = m_serverDetailsView->selected();
         if (fromTree ? !node : !row)
             throw Error(errorObjectNotSet);
         runCommand(code, keyToHandle(fromTree ? node->key : row->key));
-    } catch (...) {
-        const Error error = currentError();
+    });
+    if (failure)
         swallow(L"doMenuCommand", L"there is no other way to tell the user",
-                [&] { showMessage(error.description() + L":" + numberText(error.number())); });
-    }
+                [&] { showMessage(failure->description() + L":" + numberText(failure->number())); });
 }
 
 void svrViewCtl::runCommand(int32_t code, int32_t handle)

@@ -177,6 +177,39 @@ TEST_F(Folders, connection_connectedAgain_isConnected)
     RZTerminate();
 }
 
+TEST_F(Folders, connection_disconnectedWhileItConnects_staysDisconnected)
+{
+    RZObjectDoAction(1002, 8);
+    notifications();
+    RZObjectDoAction(1002, 7);
+    RZObjectDoAction(1002, 8);
+    EXPECT_THAT(notifications(), IsEmpty());
+    trzConnection record;
+    fetchConnection(1002, record);
+    EXPECT_FALSE(record.bConnected);
+    RZTerminate();
+}
+
+TEST_F(Folders, folder_selectedWithoutItsConnection_comesWhenThatIsThere)
+{
+    RZObjectDoAction(1002, 8);
+    notifications();
+    RZSetCurrentFolder(1003, 7);
+    RZSetCurrentFolder(1006, 13); // the user goes on meanwhile
+    EXPECT_THAT(notifications(), ElementsAre(L"6 6 1002", L"5 13 1006"));
+    EXPECT_EQ(names(1006, 13).size(), 8u);
+    RZTerminate();
+}
+
+TEST_F(Folders, project_removedWhileItConnects_isForgotten)
+{
+    EXPECT_NE(RZObjectDoAction(1001, 21), 0);
+    open(L"orders.rzv");
+    EXPECT_NE(RZObjectDoAction(1008, 21), 0);
+    EXPECT_THAT(notifications(), ElementsAre(L"7 5 1001", L"8 5 1008", L"7 5 1008"));
+    RZTerminate();
+}
+
 TEST_F(Folders, project_removed_goesWithAllHandles)
 {
     EXPECT_NE(RZObjectDoAction(1001, 21), 0);

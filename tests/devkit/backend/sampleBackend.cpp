@@ -31,6 +31,13 @@ std::wstring shown(const trzNotify& notification)
            std::to_wstring(notification.lObjectHdl);
 }
 
+bool isWorking()
+{
+    const auto function = reinterpret_cast<int32_t(__stdcall*)()>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"velkvsadd.dll"), "RZStandinIsWorking")));
+    return function() != 0;
+}
+
 using Begin = int32_t (*)(int32_t folder, int32_t& count, int32_t& enumeration);
 using End = int32_t (*)(int32_t enumeration);
 
@@ -111,6 +118,17 @@ void SampleBackend::beginSample()
 }
 
 std::vector<std::wstring> SampleBackend::notifications() const
+{
+    std::vector<std::wstring> lines = notificationsNow();
+    for (int tries = 0; tries < 1000 && isWorking(); ++tries) {
+        Sleep(10);
+        for (std::wstring& line : notificationsNow())
+            lines.push_back(std::move(line));
+    }
+    return lines;
+}
+
+std::vector<std::wstring> SampleBackend::notificationsNow() const
 {
     std::vector<std::wstring> lines;
     trzNotify notification;

@@ -34,8 +34,10 @@ protected:
     void open(const std::wstring& file); // RZProjectDoAccess as the caller does it; the notifications stay
     void beginSample();                  // both, and all notifications taken out
 
-    // All that wait, as "type kind handle" with a text in place of a text's handle.
+    // All that wait, as "type kind handle" with a text in place of a text's handle. The first waits for what the
+    // library's own thread is doing, and for what that brings about.
     std::vector<std::wstring> notifications() const;
+    std::vector<std::wstring> notificationsNow() const;
     // Waits long enough for the library to look for changes again.
     std::vector<std::wstring> notificationsAfterAWhile() const;
     std::vector<std::wstring> journal() const;

@@ -1,5 +1,9 @@
 #include "commandsFixture.h"
 
+#include <array>
+#include <cstddef>
+#include <memory>
+
 namespace velk {
 namespace {
 
@@ -283,19 +287,24 @@ TEST_F(CommandsTest, choiceWhileAnotherObjectIsRemoved_isCarriedOut)
     EXPECT_EQ(backend.calls, Calls{"RZObjectDoAction(100, 22)"});
 }
 
-TEST_F(CommandsTest, choiceInAViewThatEndsMeanwhile_isDropped)
+TEST_F(CommandsTest, choiceInAViewThatEndsMeanwhile_isDroppedWithoutALookAtIt)
 {
-    auto second = std::make_unique<svrViewCtl>();
+    // The place of the ended view is wiped, so that a look into it is a fault.
+    alignas(svrViewCtl) std::array<std::byte, sizeof(svrViewCtl)> room;
+    svrViewCtl* const second = new (room.data()) svrViewCtl;
     second->create(host, {0, 0, 400, 300});
     second->setupGUI();
     addProject();
     second->serverTreeView().select(L"K10");
     backend.calls.clear();
     chosen = static_cast<int>(conRemoveMnuItem) + 1;
-    whileMenuIsOpen = [&] { second.reset(); };
+    whileMenuIsOpen = [&] {
+        std::destroy_at(second);
+        room.fill(std::byte{});
+    };
     const HWND window = second->serverTreeView().hwnd();
     SendMessageW(window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window), -1);
-    EXPECT_EQ(second, nullptr);
+    EXPECT_FALSE(IsWindow(window));
     EXPECT_EQ(backend.calls, Calls{});
     EXPECT_EQ(messages, Lines{});
 }

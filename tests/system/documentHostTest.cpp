@@ -1,5 +1,5 @@
 // The server view's document in a host for whole documents.
-#include "documentHost.h"
+#include "support/documentHost.h"
 #include "dllFixture.h"
 
 #include <gmock/gmock.h>

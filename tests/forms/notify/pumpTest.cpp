@@ -1,48 +1,11 @@
-#include "notify/notificationThreadFrm.h"
-#include "support/fakeBackend.h"
-#include "support/fakeManager.h"
-#include "ui/messageBox.h"
-#include "ui/splashscrnFrm.h"
-
-#include <gmock/gmock.h>
+#include "pumpFixture.h"
 
 namespace velk {
 namespace {
 
-using test::FakeManager;
 using test::Lines;
 
-class PumpTest : public testing::Test {
-protected:
-    PumpTest()
-    {
-        backend.texts = {{646, L"Opening"}, {647, L"Done"}, {657, L"Add failed"}, {658, L"Remove failed"}};
-        setMessagePresenter([this](const std::wstring& text, uint32_t style, const std::wstring& title) {
-            messages.push_back(text + L"|" + title);
-            styles.push_back(style);
-            if (duringMessage)
-                duringMessage();
-            return answer;
-        });
-        pump->setIMMgr(IntegrationMgr(com_ptr<_IntegrationMgr>(manager.get())));
-    }
-    ~PumpTest() override
-    {
-        if (pump)
-            pump->unload();
-        unloadSplashScreen();
-        setMessagePresenter({});
-    }
-
-    test::FakeBackend backend;
-    Lines messages;
-    std::vector<uint32_t> styles;
-    int32_t answer = IDOK;
-    Lines journal;
-    std::function<void()> duringMessage;
-    com_ptr<FakeManager> manager = makeObject<FakeManager>(journal);
-    std::shared_ptr<notificationThreadFrm> pump = notificationThreadFrm::load();
-};
+class PumpTest : public test::PumpFixture {};
 
 TEST_F(PumpTest, typeOutside2To10WithFalseMoreFlag_doesNothingAndEndsTheTick)
 {
@@ -190,35 +153,6 @@ TEST_F(PumpTest, timer_ticksByItself)
     EXPECT_EQ(journal, Lines{L"minimizeVSAppWin"});
 }
 
-TEST_F(PumpTest, prompt_isShownAndItsAnswerGoesToTheTool)
-{
-    answer = IDCANCEL;
-    backend.prompt(L"Drop it?", 1, L"IDE_QUESTION#672#Drop");
-    backend.calls.clear();
-    pump->timerThread_Timer();
-    EXPECT_EQ(messages, Lines{L"Drop it?|Drop"});
-    EXPECT_EQ(styles, std::vector<uint32_t>{MB_YESNOCANCEL | MB_ICONQUESTION});
-    EXPECT_EQ(backend.calls.back(), "RZButtonDoAction(\"User response\", 2)");
-}
-
-TEST_F(PumpTest, okOnlyPromptClosedByEscape_answersOne)
-{
-    answer = IDCANCEL; // what some systems answer for Escape
-    backend.prompt(L"Done.", 1, L"IDE_WARNING");
-    pump->timerThread_Timer();
-    EXPECT_EQ(backend.calls.back(), "RZButtonDoAction(\"User response\", 1)");
-    EXPECT_EQ(messages, Lines{L"Done.|"});
-}
-
-TEST_F(PumpTest, promptWithTooManyFields_showsNothingAndAnswersNothing)
-{
-    backend.prompt(L"?", 1, L"a#b#c#d#e#f");
-    backend.calls.clear();
-    pump->timerThread_Timer();
-    EXPECT_EQ(messages, Lines{});
-    EXPECT_EQ(backend.calls.size(), 1u); // the text was fetched, and that is all
-}
-
 TEST_F(PumpTest, unknownTextWithoutButtonsOrOfTypeTwo_doesNothing)
 {
     backend.prompt(L"RZ_ELEPHANT", 1);
@@ -226,32 +160,6 @@ TEST_F(PumpTest, unknownTextWithoutButtonsOrOfTypeTwo_doesNothing)
     pump->timerThread_Timer();
     EXPECT_EQ(messages, Lines{});
     EXPECT_EQ(journal, Lines{});
-}
-
-TEST_F(PumpTest, unloadWhileAPromptIsOpen_sendsNoAnswer)
-{
-    backend.prompt(L"Drop it?", 1, L"IDE_QUESTION#67");
-    backend.prompt(L"never shown", 3);
-    duringMessage = [this] {
-        pump->unload();
-        backend.calls.clear();
-    };
-    pump->timerThread_Timer();
-    EXPECT_EQ(backend.calls, std::vector<std::string>{});
-    EXPECT_EQ(messages.size(), 1u);
-}
-
-TEST_F(PumpTest, tickInsideAPrompt_handlesWhatCameMeanwhile)
-{
-    backend.prompt(L"Drop it?", 1, L"IDE_QUESTION#67");
-    duringMessage = [this] {
-        duringMessage = nullptr;
-        backend.prompt(L"meanwhile", 3);
-        pump->timerThread_Timer();
-    };
-    pump->timerThread_Timer();
-    EXPECT_EQ(messages, (Lines{L"Drop it?|", L"meanwhile|velkviadd"}));
-    EXPECT_EQ(backend.calls.back(), "RZButtonDoAction(\"User response\", 1)");
 }
 
 TEST_F(PumpTest, tenThousandNotificationsAtOnce_areAllHandled)

@@ -1,9 +1,8 @@
-#include "model/conLstCtl.h"
-#include "platform/menu.h"
-#include "support/fakeManager.h"
-#include "ui/fileChooserForm.h"
-#include "ui/messageBox.h"
-#include "viewFixture.h"
+#include "commandsFixture.h"
+
+#include <array>
+#include <cstddef>
+#include <memory>
 
 namespace velk {
 namespace {
@@ -12,73 +11,7 @@ using enum MenuItem;
 using test::Calls;
 using test::Lines;
 
-class CommandsTest : public test::ViewFixture {
-protected:
-    CommandsTest()
-    {
-        setMessagePresenter([this](const std::wstring& text, uint32_t, const std::wstring& caption) {
-            messages.push_back(text + L"|" + caption);
-            return IDOK;
-        });
-        setMenuPresenter([this](const std::vector<MenuLine>& lines) {
-            menu = lines;
-            return chosen;
-        });
-        setFileDialogPresenter([this](OPENFILENAMEW& dialog, bool) {
-            asked = dialog.lpstrInitialDir ? dialog.lpstrInitialDir : L"(none)";
-            title = dialog.lpstrTitle;
-            filter = std::wstring(dialog.lpstrFilter);
-            chosenFile.copy(dialog.lpstrFile, dialog.nMaxFile);
-            return !chosenFile.empty();
-        });
-        view.setIMgr(IntegrationMgr(com_ptr<_IntegrationMgr>(manager.get())));
-        view.setupGUI();
-        addProject();
-        journal.clear();
-        backend.calls.clear();
-    }
-    ~CommandsTest() override
-    {
-        setMessagePresenter({});
-        setMenuPresenter({});
-        setFileDialogPresenter({});
-        connectionDialog().terminate();
-    }
-    // A procedure in the list of the selected procedures folder.
-    void showProcedure(const std::wstring& file = L"C:\\src\\raise.sql")
-    {
-        tree().select(L"K20");
-        addProcedureRow({.lHdl = 100, .strName = L"raise", .strLanguage = L"SQL", .strFileName = file});
-        list().view().selectRow(0);
-        backend.calls.clear();
-    }
-    void rightClick(HWND window, POINT place)
-    {
-        ClientToScreen(window, &place);
-        SendMessageW(window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window), MAKELPARAM(place.x, place.y));
-    }
-    POINT placeOfNode(const std::wstring& key)
-    {
-        tree().select(key);
-        const RECT place = tree().placeOfSelected();
-        return {place.left + 2, (place.top + place.bottom) / 2};
-    }
-    bool press(WPARAM key)
-    {
-        MSG message{};
-        message.hwnd = GetFocus();
-        message.message = WM_KEYDOWN;
-        message.wParam = key;
-        return view.translateKey(message);
-    }
-
-    Lines journal;
-    com_ptr<test::FakeManager> manager = makeObject<test::FakeManager>(journal);
-    Lines messages;
-    std::vector<MenuLine> menu;
-    int chosen = 0;
-    std::wstring asked, title, filter, chosenFile;
-};
+class CommandsTest : public test::CommandsFixture {};
 
 TEST_F(CommandsTest, treeItem_actsOnTheSelectedNode)
 {
@@ -303,6 +236,79 @@ TEST_F(CommandsTest, rightClickOnANode_selectsItAndShowsItsMenu)
     EXPECT_EQ(backend.calls.back(), "RZObjectDoAction(1, 3)");
 }
 
+TEST_F(CommandsTest, choiceForANodeThatIsRemovedMeanwhile_isDropped)
+{
+    const POINT place = placeOfNode(L"K10");
+    chosen = static_cast<int>(conRemoveMnuItem) + 1;
+    whileMenuIsOpen = [] { removeNode(L"K10"); };
+    rightClick(tree().hwnd(), place);
+    EXPECT_EQ(menu.front().caption, L"#408");
+    EXPECT_EQ(tree().selected()->key, L"K1"); // what the choice would have fallen on
+    EXPECT_THAT(backend.calls, testing::Not(testing::Contains(testing::StartsWith("RZObjectDoAction"))));
+    EXPECT_EQ(messages, Lines{});
+}
+
+TEST_F(CommandsTest, choiceForARowThatIsRemovedMeanwhile_isDropped)
+{
+    showProcedure();
+    addProcedureRow({.lHdl = 101, .strName = L"lower", .strLanguage = L"SQL"});
+    chosen = static_cast<int>(devObjDropMnuItem) + 1;
+    whileMenuIsOpen = [this] {
+        removeListRow(L"8", L"K100");
+        list().view().selectRow(0);
+    };
+    rightClickRow(0);
+    EXPECT_EQ(menu.front().caption, L"#414");
+    EXPECT_EQ(list().selected()->key, L"K101"); // what the choice would have fallen on
+    EXPECT_EQ(backend.calls, Calls{});
+    EXPECT_EQ(messages, Lines{});
+}
+
+TEST_F(CommandsTest, choiceForTheOnlyRowThatIsRemovedMeanwhile_isDropped)
+{
+    showProcedure();
+    chosen = static_cast<int>(devObjDropMnuItem) + 1;
+    whileMenuIsOpen = [] { removeListRow(L"8", L"K100"); };
+    rightClickRow(0);
+    EXPECT_EQ(backend.calls, Calls{});
+    EXPECT_EQ(messages, Lines{});
+}
+
+TEST_F(CommandsTest, choiceWhileAnotherObjectIsRemoved_isCarriedOut)
+{
+    showProcedure();
+    addProcedureRow({.lHdl = 101, .strName = L"lower", .strLanguage = L"SQL"});
+    chosen = static_cast<int>(devObjDropMnuItem) + 1;
+    whileMenuIsOpen = [] {
+        removeListRow(L"8", L"K101");
+        removeNode(L"K24");
+    };
+    rightClickRow(0);
+    EXPECT_EQ(backend.calls, Calls{"RZObjectDoAction(100, 22)"});
+}
+
+TEST_F(CommandsTest, choiceInAViewThatEndsMeanwhile_isDroppedWithoutALookAtIt)
+{
+    // The place of the ended view is wiped, so that a look into it is a fault.
+    alignas(svrViewCtl) std::array<std::byte, sizeof(svrViewCtl)> room;
+    svrViewCtl* const second = new (room.data()) svrViewCtl;
+    second->create(host, {0, 0, 400, 300});
+    second->setupGUI();
+    addProject();
+    second->serverTreeView().select(L"K10");
+    backend.calls.clear();
+    chosen = static_cast<int>(conRemoveMnuItem) + 1;
+    whileMenuIsOpen = [&] {
+        std::destroy_at(second);
+        room.fill(std::byte{});
+    };
+    const HWND window = second->serverTreeView().hwnd();
+    SendMessageW(window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window), -1);
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_EQ(backend.calls, Calls{});
+    EXPECT_EQ(messages, Lines{});
+}
+
 TEST_F(CommandsTest, rightClickOnEmptyTreeSpace_popsUpNothingAndChangesNoSelection)
 {
     tree().select(L"K10");
@@ -321,8 +327,7 @@ TEST_F(CommandsTest, rightClickOnEmptyListSpace_showsNoMenu)
 TEST_F(CommandsTest, rightClickOnARow_showsTheMenuOfItsFolder)
 {
     showProcedure();
-    const RECT place = list().view().placeOf(0);
-    rightClick(list().view().hwnd(), {place.left + 3, place.top + 3});
+    rightClickRow(0);
     EXPECT_EQ(menu.front().caption, L"#414");
 }
 
@@ -333,61 +338,6 @@ TEST_F(CommandsTest, keyboardMenu_opensAtTheFocusedItem)
     const HWND window = list().view().hwnd();
     SendMessageW(window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window), -1);
     EXPECT_EQ(menu.front().caption, L"#414");
-}
-
-class KeysTest : public CommandsTest {
-protected:
-    KeysTest() { ShowWindow(host, SW_SHOW); }
-};
-
-TEST_F(KeysTest, f5_refreshesTheSelectedFolder)
-{
-    tree().select(L"K23");
-    SetFocus(tree().hwnd());
-    backend.calls.clear();
-    EXPECT_TRUE(press(VK_F5));
-    EXPECT_EQ(backend.calls, Calls{"RZObjectDoAction(23, 10)"});
-}
-
-TEST_F(KeysTest, f5OnAConnection_isLeftToTheIde)
-{
-    tree().select(L"K10");
-    SetFocus(tree().hwnd());
-    EXPECT_FALSE(press(VK_F5));
-}
-
-TEST_F(KeysTest, enterOnARow_doesItsFirstEnabledItem)
-{
-    showProcedure();
-    SetFocus(list().view().hwnd());
-    EXPECT_TRUE(press(VK_RETURN));
-    EXPECT_EQ(backend.calls, Calls{"RZObjectDoAction(100, 25)"});
-}
-
-TEST_F(KeysTest, deleteOnARoutine_removesItFromTheProject)
-{
-    showProcedure();
-    SetFocus(list().view().hwnd());
-    EXPECT_TRUE(press(VK_DELETE));
-    EXPECT_EQ(backend.calls, Calls{"RZObjectDoAction(100, 21)"});
-}
-
-TEST_F(KeysTest, deleteOnAConnection_removesIt)
-{
-    tree().select(L"K10");
-    SetFocus(tree().hwnd());
-    backend.calls.clear();
-    EXPECT_TRUE(press(VK_DELETE));
-    EXPECT_EQ(backend.calls, Calls{"RZObjectDoAction(10, 21)"});
-}
-
-TEST_F(KeysTest, deleteOnATable_isLeftToTheIde)
-{
-    tree().select(L"K23");
-    addTableRow({.lHdl = 200, .strName = L"n"});
-    list().view().selectRow(0);
-    SetFocus(list().view().hwnd());
-    EXPECT_FALSE(press(VK_DELETE));
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "serverview/serverViewDoc.h"
+#include "support/documentHost.h"
 #include "support/fakeManager.h"
 #include "ui/uiFont.h"
 #include "viewFixture.h"
@@ -68,6 +69,63 @@ TEST_F(serverViewDocTest, setUpBeforeAnythingIsShown_waitsForTheControl)
     EXPECT_EQ(document->setupGUI(), S_OK);
     EXPECT_EQ(document->svrViewCtl1(), nullptr);
     EXPECT_EQ(publishedView().serverTreeView, nullptr);
+}
+
+class ShownDocumentTest : public serverViewDocTest {
+protected:
+    ShownDocumentTest()
+    {
+        window = CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPED, 0, 0, 500, 400, nullptr, nullptr, nullptr, nullptr);
+        host = makeObject<test::DocumentHost>(window);
+        host->show(document.tryAs<IUnknown>().get());
+    }
+    ~ShownDocumentTest() override
+    {
+        host->close();
+        DestroyWindow(window);
+    }
+    static _IntegrationMgr* managerOfTheView() { return publishedView().IMgr.object().get(); }
+
+    HWND window = nullptr;
+    com_ptr<test::DocumentHost> host;
+};
+
+TEST_F(ShownDocumentTest, setUp_givesTheControlItsManagerAndPublishesIt)
+{
+    manager->ideType = 1;
+    document->putref_IMgr(manager.get());
+    EXPECT_EQ(managerOfTheView(), nullptr); // not before it is asked for
+    EXPECT_EQ(document->setupGUI(), S_OK);
+    EXPECT_EQ(managerOfTheView(), manager.get());
+    EXPECT_EQ(publishedView().serverTreeView, &document->svrViewCtl1()->serverTreeView());
+    EXPECT_TRUE(document->svrViewCtl1()->menus()[MenuItem::adoConObjMnuItem].visible); // for this kind of IDE alone
+}
+
+TEST_F(ShownDocumentTest, secondSetUp_repeatsTheHandOverAndTheSetUp)
+{
+    document->putref_IMgr(manager.get());
+    document->setupGUI();
+    svrViewCtl* const control = document->svrViewCtl1();
+    const auto second = makeObject<test::FakeManager>(journal);
+    second->ideType = 1;
+    document->putref_IMgr(second.get());
+    backend.counts.clear();
+    EXPECT_EQ(document->setupGUI(), S_OK);
+    EXPECT_EQ(document->svrViewCtl1(), control);
+    EXPECT_EQ(managerOfTheView(), second.get());
+    EXPECT_EQ(backend.counts["RZGetString"], 15 + 25); // every header and every caption once more
+    EXPECT_TRUE(control->menus()[MenuItem::adoConObjMnuItem].visible);
+}
+
+TEST_F(ShownDocumentTest, setUpBeforeTheDocumentIsShown_isMadeUpForWhenItIs)
+{
+    host->close();
+    document = makeObject<serverViewDoc>();
+    document->putref_IMgr(manager.get());
+    document->setupGUI();
+    EXPECT_EQ(managerOfTheView(), nullptr);
+    host->show(document.tryAs<IUnknown>().get());
+    EXPECT_EQ(managerOfTheView(), manager.get());
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "support/fakeManager.h"
 #include "viewFixture.h"
 
 namespace velk {
@@ -5,11 +6,22 @@ namespace {
 
 using Texts = std::vector<std::wstring>;
 
-class viewAPIsTest : public test::ViewFixture {};
+class viewAPIsTest : public test::ViewFixture {
+protected:
+    std::wstring pictureOf(size_t row) { return publishedView().ImageList1->keyOf(list().rows().at(row).image); }
+};
 
 trzProcedure procedure(int32_t handle, const std::wstring& name)
 {
     trzProcedure made;
+    made.lHdl = handle;
+    made.strName = name;
+    return made;
+}
+
+trzFunction function(int32_t handle, const std::wstring& name)
+{
+    trzFunction made;
     made.lHdl = handle;
     made.strName = name;
     return made;
@@ -32,6 +44,14 @@ TEST_F(viewAPIsTest, addedRoot_leavesExactlyOneNode)
     EXPECT_EQ(imageOf(L"K2"), L"RZFolder");
 }
 
+TEST_F(viewAPIsTest, addedNodeThatIsNoRootAndHasNoParent_isIgnored)
+{
+    addProject();
+    addFolderNode(L"", L"7", L"K30", L"Procedures", L"False");
+    EXPECT_FALSE(tree().has(L"K30"));
+    EXPECT_EQ(tree().send(TVM_GETCOUNT), 7);
+}
+
 TEST_F(viewAPIsTest, connectionNode_showsItsDatabaseAndState)
 {
     addProject();
@@ -42,6 +62,17 @@ TEST_F(viewAPIsTest, connectionNode_showsItsDatabaseAndState)
     updateConnectionNode(connection);
     EXPECT_EQ(tree().node(L"K10").text, L"SALES");
     EXPECT_EQ(imageOf(L"K10"), L"DisconnectedConnection");
+}
+
+TEST_F(viewAPIsTest, updatedConnectionWithoutANode_isPassedOverQuietly)
+{
+    addProject();
+    test::FailureLog log;
+    updateConnectionNode({.lHdl = 11, .bConnected = false, .strDatabase = L"SALES"});
+    EXPECT_FALSE(tree().has(L"K11"));
+    EXPECT_EQ(tree().node(L"K10").text, L"ORDERS");
+    EXPECT_EQ(imageOf(L"K10"), L"ConnectedConnection");
+    EXPECT_EQ(log.lines, Texts{});
 }
 
 TEST_F(viewAPIsTest, removedConnection_takesItsFoldersAlong)
@@ -168,6 +199,51 @@ TEST_F(viewAPIsTest, dirtyProcedure_isBoldWithItsOwnPictureUntilUpdated)
     EXPECT_EQ(list().rows().at(0).cells[0], L"RAISE2");
 }
 
+TEST_F(viewAPIsTest, tagOfAFunction_isTheDebugFlagAndTheFile)
+{
+    trzFunction made = function(100, L"AREA");
+    made.bCanDebug = true;
+    made.strFileName = L"C:\\work\\area.sql";
+    addFunctionRow(made);
+    addFunctionRow(function(101, L"WIDTH"));
+    EXPECT_EQ(list().rows().at(0).tag, L"True#C:\\work\\area.sql");
+    EXPECT_EQ(list().rows().at(1).tag, L"False#");
+}
+
+TEST_F(viewAPIsTest, updatedFunction_takesItsNameTagAndLooks)
+{
+    trzFunction made = function(100, L"AREA");
+    addFunctionRow(made);
+    EXPECT_EQ(pictureOf(0), L"UserFunction");
+    EXPECT_FALSE(list().rows().at(0).bold);
+    made.bIsDirty = true;
+    made.strName = L"AREA2";
+    made.strFileName = L"C:\\work\\area2.sql";
+    updateFunctionRow(made);
+    EXPECT_EQ(list().rows().at(0).cells[0], L"AREA2");
+    EXPECT_EQ(list().rows().at(0).tag, L"False#C:\\work\\area2.sql");
+    EXPECT_TRUE(list().rows().at(0).bold);
+    EXPECT_EQ(pictureOf(0), L"DirtyUserFunction");
+}
+
+TEST_F(viewAPIsTest, updateOfAMissingFunctionRow_changesNoOther)
+{
+    addFunctionRow(function(100, L"AREA"));
+    updateFunctionRow(function(101, L"WIDTH"));
+    EXPECT_EQ(list().rows().size(), 1u);
+    EXPECT_EQ(list().rows().at(0).cells[0], L"AREA");
+}
+
+TEST_F(viewAPIsTest, triggerTableAndViewRows_haveTheirOwnPictures)
+{
+    addTriggerRow({.lHdl = 100, .strName = L"t"});
+    addTableRow({.lHdl = 200, .strName = L"n"});
+    addViewRow({.lHdl = 300, .strName = L"v"});
+    EXPECT_EQ(pictureOf(0), L"Trigger");
+    EXPECT_EQ(pictureOf(1), L"VelkTable");
+    EXPECT_EQ(pictureOf(2), L"VelkView");
+}
+
 TEST_F(viewAPIsTest, rowWithATakenKey_isIgnored)
 {
     addProcedureRow(procedure(100, L"RAISE"));
@@ -199,6 +275,25 @@ TEST_F(viewAPIsTest, expandSelected_opensTheSelectedNode)
     EXPECT_TRUE(tree().isExpanded(L"K10"));
 }
 
+TEST_F(viewAPIsTest, selectedNodeKindIs_comparesWithTheKindOfTheSelectedNode)
+{
+    addProject();
+    tree().select(L"K23");
+    EXPECT_TRUE(selectedNodeKindIs(13));
+    EXPECT_FALSE(selectedNodeKindIs(7));
+    tree().select(L"K10");
+    EXPECT_TRUE(selectedNodeKindIs(6));
+    EXPECT_FALSE(selectedNodeKindIs(13));
+}
+
+TEST_F(viewAPIsTest, selectedNodeKindIsWithNothingSelected_isFalseForEveryKind)
+{
+    addProject();
+    tree().send(TVM_SELECTITEM, TVGN_CARET, 0);
+    EXPECT_FALSE(selectedNodeKindIs(5));
+    EXPECT_FALSE(selectedNodeKindIs(-1)); // the number that stands for no kind
+}
+
 TEST_F(viewAPIsTest, folderOf100000Rows_isFilledAndShown)
 {
     addProject();
@@ -211,6 +306,69 @@ TEST_F(viewAPIsTest, folderOf100000Rows_isFilledAndShown)
     EXPECT_EQ(shownRows(), 100000);
     EXPECT_EQ(cell(99999, 0), L"P100000");
     EXPECT_EQ(list().rows().find(L"K51000"), 49999u);
+}
+
+class ProjectNodeTest : public viewAPIsTest {
+protected:
+    ProjectNodeTest()
+    {
+        view.setIMgr(IntegrationMgr(com_ptr<_IntegrationMgr>(manager.get())));
+        view.setupGUI();
+        addProject();
+        tree().select(L"K1");
+    }
+    // The selected node's text as the control has it, whatever the tree's own record says.
+    TVITEMW itemOfSelected(std::wstring& text)
+    {
+        TVITEMW item{};
+        item.mask = TVIF_TEXT;
+        item.hItem = reinterpret_cast<HTREEITEM>(tree().send(TVM_GETNEXTITEM, TVGN_CARET, 0));
+        text.resize(64);
+        item.pszText = text.data();
+        item.cchTextMax = 64;
+        return item;
+    }
+    void setShownText(std::wstring text)
+    {
+        const TVITEMW item = itemOfSelected(text);
+        tree().send(TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+    }
+    std::wstring shownText()
+    {
+        std::wstring text;
+        const TVITEMW item = itemOfSelected(text);
+        tree().send(TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+        return text.c_str();
+    }
+
+    test::Lines journal;
+    com_ptr<test::FakeManager> manager = makeObject<test::FakeManager>(journal);
+};
+
+TEST_F(ProjectNodeTest, updatedProjectWithAnotherName_showsItAndHandsItsPathToTheManager)
+{
+    updateProjectNode({.lHdl = 1, .strName = L"invoices", .strPath = L"D:\\other\\invoices.rzv"});
+    EXPECT_EQ(tree().node(L"K1").text, L"invoices");
+    EXPECT_EQ(shownText(), L"invoices");
+    EXPECT_EQ(manager->rzFile, L"D:\\other\\invoices.rzv");
+}
+
+TEST_F(ProjectNodeTest, updatedProjectWithTheSameName_leavesTheShownTextAloneAndHandsItsPathOver)
+{
+    setShownText(L"not set again");
+    updateProjectNode({.lHdl = 1, .strName = L"orders", .strPath = L"D:\\other\\orders.rzv"});
+    EXPECT_EQ(shownText(), L"not set again");
+    EXPECT_EQ(manager->rzFile, L"D:\\other\\orders.rzv");
+}
+
+TEST_F(ProjectNodeTest, updatedProjectWithoutANode_isPassedOverQuietly)
+{
+    test::FailureLog log;
+    updateProjectNode({.lHdl = 2, .strName = L"invoices", .strPath = L"D:\\other\\invoices.rzv"});
+    EXPECT_EQ(shownText(), L"orders");
+    EXPECT_EQ(tree().size(), 7u);
+    EXPECT_EQ(journal, test::Lines{});
+    EXPECT_EQ(log.lines, Texts{});
 }
 
 TEST(viewAPIs, withoutAView_everythingIsQuietAndReported)

@@ -1,5 +1,9 @@
 #include "ui/fileChooserForm.h"
+#include "platform/module.h"
 
+#include <dlgs.h>
+#include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
 
 namespace velk {
@@ -98,21 +102,87 @@ TEST_F(fileChooserFormTest, fullFilter_isPassedOnInPairs)
     EXPECT_EQ(filter, L"Projects;*.rzv;All;*.*;");
 }
 
-TEST_F(fileChooserFormTest, systemsOwnDialog_refusesAMissingFileAndCancels)
-{
-    setFileDialogPresenter({});
-    struct Cancel {
-        static void CALLBACK fire(HWND, UINT, UINT_PTR id, DWORD)
-        {
-            if (const HWND dialog = FindWindowW(L"#32770", L"Open a project")) {
-                KillTimer(nullptr, id);
-                PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
-            }
+// Uses the system's own dialog as a user would: types a file's name, presses OK, answers the box that refuses it, and
+// cancels. Each step waits for the one before; a dialog that lets no step through is given up after ten seconds.
+class DialogUser {
+public:
+    explicit DialogUser(std::wstring typed) : m_typed(std::move(typed))
+    {
+        current() = this;
+        m_timer = SetTimer(nullptr, 0, 50, tick);
+    }
+    ~DialogUser() { KillTimer(nullptr, m_timer); }
+    bool wasRefused = false;
+    bool stayedOpen = false;
+
+private:
+    static DialogUser*& current()
+    {
+        static DialogUser* user = nullptr;
+        return user;
+    }
+    static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) { current()->step(); }
+    void step()
+    {
+        const HWND dialog = FindWindowW(L"#32770", L"Open a project");
+        if (!dialog || !IsWindowVisible(dialog))
+            return; // still being made
+        ++m_ticks;
+        if (const HWND box = boxOver(dialog)) {
+            wasRefused = true;
+            SendMessageW(box, WM_COMMAND, IDOK, 0);
+        } else if (wasRefused || m_ticks > 200) {
+            stayedOpen = IsWindowVisible(dialog) && IsWindowEnabled(dialog);
+            PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+        } else if (m_ticks == 1) {
+            SetDlgItemTextW(dialog, cmb13, m_typed.c_str());
+            PostMessageW(dialog, WM_COMMAND, IDOK, 0);
         }
-    };
-    SetTimer(nullptr, 0, 50, Cancel::fire);
-    EXPECT_FALSE(fileChooser().openFileDlg(L"Open a project", L".rzv", L".rzv", L"C:\\", name, path));
+    }
+    static HWND boxOver(HWND dialog)
+    {
+        HWND found = nullptr;
+        while ((found = FindWindowExW(nullptr, found, L"#32770", nullptr)) && GetWindow(found, GW_OWNER) != dialog)
+            ;
+        return found;
+    }
+
+    std::wstring m_typed;
+    UINT_PTR m_timer = 0;
+    int m_ticks = 0;
+};
+
+class systemsDialogTest : public fileChooserFormTest {
+protected:
+    systemsDialogTest()
+    {
+        setFileDialogPresenter({});
+        std::ofstream(std::filesystem::path(home) / project) << "a project";
+    }
+    ~systemsDialogTest() override { DeleteFileW((home + L"\\" + project).c_str()); }
+    bool openAtHome() { return fileChooser().openFileDlg(L"Open a project", L".rzv", L".rzv", home, name, path); }
+
+    const std::wstring home = module::folder();
+    const std::wstring project = L"existing.rzv";
+};
+
+TEST_F(systemsDialogTest, missingFileThatIsTyped_isRefusedAndTheDialogStays)
+{
+    const DialogUser user(L"missing.rzv");
+    EXPECT_FALSE(openAtHome());
+    EXPECT_TRUE(user.wasRefused);
+    EXPECT_TRUE(user.stayedOpen);
     EXPECT_EQ(name, L"kept");
+    EXPECT_EQ(path, L"kept");
+}
+
+TEST_F(systemsDialogTest, existingFileThatIsTyped_isGivenAsNameAndFolder)
+{
+    const DialogUser user(project);
+    EXPECT_TRUE(openAtHome());
+    EXPECT_FALSE(user.wasRefused);
+    EXPECT_EQ(name, project);
+    EXPECT_EQ(path, home);
 }
 
 } // namespace

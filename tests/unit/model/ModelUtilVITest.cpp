@@ -2,9 +2,14 @@
 #include "model/ModelUtil.h"
 #include "model/stringArrays.h"
 #include "platform/automation.h"
+#include "platform/module.h"
 #include "support/fakeObject.h"
+#include "support/folders.h"
 
-#include <gtest/gtest.h>
+#include <filesystem>
+#include <fstream>
+#include <gmock/gmock.h>
+#include <map>
 
 namespace velk {
 namespace {
@@ -93,6 +98,92 @@ TEST(ModelUtilVI, lists_areLeftAsTheyCame)
     EXPECT_EQ(model->getDataEnvList(&list, name.ref()), S_OK);
     EXPECT_EQ(textsOf(list), (std::vector<std::wstring>{L"one", L"two"}));
     SafeArrayDestroy(list);
+}
+
+// A model bound to an IDE, and a folder with the files that the tool's requests name.
+class RequestsTest : public testing::Test {
+protected:
+    using Files = std::map<std::string, std::string>;
+
+    RequestsTest()
+    {
+        test::removeTree(folder);
+        CreateDirectoryW(folder.c_str(), nullptr);
+        for (const auto& [name, bytes] : kept)
+            std::ofstream(std::filesystem::path(folder) / name, std::ios::binary) << bytes;
+        model->putref_VIInstance(ideWithWindows({5}, &journal).get());
+        journal.clear();
+    }
+    ~RequestsTest() override { test::removeTree(folder); }
+    Files files() const
+    {
+        Files found;
+        for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+            std::ifstream file(entry.path(), std::ios::binary);
+            found[entry.path().filename().string()] = std::string(std::istreambuf_iterator<char>(file), {});
+        }
+        return found;
+    }
+    // Neither a file nor the IDE was touched.
+    void expectNoEffect() const
+    {
+        EXPECT_EQ(files(), kept);
+        EXPECT_EQ(journal, FakeObject::Journal{});
+    }
+
+    const Files kept{{"a.asp", "<% first %>"}, {"a.sql", "select 2"}, {"web.vip", "project"}};
+    const std::wstring folder = module::folder() + L"\\requests";
+    bstr code = bstr(L"select 1");
+    bstr project = bstr(folder + L"\\web.vip");
+    FakeObject::Journal journal;
+    com_ptr<ModelUtilVI> model = makeObject<ModelUtilVI>();
+};
+
+TEST_F(RequestsTest, insertSQLCode_isAcceptedWithoutEffect)
+{
+    bstr component(folder + L"\\a.sql");
+    long range[] = {1, 2, 3, 4};
+    EXPECT_EQ(
+        model->insertSQLCode(code.ref(), &range[0], &range[1], &range[2], &range[3], project.ref(), component.ref()),
+        S_OK);
+    EXPECT_THAT(range, testing::ElementsAre(1, 2, 3, 4));
+    EXPECT_EQ(code.text(), L"select 1");
+    EXPECT_EQ(component.text(), folder + L"\\a.sql");
+    expectNoEffect();
+}
+
+TEST_F(RequestsTest, insertClientCode_isAcceptedWithoutEffect)
+{
+    bstr component(folder + L"\\a.asp");
+    EXPECT_EQ(model->insertClientCode(code.ref(), project.ref(), component.ref()), S_OK);
+    EXPECT_EQ(code.text(), L"select 1");
+    EXPECT_EQ(component.text(), folder + L"\\a.asp");
+    expectNoEffect();
+}
+
+TEST_F(RequestsTest, AddADOCommand_isAcceptedWithoutEffect)
+{
+    long type = 4;
+    bstr name(L"Command1");
+    bstr connection(L"Connection1");
+    bstr environment(L"DataEnvironment1");
+    EXPECT_EQ(model->AddADOCommand(&type, code.ref(), name.ref(), connection.ref(), environment.ref(), project.ref()),
+              S_OK);
+    EXPECT_EQ(type, 4);
+    EXPECT_EQ(name.text(), L"Command1");
+    VARIANT_BOOL exist = VARIANT_TRUE;
+    EXPECT_EQ(model->existsDataEnvObjs(&exist), S_OK);
+    EXPECT_EQ(exist, VARIANT_FALSE);
+    expectNoEffect();
+}
+
+TEST_F(RequestsTest, saveRZFileName_takesTheNameAndDropsItByBothItsNames)
+{
+    const bstr name(folder + L"\\orders.rzv");
+    EXPECT_EQ(model->saveRZFileName(name.get()), S_OK);
+    EXPECT_EQ(model->ModelUtil_saveRZFileName(name.get()), S_OK);
+    EXPECT_EQ(model->saveRZFileName(nullptr), S_OK); // an empty name in automation
+    expectNoEffect();
 }
 
 TEST(ModelUtilVI, lateBoundCaller_findsBothHalves)

@@ -1,0 +1,111 @@
+#include "commandsFixture.h"
+
+#include <array>
+
+namespace velk {
+namespace {
+
+using test::Calls;
+
+class KeysTest : public test::CommandsFixture {
+protected:
+    KeysTest() { ShowWindow(host, SW_SHOW); }
+    bool press(WPARAM key)
+    {
+        MSG message{};
+        message.hwnd = GetFocus();
+        message.message = WM_KEYDOWN;
+        message.wParam = key;
+        return view.translateKey(message);
+    }
+};
+
+TEST_F(KeysTest, f5_refreshesTheSelectedFolder)
+{
+    tree().select(L"K23");
+    SetFocus(tree().hwnd());
+    backend.calls.clear();
+    EXPECT_TRUE(press(VK_F5));
+    EXPECT_EQ(backend.calls, Calls{"RZObjectDoAction(23, 10)"});
+}
+
+TEST_F(KeysTest, f5OnAConnection_isLeftToTheIde)
+{
+    tree().select(L"K10");
+    SetFocus(tree().hwnd());
+    EXPECT_FALSE(press(VK_F5));
+}
+
+TEST_F(KeysTest, enterOnARow_doesItsFirstEnabledItem)
+{
+    showProcedure();
+    SetFocus(list().view().hwnd());
+    EXPECT_TRUE(press(VK_RETURN));
+    EXPECT_EQ(backend.calls, Calls{"RZObjectDoAction(100, 25)"});
+}
+
+TEST_F(KeysTest, deleteOnARoutine_removesItFromTheProject)
+{
+    showProcedure();
+    SetFocus(list().view().hwnd());
+    EXPECT_TRUE(press(VK_DELETE));
+    EXPECT_EQ(backend.calls, Calls{"RZObjectDoAction(100, 21)"});
+}
+
+TEST_F(KeysTest, deleteOnAConnection_removesIt)
+{
+    tree().select(L"K10");
+    SetFocus(tree().hwnd());
+    backend.calls.clear();
+    EXPECT_TRUE(press(VK_DELETE));
+    EXPECT_EQ(backend.calls, Calls{"RZObjectDoAction(10, 21)"});
+}
+
+TEST_F(KeysTest, deleteOnATable_isLeftToTheIde)
+{
+    tree().select(L"K23");
+    addTableRow({.lHdl = 200, .strName = L"n"});
+    list().view().selectRow(0);
+    SetFocus(list().view().hwnd());
+    EXPECT_FALSE(press(VK_DELETE));
+}
+
+struct ModifiedKey {
+    int modifier;
+    WPARAM key;
+};
+class ModifiedKeyTest : public KeysTest, public testing::WithParamInterface<ModifiedKey> {
+protected:
+    ~ModifiedKeyTest() override { hold(false); }
+    // Presses the parameter's modifier, or lets go of it.
+    void hold(bool isDown)
+    {
+        std::array<BYTE, 256> keys{};
+        GetKeyboardState(keys.data());
+        keys.at(static_cast<size_t>(GetParam().modifier)) = isDown ? 0x80 : 0;
+        SetKeyboardState(keys.data());
+    }
+};
+
+// Each of these keys does something on a procedure's row, so that it is the modifier that makes the difference.
+TEST_P(ModifiedKeyTest, keyWithAModifier_isLeftToTheIde)
+{
+    showProcedure();
+    SetFocus(list().view().hwnd());
+    hold(true);
+    EXPECT_FALSE(press(GetParam().key));
+    EXPECT_EQ(backend.calls, Calls{});
+    hold(false);
+    EXPECT_TRUE(press(GetParam().key));
+    EXPECT_EQ(backend.calls.size(), 1u);
+}
+
+INSTANTIATE_TEST_SUITE_P(Modifiers, ModifiedKeyTest,
+                         testing::Values(ModifiedKey{VK_CONTROL, VK_F5}, ModifiedKey{VK_CONTROL, VK_RETURN},
+                                         ModifiedKey{VK_CONTROL, VK_DELETE}, ModifiedKey{VK_SHIFT, VK_F5},
+                                         ModifiedKey{VK_SHIFT, VK_RETURN}, ModifiedKey{VK_SHIFT, VK_DELETE},
+                                         ModifiedKey{VK_MENU, VK_F5}, ModifiedKey{VK_MENU, VK_RETURN},
+                                         ModifiedKey{VK_MENU, VK_DELETE}));
+
+} // namespace
+} // namespace velk

@@ -31,6 +31,7 @@ protected:
         form.Form_Load();
     }
     void press(int id) { SendMessageW(form.hwnd(), WM_COMMAND, static_cast<WPARAM>(id), 0); }
+    void notify(int id, int notification) { SendMessageW(form.hwnd(), WM_COMMAND, MAKEWPARAM(id, notification), 0); }
     bool isEnabled(int id) const { return IsWindowEnabled(form.item(id)) != FALSE; }
     void logIn()
     {
@@ -120,6 +121,56 @@ TEST_F(frmVSSLoginTest, changeAfterALogin_disablesOkUntilTheNext)
     EXPECT_TRUE(isEnabled(cmdOK));
     form.setText(txtUserName, L"bob");
     EXPECT_FALSE(isEnabled(cmdOK));
+}
+
+TEST_F(frmVSSLoginTest, otherDatabaseTypedAfterALogin_disablesOkUntilTheNext)
+{
+    loadWithADatabase();
+    logIn();
+    form.setText(DBCombo, L"Old");
+    notify(DBCombo, CBN_EDITCHANGE);
+    EXPECT_FALSE(isEnabled(cmdOK));
+    press(loginBtn);
+    EXPECT_TRUE(isEnabled(cmdOK));
+}
+
+TEST_F(frmVSSLoginTest, otherDatabaseSelectedAfterALogin_disablesOkUntilTheNext)
+{
+    test::FakeSourceSafe::addDatabase(L"Old", L"D:\\old");
+    loadWithADatabase();
+    logIn();
+    form.selectInList(DBCombo, 1);
+    notify(DBCombo, CBN_SELCHANGE);
+    EXPECT_FALSE(isEnabled(cmdOK));
+    press(loginBtn);
+    EXPECT_TRUE(isEnabled(cmdOK));
+}
+
+// Windows tells of a selection before it writes the entry into the field.
+TEST_F(frmVSSLoginTest, databaseSelectedAfterTheFieldWasCleared_enablesLogin)
+{
+    loadWithADatabase();
+    form.setText(txtUserName, L"ann");
+    form.setText(DBCombo, L"");
+    notify(DBCombo, CBN_EDITCHANGE);
+    ASSERT_FALSE(isEnabled(loginBtn));
+    form.selectInList(DBCombo, 0);
+    form.setText(DBCombo, L"");
+    ASSERT_EQ(form.selectedInList(DBCombo), L"Main");
+    notify(DBCombo, CBN_SELCHANGE);
+    EXPECT_TRUE(isEnabled(loginBtn));
+}
+
+TEST_F(frmVSSLoginTest, secondLoginThatFails_disablesOkAndTheProjects)
+{
+    loadWithADatabase();
+    logIn();
+    sourceSafe.database->failing(L"Open", Error(5, L"Invalid password", L"SourceSafe", E_FAIL));
+    press(loginBtn);
+    EXPECT_FALSE(isEnabled(cmdOK));
+    EXPECT_FALSE(isEnabled(projNameCombo));
+    press(cmdOK);
+    EXPECT_FALSE(form.successfulLogin());
 }
 
 TEST_F(frmVSSLoginTest, typedProjectName_isCreatedBelowTheRoot)

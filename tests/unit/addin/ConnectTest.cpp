@@ -48,6 +48,7 @@ protected:
     {
         return std::find(ide.journal.begin(), ide.journal.end(), line) != ide.journal.end();
     }
+    com_ptr<IDispatch> documentsManager() { return ide.document->read(L"IMgr").asObject(); }
 
     test::FakeBackend backend;
     test::FakeIde ide;
@@ -84,6 +85,29 @@ TEST_F(ConnectTest, connection_addsTheEntryToBar13)
                                   L"CommandBars.Item(13)", L"Bar.Controls", L"Controls.Add(1)",
                                   L"Entry.Caption = \"Rozel\"", L"Entry.OnAction = \"velkviadd.Connect\"",
                                   L"Entry.PasteFace()", L"DTE.Events", L"Events.CommandBarEvents(<object>)"}));
+}
+
+TEST_F(ConnectTest, addToAddInCommandBar_givesAControlWithTheCaption)
+{
+    load();
+    bstr caption(L"Extra");
+    com_ptr<IDispatch> control;
+    EXPECT_EQ(connect->AddToAddInCommandBar(caption.ref(), control.put()), S_OK);
+    EXPECT_EQ(control.get(), ide.entry.get());
+    EXPECT_EQ(ide.entry->read(L"Caption").asText(), L"Extra");
+}
+
+TEST_F(ConnectTest, addToAddInCommandBarWithoutTheBar_givesNothing)
+{
+    load();
+    bstr caption(L"Extra");
+    ide.bars->function(L"Item", [](const auto&) { return variant(); });
+    com_ptr<IDispatch> control(ide.entry.get());
+    EXPECT_EQ(connect->AddToAddInCommandBar(caption.ref(), control.put()), S_OK);
+    EXPECT_FALSE(control);
+    ide.bars->failing(L"Item", Error(errorInvalidCall));
+    EXPECT_EQ(connect->AddToAddInCommandBar(caption.ref(), control.put()), S_OK);
+    EXPECT_FALSE(control);
 }
 
 TEST_F(ConnectTest, connection_doesNotContactTheTool)
@@ -124,6 +148,17 @@ TEST_F(ConnectTest, clickAfterAProjectWasOpened_starts)
 TEST_F(ConnectTest, clickWithoutSolutionObject_startsWithProject1)
 {
     ide.dte->value(L"Solution", variant());
+    load();
+    ide.clickEntry();
+    EXPECT_THAT(backend.calls, testing::ElementsAre(testing::HasSubstr("\\rz\\project1.rzv")));
+    EXPECT_EQ(messages, Lines{});
+}
+
+TEST_F(ConnectTest, solutionThatDoesNotNameItsFile_startsWithProject1)
+{
+    const com_ptr<test::FakeObject> nameless = test::fakeObject(L"Solution", &ide.journal);
+    nameless->value(L"Count", variant(int32_t{1}));
+    ide.dte->value(L"Solution", test::asVariant(nameless));
     load();
     ide.clickEntry();
     EXPECT_THAT(backend.calls, testing::ElementsAre(testing::HasSubstr("\\rz\\project1.rzv")));
@@ -198,13 +233,42 @@ TEST_F(ConnectTest, entryThatCannotBeDeleted_doesNotStopTheTearDown)
     EXPECT_TRUE(journalHas(L"ToolWindow.Close()"));
 }
 
+TEST_F(ConnectTest, windowThatRefusesToCloseWhileDocked_isUndockedAndClosed)
+{
+    load();
+    ide.clickEntry();
+    ide.dock();
+    disconnect();
+    const Lines expected{L"ToolWindow.Close()",  L"ToolWindow.LinkedWindowFrame",
+                         L"Frame.LinkedWindows", L"LinkedWindows.Remove(<object>)",
+                         L"ToolWindow.Close()",  L"Document.IMgr = <object>"};
+    ASSERT_GT(ide.journal.size(), expected.size());
+    EXPECT_EQ(Lines(ide.journal.end() - 6, ide.journal.end()), expected);
+    EXPECT_TRUE(ide.toolWindow->read(L"Visible").asBool());
+    EXPECT_FALSE(documentsManager());
+}
+
 TEST_F(ConnectTest, windowThatRefusesToClose_isHidden)
 {
     load();
     ide.clickEntry();
+    ASSERT_TRUE(documentsManager());
     ide.toolWindow->failing(L"Close", Error(errorPermissionDenied));
     disconnect();
     EXPECT_FALSE(ide.toolWindow->read(L"Visible").asBool());
+    EXPECT_FALSE(documentsManager());
+}
+
+TEST_F(ConnectTest, windowThatRefusesEverything_losesItsManagerAllTheSame)
+{
+    load();
+    ide.clickEntry();
+    ASSERT_TRUE(documentsManager());
+    ide.toolWindow->failing(L"Close", Error(errorPermissionDenied));
+    ide.toolWindow->failing(L"Visible", Error(errorPermissionDenied));
+    disconnect();
+    EXPECT_TRUE(journalHas(L"ToolWindow.Visible fails"));
+    EXPECT_FALSE(documentsManager());
 }
 
 TEST_F(ConnectTest, secondDisconnection_isHarmless)

@@ -62,6 +62,19 @@ TEST_F(IMgrVITest, minimiseTwice_stillRemembersTheFirstState)
     EXPECT_EQ(windowState(), 2);
 }
 
+TEST_F(IMgrVITest, minimiseAfterTheUserRestoredByHand_bringsTheUsersStateBack)
+{
+    for (const int32_t byHand : {0, 2}) {
+        ide.mainWindow->value(L"WindowState", variant(2 - byHand));
+        requests().minimizeVSAppWin();
+        ide.mainWindow->value(L"WindowState", variant(byHand));
+        requests().minimizeVSAppWin();
+        EXPECT_EQ(windowState(), 1);
+        requests().restoreVSAppWinState();
+        EXPECT_EQ(windowState(), byHand);
+    }
+}
+
 TEST_F(IMgrVITest, restoreWithNothingRemembered_doesNothing)
 {
     ide.mainWindow->value(L"WindowState", variant(int32_t{1}));

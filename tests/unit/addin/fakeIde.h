@@ -22,6 +22,8 @@ struct FakeIde {
     com_ptr<FakeObject> mainWindow = fakeObject(L"MainWindow", &journal);
     com_ptr<FakeObject> windows = fakeObject(L"Windows", &journal);
     com_ptr<FakeObject> toolWindow = fakeObject(L"ToolWindow", &journal);
+    com_ptr<FakeObject> frame = fakeObject(L"Frame", &journal);
+    com_ptr<FakeObject> linkedWindows = fakeObject(L"LinkedWindows", &journal);
     com_ptr<FakeObject> document = fakeObject(L"Document", &journal);
     com_ptr<FakeObject> addin = fakeObject(L"AddIn", &journal);
 
@@ -65,6 +67,18 @@ struct FakeIde {
         document->value(L"IMgr", variant());
     }
     void clickEntry() { entryEvents->click(entry.get()); }
+    // The tool window sits in a frame: until it is taken out of it, it refuses to be closed.
+    void dock()
+    {
+        linkedWindows->function(L"Remove", [this](const std::vector<variant>&) {
+            toolWindow->function(L"Close", [](const std::vector<variant>&) { return variant(); });
+            return variant();
+        });
+        frame->value(L"LinkedWindows", asVariant(linkedWindows));
+        toolWindow->value(L"LinkedWindowFrame", asVariant(frame))->function(L"Close", [](const auto&) -> variant {
+            throw Error(errorPermissionDenied);
+        });
+    }
 };
 
 } // namespace velk::test

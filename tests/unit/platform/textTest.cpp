@@ -1,7 +1,9 @@
 #include "platform/text.h"
 
 #include "platform/error.h"
+#include "platform/unique_any.h"
 
+#include <clocale>
 #include <gtest/gtest.h>
 
 namespace velk {
@@ -56,6 +58,28 @@ TEST(leadingNumber, wordsOfTheCLibrary_areNoNumbers)
     EXPECT_EQ(leadingNumber(L"inf"), 0.0);
     EXPECT_EQ(leadingNumber(L"nan"), 0.0);
     EXPECT_EQ(leadingNumber(L"0x10"), 0.0);
+}
+
+TEST(leadingNumber, hostWithADecimalComma_changesNothing)
+{
+    const std::string before = std::setlocale(LC_NUMERIC, nullptr);
+    ASSERT_NE(std::setlocale(LC_NUMERIC, "German"), nullptr);
+    const scope_exit restored([&] { std::setlocale(LC_NUMERIC, before.c_str()); });
+    ASSERT_STREQ(std::localeconv()->decimal_point, ",");
+    EXPECT_EQ(leadingNumber(L"9.5"), 9.5);
+    EXPECT_EQ(leadingNumber(L"9,5"), 9.0);
+}
+
+TEST(leadingNumber, tooSmallToBeTold_is0)
+{
+    EXPECT_EQ(leadingNumber(L"1e-400"), 0.0);
+    EXPECT_EQ(leadingNumber(L"-1e-400"), 0.0);
+}
+
+TEST(leadingNumber, tooGreat_isOutsideEveryWholeNumber)
+{
+    EXPECT_EQ(errorNumberOf([] { roundToLong(leadingNumber(L"1e400")); }), 6);
+    EXPECT_EQ(errorNumberOf([] { roundToLong(leadingNumber(L"-1e400")); }), 6);
 }
 
 TEST(roundToLong, halves_goToTheEvenNumber)

@@ -9,6 +9,23 @@
 namespace velk {
 namespace {
 
+// What another host's add-in does with the same log: it keeps the file open, and lets others write and move it.
+class OtherHost {
+public:
+    OtherHost()
+        : m_file(CreateFileW(L"trace.log", FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                             nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr))
+    {
+    }
+    OtherHost(const OtherHost&) = delete;
+    OtherHost& operator=(const OtherHost&) = delete;
+    ~OtherHost() { CloseHandle(m_file); }
+    size_t logSize() const { return GetFileSize(m_file, nullptr); }
+
+private:
+    HANDLE m_file;
+};
+
 class TraceTest : public testing::Test {
 protected:
     TraceTest() { removeFiles(); }
@@ -27,6 +44,12 @@ protected:
         std::ostringstream text;
         text << std::ifstream(file, std::ios::binary).rdbuf();
         return text.str();
+    }
+    static void writeLines(int count)
+    {
+        const std::wstring line(10000, L'x');
+        for (int number = 0; number < count; ++number)
+            trace::write(trace::Level::failures, line);
     }
 };
 
@@ -55,12 +78,43 @@ TEST_F(TraceTest, finerLines_needTheFinerLevel)
 TEST_F(TraceTest, fileThatGrows_isRotatedAndBounded)
 {
     trace::open(L"trace.log", trace::Level::failures, L"first");
-    const std::wstring line(10000, L'x');
-    for (int number = 0; number < 400; ++number)
-        trace::write(trace::Level::failures, line);
+    writeLines(400);
     EXPECT_LT(content("trace.log").size(), 1100000u);
     EXPECT_LT(content("trace.log.old").size(), 1100000u);
     EXPECT_GT(content("trace.log.old").size(), 1000000u);
+}
+
+TEST_F(TraceTest, logThatAnotherHostHasOpen_isPutAsideAtItsLimit)
+{
+    const OtherHost other;
+    trace::open(L"trace.log", trace::Level::failures, L"first");
+    writeLines(150);
+    EXPECT_TRUE(trace::isOn(trace::Level::failures));
+    EXPECT_GT(content("trace.log.old").size(), 1000000u);
+    EXPECT_EQ(other.logSize(), content("trace.log.old").size());
+    EXPECT_LT(content("trace.log").size(), 600000u);
+}
+
+TEST_F(TraceTest, limitReachedTwiceUnderAnotherHost_staysBounded)
+{
+    const OtherHost other;
+    trace::open(L"trace.log", trace::Level::failures, L"first");
+    writeLines(400);
+    EXPECT_GT(content("trace.log.old").size(), 1000000u);
+    EXPECT_LT(content("trace.log.old").size(), 1100000u);
+    EXPECT_LT(content("trace.log").size(), 1100000u);
+}
+
+TEST_F(TraceTest, logThatAnotherHostPutAside_isGivenUpForTheNewOneAtItsLimit)
+{
+    trace::open(L"trace.log", trace::Level::failures, L"first");
+    ASSERT_TRUE(MoveFileExW(L"trace.log", L"trace.log.old", MOVEFILE_REPLACE_EXISTING));
+    const OtherHost other;
+    writeLines(150);
+    EXPECT_TRUE(trace::isOn(trace::Level::failures));
+    EXPECT_LT(content("trace.log.old").size(), 1100000u);
+    EXPECT_NE(content("trace.log").find("xxx"), std::string::npos);
+    EXPECT_LT(content("trace.log").size(), 600000u);
 }
 
 TEST_F(TraceTest, fileThatCannotBeWritten_turnsTheLogOff)

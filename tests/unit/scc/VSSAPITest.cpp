@@ -92,6 +92,27 @@ TEST_F(VSSAPITest, openingThatFails_showsSourceSafesOwnWordsAndLeavesNoDatabase)
     EXPECT_FALSE(isSourceSafeDatabaseOpen());
 }
 
+TEST_F(VSSAPITest, newLogin_keepsTheCurrentProject)
+{
+    logIn();
+    ASSERT_TRUE(openSourceSafeDatabase(L"bob", L"other", L"Main", {{L"Main", L"C:\\vss"}}));
+    sourceSafe.journal.clear();
+    addFileToSourceSafe(L"C:\\src\\a.sql");
+    EXPECT_THAT(sourceSafe.journal,
+                ElementsAre(L"Item.Name", L"Database.VSSItem(\"$/Web\", False)", L"Item.Add(\"C:\\src\\a.sql\")"));
+}
+
+TEST_F(VSSAPITest, loginThatFails_keepsTheCurrentProjectForTheNext)
+{
+    logIn();
+    sourceSafe.database->failing(L"Open", Error(5, L"Invalid password", L"SourceSafe", E_FAIL));
+    openSourceSafeDatabase(L"bob", L"wrong", L"Main", {{L"Main", L"C:\\vss"}});
+    sourceSafe.database->mend(L"Open");
+    openSourceSafeDatabase(L"bob", L"right", L"Main", {{L"Main", L"C:\\vss"}});
+    addFileToSourceSafe(L"C:\\src\\a.sql");
+    EXPECT_EQ(sourceSafe.journal.back(), L"Item.Add(\"C:\\src\\a.sql\")");
+}
+
 TEST_F(VSSAPITest, password_isInNoFailureReport)
 {
     test::FailureLog failures;

@@ -19,7 +19,11 @@ std::wstring textOf(HWND window)
 class splashscrnFrmTest : public testing::Test {
 protected:
     splashscrnFrmTest() { backend.texts[641] = L"Starting"; }
-    ~splashscrnFrmTest() override { unloadSplashScreen(); }
+    ~splashscrnFrmTest() override
+    {
+        unloadSplashScreen();
+        uiFont() = {};
+    }
 
     test::FakeBackend backend;
 };
@@ -28,6 +32,17 @@ TEST_F(splashscrnFrmTest, load_showsText641)
 {
     EXPECT_EQ(textOf(splashScreen().statusLbl()), L"Starting");
     EXPECT_TRUE(IsWindowVisible(splashScreen().hwnd()));
+}
+
+TEST_F(splashscrnFrmTest, statusLine_isWrittenInTheUiFont)
+{
+    uiFont() = {L"Courier New", 12, 204};
+    const auto font = reinterpret_cast<HFONT>(SendMessageW(splashScreen().statusLbl(), WM_GETFONT, 0, 0));
+    LOGFONTW description{};
+    ASSERT_NE(GetObjectW(font, sizeof description, &description), 0);
+    EXPECT_STREQ(description.lfFaceName, L"Courier New");
+    EXPECT_EQ(description.lfHeight, -16); // 12 points at 96 dpi
+    EXPECT_EQ(description.lfCharSet, 204);
 }
 
 TEST_F(splashscrnFrmTest, threeStepsOfThree_fillTheBar)

@@ -1,0 +1,107 @@
+#include "ui/messageBox.h"
+
+#include "platform/dialog.h"
+#include "platform/unique_any.h"
+
+#include <functional>
+#include <gtest/gtest.h>
+
+namespace velk {
+namespace {
+
+constexpr DialogRow rows[] = {{100, DialogControl::button, L"Button", 4, 4, 40, 14}};
+constexpr DialogLayout layout{100, 40, rows};
+
+// A form that runs a piece of the test while it waits, and closes then.
+class WaitingForm : public Dialog {
+public:
+    void showAndRun(std::function<void()> whileWaiting)
+    {
+        m_whileWaiting = std::move(whileWaiting);
+        PostMessageW(hwnd(), WM_COMMAND, 100, 0);
+        showModal();
+    }
+
+protected:
+    void onCommand(int, int) override
+    {
+        m_whileWaiting();
+        hide();
+    }
+
+private:
+    std::function<void()> m_whileWaiting;
+};
+
+class MessageBoxTest : public testing::Test {
+protected:
+    MessageBoxTest()
+    {
+        setMainWindow(mainWindow.get());
+        SetActiveWindow(mainWindow.get());
+        first.load(dialogOwner(), layout, {});
+        second.load(dialogOwner(), layout, {});
+    }
+    ~MessageBoxTest() override { setMainWindow(nullptr); }
+
+    const unique_window mainWindow{CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 400, 300,
+                                                   nullptr, nullptr, nullptr, nullptr)};
+    WaitingForm first;
+    WaitingForm second;
+    bool wasRun = false;
+};
+
+TEST_F(MessageBoxTest, nothingOpen_theBoxBelongsToTheMainWindow)
+{
+    EXPECT_EQ(boxOwner(), mainWindow.get());
+}
+
+TEST_F(MessageBoxTest, dialogShown_theBoxBelongsToItUntilItCloses)
+{
+    first.showAndRun([&] {
+        wasRun = true;
+        EXPECT_EQ(boxOwner(), first.hwnd());
+    });
+    EXPECT_TRUE(wasRun);
+    EXPECT_EQ(boxOwner(), mainWindow.get());
+}
+
+TEST_F(MessageBoxTest, dialogOverAnother_theBoxBelongsToTheUpperThenToTheLower)
+{
+    first.showAndRun([&] {
+        second.showAndRun([&] {
+            wasRun = true;
+            EXPECT_EQ(boxOwner(), second.hwnd());
+        });
+        EXPECT_EQ(boxOwner(), first.hwnd());
+    });
+    EXPECT_TRUE(wasRun);
+}
+
+TEST_F(MessageBoxTest, systemsBoxOverADialog_blocksTheDialogWhileItIsOpen)
+{
+    static HWND owner;
+    static bool wasOwnerEnabled;
+    owner = nullptr;
+    struct Answer {
+        static void CALLBACK fire(HWND, UINT, UINT_PTR id, DWORD)
+        {
+            if (const HWND box = FindWindowW(L"#32770", L"A title of its own")) {
+                KillTimer(nullptr, id);
+                owner = GetWindow(box, GW_OWNER);
+                wasOwnerEnabled = IsWindowEnabled(owner) != FALSE;
+                PostMessageW(box, WM_CLOSE, 0, 0);
+            }
+        }
+    };
+    first.showAndRun([&] {
+        SetTimer(nullptr, 0, 20, Answer::fire);
+        EXPECT_EQ(showMessage(L"text", MB_OK, L"A title of its own"), IDOK);
+        EXPECT_TRUE(IsWindowEnabled(first.hwnd()));
+    });
+    EXPECT_EQ(owner, first.hwnd());
+    EXPECT_FALSE(wasOwnerEnabled);
+}
+
+} // namespace
+} // namespace velk

@@ -1,0 +1,80 @@
+#include "addin/RZCommandBars.h"
+#include "addin/IMgrVI.h"
+#include "fakeBars.h"
+#include "serverview/serverViewDoc.h"
+#include "support/fakeBackend.h"
+#include "ui/splashscrnFrm.h"
+
+#include <gmock/gmock.h>
+
+namespace velk {
+namespace {
+
+using testing::ElementsAre;
+using testing::SizeIs;
+
+// Everything is built by the integration manager, as at the end of a start.
+class RZCommandBarsTest : public testing::Test {
+protected:
+    RZCommandBarsTest()
+    {
+        backend.numbersAsTexts = true;
+        manager->setupIM(ide.dte.get(), ide.addin.get());
+    }
+    ~RZCommandBarsTest() override
+    {
+        manager->deleteRZUI();
+        serverViewWindow() = {};
+    }
+    bool isToolbarVisible() { return bars.toolbar->read(L"Visible").asBool(); }
+
+    test::FakeBackend backend;
+    test::FakeIde ide;
+    test::FakeBars bars{ide, L"#201"};
+    com_ptr<IMgrVI> manager = makeObject<IMgrVI>();
+};
+
+TEST_F(RZCommandBarsTest, nothingRefused_everyEntryIsMade)
+{
+    EXPECT_EQ(manager->createRZUI(), S_OK);
+    EXPECT_THAT(bars.buttons.captions(), ElementsAre(L"#301", L"#303", L"#304", L"#305", L"#302", L"#314", L"#306"));
+    EXPECT_THAT(bars.menu.captions(),
+                ElementsAre(L"#202", L"#206", L"#208", L"#209", L"#210", L"#207", L"#219", L"#212", L"#211", L"#213"));
+    EXPECT_THAT(bars.views.captions(), ElementsAre(L"#203", L"#204"));
+}
+
+TEST_F(RZCommandBarsTest, viewsThatCannotBeAdded_leaveToolsAndHelp)
+{
+    bars.menu.refused = 1;
+    EXPECT_EQ(manager->createRZUI(), S_OK);
+    EXPECT_THAT(bars.menu.captions(),
+                ElementsAre(L"#206", L"#208", L"#209", L"#210", L"#207", L"#219", L"#212", L"#211", L"#213"));
+}
+
+TEST_F(RZCommandBarsTest, toolThatCannotBeAdded_leavesViewsAndHelp)
+{
+    bars.menu.refused = 4;
+    EXPECT_EQ(manager->createRZUI(), S_OK);
+    EXPECT_THAT(bars.menu.captions(), ElementsAre(L"#202", L"#206", L"#208", L"#212", L"#211", L"#213"));
+    EXPECT_THAT(bars.views.captions(), ElementsAre(L"#203", L"#204"));
+}
+
+TEST_F(RZCommandBarsTest, helpThatCannotBeAdded_leavesViewsAndTools)
+{
+    bars.menu.refused = 8;
+    EXPECT_EQ(manager->createRZUI(), S_OK);
+    EXPECT_THAT(bars.menu.captions(), ElementsAre(L"#202", L"#206", L"#208", L"#209", L"#210", L"#207", L"#219"));
+    EXPECT_THAT(bars.views.captions(), ElementsAre(L"#203", L"#204"));
+}
+
+TEST_F(RZCommandBarsTest, toolbarButtonThatCannotBeAdded_leavesTheToolbarVisibleAndTheMenuWhole)
+{
+    bars.buttons.refused = 3;
+    EXPECT_EQ(manager->createRZUI(), S_OK);
+    EXPECT_THAT(bars.buttons.captions(), ElementsAre(L"#301", L"#303"));
+    EXPECT_TRUE(isToolbarVisible());
+    EXPECT_THAT(bars.menu.captions(), SizeIs(10));
+}
+
+} // namespace
+} // namespace velk

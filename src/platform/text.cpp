@@ -3,6 +3,7 @@
 #include "platform/error.h"
 #include "platform/variant.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -47,6 +48,21 @@ std::string numberCharacters(std::wstring_view text)
     return kept;
 }
 
+// How many digits a number has before its point, its exponent counted in; below zero for one that is near nothing.
+double magnitudeOf(const std::string& characters)
+{
+    const size_t exponent = std::min(characters.find('e'), characters.size());
+    const size_t point = std::min(characters.find('.'), exponent);
+    const size_t first = std::min(characters.find_first_not_of("+-0."), exponent);
+    int32_t power = 0;
+    const char* begin = characters.data() + std::min(exponent + 1, characters.size());
+    const char* end = characters.data() + characters.size();
+    if (std::from_chars(begin + (begin != end && *begin == '+' ? 1 : 0), end, power).ec ==
+        std::errc::result_out_of_range)
+        power = *begin == '-' ? std::numeric_limits<int32_t>::min() : std::numeric_limits<int32_t>::max();
+    return static_cast<double>(point) - static_cast<double>(first) + power;
+}
+
 } // namespace
 
 std::string toAnsi(std::wstring_view text)
@@ -86,9 +102,7 @@ double leadingNumber(std::wstring_view text)
     const char* end = begin + characters.size();
     double number = 0.0;
     const auto read = std::from_chars(begin + (characters.starts_with('+') ? 1 : 0), end, number);
-    const bool isTooGreat = read.ec == std::errc::result_out_of_range && characters.find("e-") == std::string::npos &&
-                            characters.find_first_not_of("+-0.") < characters.find('.');
-    if (isTooGreat)
+    if (read.ec == std::errc::result_out_of_range && magnitudeOf(characters) > 0)
         number = characters.starts_with('-') ? -HUGE_VAL : HUGE_VAL;
     return number;
 }

@@ -89,14 +89,15 @@ void svrViewCtl::popUp(PopupMenu menu, POINT place)
 {
     // The tool goes on while the menu is open: the view may be gone when the user has chosen.
     const std::weak_ptr<void> life = m_life;
-    const auto keyOf = [](const auto* selected) { return selected ? selected->key : std::wstring(); };
-    const std::wstring node = keyOf(m_serverTreeView->selected());
-    const std::wstring row = keyOf(m_serverDetailsView->selected());
+    const auto target = [&] {
+        const TreeNode* node = m_serverTreeView->selected();
+        const Row* row = actsOnTheTree(menu) ? nullptr : m_serverDetailsView->selected();
+        return std::pair(node ? node->key : std::wstring(), row ? row->key : std::wstring());
+    };
+    const auto before = target();
     const std::optional<MenuItem> chosen = m_menus.show(menu, hwnd(), place);
-    if (!chosen || life.expired())
-        return;
     // What was removed meanwhile leaves the selection to another object, which nobody chose anything for.
-    if (keyOf(m_serverTreeView->selected()) == node && keyOf(m_serverDetailsView->selected()) == row)
+    if (chosen && !life.expired() && target() == before)
         clickMenuItem(*chosen);
 }
 

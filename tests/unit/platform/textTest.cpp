@@ -74,12 +74,17 @@ TEST(leadingNumber, tooSmallToBeTold_is0)
 {
     EXPECT_EQ(leadingNumber(L"1e-400"), 0.0);
     EXPECT_EQ(leadingNumber(L"-1e-400"), 0.0);
+    EXPECT_EQ(leadingNumber(L"1e-99999999999"), 0.0);
+    EXPECT_EQ(leadingNumber(L"0." + std::wstring(400, L'0') + L"1"), 0.0);
 }
 
 TEST(leadingNumber, tooGreat_isOutsideEveryWholeNumber)
 {
     EXPECT_EQ(errorNumberOf([] { roundToLong(leadingNumber(L"1e400")); }), 6);
     EXPECT_EQ(errorNumberOf([] { roundToLong(leadingNumber(L"-1e400")); }), 6);
+    EXPECT_EQ(errorNumberOf([] { roundToLong(leadingNumber(L".5e+400")); }), 6);
+    EXPECT_EQ(errorNumberOf([] { roundToLong(leadingNumber(L"1e99999999999")); }), 6);
+    EXPECT_EQ(errorNumberOf([] { roundToLong(leadingNumber(std::wstring(400, L'9') + L"e-1")); }), 6);
 }
 
 TEST(roundToLong, halves_goToTheEvenNumber)

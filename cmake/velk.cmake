@@ -55,6 +55,6 @@ function(velk_tests_again name)
     list(GET place 1 code_page)
     add_test(NAME ${name}_${code_page} COMMAND ${CMAKE_SOURCE_DIR}/scripts/wine-test $<TARGET_FILE:${name}>)
     set_tests_properties(${name}_${code_page} PROPERTIES TIMEOUT 600 ENVIRONMENT
-      "LC_ALL=${locale}.UTF-8;LOCPATH=${CMAKE_SOURCE_DIR}/build/locale;VELK_EXPECTED_CODE_PAGE=${code_page}")
+      "VELK_LOCALE=${locale}.UTF-8;VELK_EXPECTED_CODE_PAGE=${code_page}")
   endforeach()
 endfunction()

@@ -1,46 +1,21 @@
 #include "platform/dialog.h"
 
 #include "platform/unique_any.h"
+#include "support/waitingForm.h"
 
-#include <functional>
 #include <gtest/gtest.h>
 
 namespace velk {
 namespace {
 
-constexpr DialogRow rows[] = {{100, DialogControl::button, L"Button", 4, 4, 40, 14}};
-constexpr DialogLayout layout{100, 40, rows};
-
-// A form that runs a piece of the test while it waits.
-class WaitingForm : public Dialog {
-public:
-    void showAndRun(std::function<void()> whileWaiting)
-    {
-        m_whileWaiting = std::move(whileWaiting);
-        PostMessageW(hwnd(), WM_COMMAND, 100, 0);
-        showModal();
-    }
-
-protected:
-    void onCommand(int, int) override { m_whileWaiting(); }
-
-private:
-    std::function<void()> m_whileWaiting;
-};
-
 class DialogTest : public testing::Test {
 protected:
-    DialogTest()
-    {
-        first.load(owner.get(), layout, {});
-        second.load(owner.get(), layout, {});
-    }
     static bool isEnabled(HWND window) { return IsWindowEnabled(window) != FALSE; }
 
     const unique_window owner{CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 400, 300,
                                               nullptr, nullptr, nullptr, nullptr)};
-    WaitingForm first;
-    WaitingForm second;
+    test::WaitingForm first{owner.get()};
+    test::WaitingForm second{owner.get()};
     bool wasRun = false;
 };
 

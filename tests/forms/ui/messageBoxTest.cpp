@@ -2,36 +2,12 @@
 
 #include "platform/dialog.h"
 #include "platform/unique_any.h"
+#include "support/waitingForm.h"
 
-#include <functional>
 #include <gtest/gtest.h>
 
 namespace velk {
 namespace {
-
-constexpr DialogRow rows[] = {{100, DialogControl::button, L"Button", 4, 4, 40, 14}};
-constexpr DialogLayout layout{100, 40, rows};
-
-// A form that runs a piece of the test while it waits, and closes then.
-class WaitingForm : public Dialog {
-public:
-    void showAndRun(std::function<void()> whileWaiting)
-    {
-        m_whileWaiting = std::move(whileWaiting);
-        PostMessageW(hwnd(), WM_COMMAND, 100, 0);
-        showModal();
-    }
-
-protected:
-    void onCommand(int, int) override
-    {
-        m_whileWaiting();
-        hide();
-    }
-
-private:
-    std::function<void()> m_whileWaiting;
-};
 
 class MessageBoxTest : public testing::Test {
 protected:
@@ -39,15 +15,13 @@ protected:
     {
         setMainWindow(mainWindow.get());
         SetActiveWindow(mainWindow.get());
-        first.load(dialogOwner(), layout, {});
-        second.load(dialogOwner(), layout, {});
     }
     ~MessageBoxTest() override { setMainWindow(nullptr); }
 
     const unique_window mainWindow{CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 400, 300,
                                                    nullptr, nullptr, nullptr, nullptr)};
-    WaitingForm first;
-    WaitingForm second;
+    test::WaitingForm first{mainWindow.get()};
+    test::WaitingForm second{mainWindow.get()};
     bool wasRun = false;
 };
 

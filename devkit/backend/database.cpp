@@ -9,12 +9,6 @@
 namespace velk::devkit {
 namespace {
 
-std::wstring baseName(const std::wstring& path)
-{
-    const std::wstring file = path.substr(path.find_last_of(L"\\/") + 1);
-    return file.substr(0, file.find_last_of(L'.'));
-}
-
 // Procedures that are nowhere but in the folder, as many as the environment asks for: for trying a large one.
 void addMadeUp(std::vector<ObjectFacts>& objects)
 {

@@ -1,4 +1,4 @@
-// The part of the desk for what this edition cannot do yet, and for functions that the add-in never calls.
+// The part of the desk for client code, for what this edition cannot do, and for functions that the add-in never calls.
 #include "devkit/backend/desk.h"
 #include "devkit/backend/deskTemplates.h"
 #include "devkit/backend/messages.h"
@@ -126,7 +126,7 @@ int32_t Desk::RZObjectDoPaste(int32_t handle)
     return enter(L"RZObjectDoPaste", handle) ? notAvailable(actionPaste) : 0;
 }
 
-// No command of a data environment has been made yet, so none has parameters.
+// The commands of a data environment are the caller's: the tool keeps none whose parameters could be asked for.
 int32_t Desk::RZParameterDEEnumBegin(int32_t command, int32_t* count, int32_t* enumeration)
 {
     if (enter(L"RZParameterDEEnumBegin", command) && count && enumeration)

@@ -36,7 +36,7 @@ extern "C" {
 #include "devkit/contract/exports.inc"
 #undef FAKE_EXPORT
 
-// For tests: how many breaches there were since the library was loaded.
+// For tests: whether the library's own thread has work, and how many breaches there were since it was loaded.
 __declspec(dllexport) int32_t __stdcall RZStandinIsWorking() noexcept
 {
     return served(L"RZStandinIsWorking", [](Desk& desk) { return desk.isWorking() ? 1 : 0; });

@@ -22,7 +22,8 @@ std::wstring messageOf(SQLSMALLINT kind, SQLHANDLE handle)
     SQLSMALLINT length = 0;
     const SQLRETURN result =
         SQLGetDiagRecW(kind, handle, 1, state, &native, reinterpret_cast<SQLWCHAR*>(text.data()), 1024, &length);
-    return SQL_SUCCEEDED(result) ? std::wstring(text.c_str()) : L"the ODBC driver gave no reason";
+    const bool hasWords = SQL_SUCCEEDED(result) && text.front() != L'\0';
+    return hasWords ? std::wstring(text.c_str()) : L"the ODBC driver gave no reason";
 }
 
 void check(SQLRETURN result, SQLSMALLINT kind, SQLHANDLE handle)
@@ -57,6 +58,18 @@ std::wstring columnName(SQLHSTMT statement, SQLUSMALLINT number)
 
 } // namespace
 
+std::wstring failureOf(const std::function<void()>& work) noexcept
+{
+    try {
+        work();
+        return {};
+    } catch (const OdbcError& error) {
+        return error.text;
+    } catch (const std::exception&) {
+        return L"no memory"; // as short as a text without memory of its own can be
+    }
+}
+
 std::wstring sqlText(const std::wstring& text)
 {
     std::wstring literal = L"'";
@@ -79,11 +92,14 @@ void Cancellation::cancel() noexcept
 OdbcConnection::OdbcConnection(const std::wstring& connectionString, Cancellation* cancellation)
     : m_cancellation(cancellation)
 {
+    throwIfCancelled();
     if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &m_environment)))
         throw OdbcError(L"ODBC is not installed");
     SQLSetEnvAttr(m_environment, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
-    if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_DBC, m_environment, &m_connection)))
+    if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_DBC, m_environment, &m_connection))) {
+        SQLFreeHandle(SQL_HANDLE_ENV, m_environment);
         throw OdbcError(L"the ODBC driver manager does not work");
+    }
     SQLSetConnectAttrW(m_connection, SQL_ATTR_LOGIN_TIMEOUT, reinterpret_cast<SQLPOINTER>(timeLimit), 0);
     const SQLRETURN result = SQLDriverConnectW(m_connection, nullptr, odbcText(connectionString), SQL_NTS, nullptr, 0,
                                                nullptr, SQL_DRIVER_NOPROMPT);
@@ -102,21 +118,30 @@ OdbcConnection::~OdbcConnection()
     SQLFreeHandle(SQL_HANDLE_ENV, m_environment);
 }
 
+void OdbcConnection::throwIfCancelled()
+{
+    if (!m_cancellation)
+        return;
+    const std::lock_guard held(m_cancellation->m_lock);
+    if (m_cancellation->m_isCancelled)
+        throw OdbcError(L"the work was ended");
+}
+
 void OdbcConnection::setRunning(SQLHSTMT statement)
 {
     if (!m_cancellation)
         return;
     const std::lock_guard held(m_cancellation->m_lock);
-    if (statement != SQL_NULL_HSTMT && m_cancellation->m_isCancelled)
-        throw OdbcError(L"the work was ended");
     m_cancellation->m_running = statement;
 }
 
 SQLRETURN OdbcConnection::execute(SQLHSTMT statement, const std::wstring& sql)
 {
+    throwIfCancelled();
     setRunning(statement);
     const SQLRETURN executed = SQLExecDirectW(statement, odbcText(sql), SQL_NTS);
     setRunning(SQL_NULL_HSTMT);
+    throwIfCancelled(); // what a driver answers for a statement that was ended is not worth reading
     return executed;
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/win32.h"
 
+#include <functional>
 #include <mutex>
 #include <stdexcept>
 #include <string>
@@ -19,10 +20,14 @@ public:
     std::wstring text;
 };
 
+// Runs work on a database. What went wrong, in the driver's words where it has some; empty when nothing did.
+std::wstring failureOf(const std::function<void()>& work) noexcept;
+
 // A text as a statement's literal.
 std::wstring sqlText(const std::wstring& text);
 
-// Ends what a connection on another thread is doing, and all that it would do after that.
+// Ends what a connection on another thread is doing, and all that it would do after that. It cannot end the wait for a
+// server that does not answer, nor that for a database file that another program holds: these have limits of their own.
 class Cancellation {
 public:
     void cancel() noexcept;
@@ -58,6 +63,7 @@ public:
 private:
     SQLRETURN execute(SQLHSTMT statement, const std::wstring& sql);
     void setRunning(SQLHSTMT statement);
+    void throwIfCancelled();
 
     Cancellation* m_cancellation;
     SQLHENV m_environment = SQL_NULL_HENV;

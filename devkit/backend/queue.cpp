@@ -17,13 +17,11 @@ NotificationQueue::NotificationQueue() : m_lastPayload(firstPayload - 1)
 
 void NotificationQueue::push(Notification notification)
 {
-    const std::lock_guard held(m_lock);
     m_waiting.push_back(std::move(notification));
 }
 
 int32_t NotificationQueue::pushPayload(Notice type, Payload payload)
 {
-    const std::lock_guard held(m_lock);
     const int32_t handle = ++m_lastPayload;
     m_payloads.emplace(handle, std::move(payload));
     if (m_payloads.size() > mostPayloads)
@@ -34,7 +32,6 @@ int32_t NotificationQueue::pushPayload(Notice type, Payload payload)
 
 std::optional<Notification> NotificationQueue::pop(bool& more)
 {
-    const std::lock_guard held(m_lock);
     more = m_waiting.size() > 1;
     if (m_waiting.empty())
         return std::nullopt;
@@ -45,7 +42,6 @@ std::optional<Notification> NotificationQueue::pop(bool& more)
 
 bool NotificationQueue::everHad(int32_t handle) const
 {
-    const std::lock_guard held(m_lock);
     return handle >= firstPayload && handle <= m_lastPayload;
 }
 

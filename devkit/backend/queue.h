@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <deque>
 #include <map>
-#include <mutex>
 #include <optional>
 #include <string>
 #include <utility>
@@ -65,7 +64,7 @@ struct CommandDEPayload {
 
 using Payload = std::variant<TextPayload, SqlPayload, AdoPayload, ConnectionDEPayload, CommandDEPayload>;
 
-// What waits for the caller. Any thread may put something in; the caller takes it out.
+// What waits for the caller.
 class NotificationQueue {
 public:
     void push(Notification notification);
@@ -79,7 +78,6 @@ public:
     template <class Kind>
     std::optional<Kind> payload(int32_t handle) const
     {
-        const std::lock_guard held(m_lock);
         const auto found = m_payloads.find(handle);
         const Kind* kept = found == m_payloads.end() ? nullptr : std::get_if<Kind>(&found->second);
         return kept ? std::optional(*kept) : std::nullopt;
@@ -87,7 +85,6 @@ public:
     bool everHad(int32_t handle) const;
 
 private:
-    mutable std::mutex m_lock;
     std::deque<Notification> m_waiting;
     std::map<int32_t, Payload> m_payloads;
     int32_t m_lastPayload;

@@ -25,7 +25,8 @@ enum class Outcome {
 };
 
 // The tool's work for one user of it, from its beginning to its end: the open project, its connections and objects.
-// Everything that happens is told by notifications. Not for several threads, but for the queue.
+// Everything that happens is told by notifications. Long work is done by the worker, one piece after the other; all
+// else, also what follows from such work, is done on the caller's thread.
 class Session {
 public:
     Session(Handles& handles, const TextTable& texts);
@@ -82,7 +83,6 @@ public:
     bool makeCommandDE(int32_t handle, CommandDEPayload wanted);
 
     bool isWorking() const { return m_worker.isBusy(); }
-    void watchAgain() { m_nextWatch = 0; } // at the next call of next(), for tests
 
 private:
     void addProject(ProjectFacts facts, const ProjectFile& file);
@@ -91,6 +91,7 @@ private:
     void closeProject();
     // Connects on the worker's thread; what is to be done then hears why it failed, nothing if it did not.
     void connectThen(ConnectionState& connection, std::function<void(ConnectionState&, const std::wstring&)> done);
+    void announce(ConnectionState& connection); // once
     void tellClosed(const ConnectionState& connection, const std::wstring& reason);
     void showCurrent(ConnectionState& connection);
     void lose(ConnectionState& connection, const std::wstring& reason, int32_t number);
@@ -107,8 +108,13 @@ private:
         const ObjectFacts* facts = nullptr;
     };
     Place placeOf(int32_t object) const;
-    // The same for a procedure or function with its source; no facts for anything else.
-    Place routineOf(int32_t object, std::wstring& source);
+    // The same for a procedure or function with its source; no facts for anything else. Where the source cannot be read
+    // the user has been told.
+    struct Routine {
+        Place place;
+        std::optional<std::wstring> source;
+    };
+    Routine routineOf(int32_t object);
     bool addRoutine(ConnectionState& connection, FolderState& folder, const std::wstring& file);
     bool addRoutineFile(ConnectionState& connection, FolderState& folder, const std::wstring& name,
                         const std::wstring& source);

@@ -2,6 +2,7 @@
 #include "devkit/backend/routineBody.h"
 #include "devkit/backend/session.h"
 #include "devkit/backend/sessionState.h"
+#include "devkit/backend/texts.h"
 
 namespace velk::devkit {
 namespace {
@@ -10,15 +11,6 @@ namespace {
 constexpr int32_t commandStoredProcedure = 1;
 constexpr int32_t commandText = 2;
 constexpr int32_t commandTable = 3;
-
-// A text as a literal of the client's language.
-std::wstring quoted(const std::wstring& text)
-{
-    std::wstring literal = L"\"";
-    for (const wchar_t letter : text)
-        literal += letter == L'"' ? L"\"\"" : std::wstring(1, letter);
-    return literal + L"\"";
-}
 
 std::wstring connectionCode(const std::wstring& connectionString)
 {

@@ -183,7 +183,10 @@ bool Session::import(int32_t handle)
 
 bool Session::copy(int32_t handle)
 {
-    return !routineOf(handle, m_copied).facts ? false : true;
+    Routine routine = routineOf(handle);
+    if (routine.source)
+        m_copied = std::move(*routine.source);
+    return routine.place.facts != nullptr;
 }
 
 bool Session::paste(int32_t handle)
@@ -218,6 +221,7 @@ void Session::removeConnection(int32_t handle)
     removed.ends.push_back(handle);
     for (const FolderState& folder : (*found)->folders) {
         removed.ends.push_back(folder.handle);
+        removed.ends.insert(removed.ends.end(), folder.leaving.begin(), folder.leaving.end());
         for (const int32_t object : folder.objects) {
             removed.ends.push_back(object);
             m_objects.erase(object);

@@ -5,15 +5,10 @@
 #include "devkit/backend/systemFile.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace velk::devkit {
 namespace {
-
-std::wstring nameOf(const std::wstring& path)
-{
-    const std::wstring file = path.substr(path.find_last_of(L"\\/") + 1);
-    return file.substr(0, file.find_last_of(L'.'));
-}
 
 std::vector<ProjectRoutine> routinesOf(const std::vector<ProjectRoutine>& all, const std::wstring& connection,
                                        bool first, const std::wstring& folder)
@@ -34,13 +29,13 @@ void Session::openProject(const std::wstring& path)
 {
     closeProject();
     const std::wstring whole = absolutePath({}, path);
-    const ProjectFacts empty{nameOf(whole), {}};
+    const ProjectFacts empty{baseName(whole), {}};
     const auto bytes = readBytes(whole);
     const DWORD code = bytes ? ERROR_SUCCESS : GetLastError();
     if (bytes) {
         try {
             const ProjectFile file = parseProject(*bytes);
-            const std::wstring name = file.name.empty() ? nameOf(whole) : file.name;
+            const std::wstring name = file.name.empty() ? baseName(whole) : file.name;
             addProject({name, whole}, file);
         } catch (const ProjectFileError& error) {
             tell(messageProjectBroken, {whole, std::to_wstring(error.line), error.reason});
@@ -48,7 +43,7 @@ void Session::openProject(const std::wstring& path)
         }
     } else if (code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND) {
         tell(messageProjectMissing, {whole});
-        addProject({nameOf(whole), whole}, {});
+        addProject({baseName(whole), whole}, {});
     } else {
         tell(messageProjectUnread, {whole, systemReason(code)});
         addProject(empty, {});
@@ -95,9 +90,10 @@ void Session::addConnection(const ProjectConnection& connection, const ProjectFi
     ConnectionState& state = *m_project->connections.emplace_back(std::move(made));
     // The caller hears of it when it is known whether its database can be had.
     connectThen(state, [this](ConnectionState& added, const std::wstring& failure) {
-        m_queue.push(about(Notice::added, kindConnection, added.handle, &added));
+        announce(added);
         if (!failure.empty())
             tellClosed(added, failure);
+        showCurrent(added); // a caller that asked for the connections itself may have been quicker
     });
 }
 
@@ -112,9 +108,11 @@ void Session::closeProject()
         removed.ends.push_back(connection->handle);
         for (const FolderState& folder : connection->folders) {
             removed.ends.push_back(folder.handle);
-            removed.ends.insert(removed.ends.end(), folder.objects.begin(), folder.objects.end());
+            for (const auto* objects : {&folder.objects, &folder.leaving})
+                removed.ends.insert(removed.ends.end(), objects->begin(), objects->end());
         }
     }
+    m_worker.cancel(); // nobody waits for it any more, and the next project's work comes behind it
     m_currentFolder = 0;
     m_objects.clear();
     m_project.reset();
@@ -128,12 +126,7 @@ void Session::connectThen(ConnectionState& connection, std::function<void(Connec
                   workshop = connection.database.workshop()](Cancellation& cancellation) -> Worker::Completion {
         // Shared only because a completion can be copied.
         const auto opened = std::make_shared<std::unique_ptr<OdbcConnection>>();
-        std::wstring failure;
-        try {
-            *opened = workshop.open(cancellation);
-        } catch (const OdbcError& error) {
-            failure = error.text.empty() ? L"the ODBC driver gave no reason" : error.text;
-        }
+        const std::wstring failure = failureOf([&] { *opened = workshop.open(cancellation); });
         return [this, attempt, done, handle, opened, failure] {
             ConnectionState* const state = connectionState(handle);
             if (!state || state->attempt != attempt)
@@ -143,6 +136,12 @@ void Session::connectThen(ConnectionState& connection, std::function<void(Connec
             done(*state, failure);
         };
     });
+}
+
+void Session::announce(ConnectionState& connection)
+{
+    if (!std::exchange(connection.isAnnounced, true))
+        m_queue.push(about(Notice::added, kindConnection, connection.handle, &connection));
 }
 
 void Session::tellClosed(const ConnectionState& connection, const std::wstring& reason)
@@ -193,6 +192,7 @@ bool Session::disconnect(int32_t handle)
     if (!state)
         return false;
     state->attempt = 0;
+    announce(*state);
     if (state->database.connected())
         lose(*state, {}, 0);
     const auto [connection, folder] = folderState(m_currentFolder);

@@ -100,7 +100,7 @@ RunResult runRoutine(const Database::Workshop& workshop, Cancellation& cancellat
 {
     constexpr size_t mostRows = 100;
     RunResult result;
-    try {
+    result.failure = failureOf([&] {
         OdbcConnection connection(workshop.connectionString, &cancellation);
         const scope_exit ended([&] { rollBack(connection); }); // nothing is left to roll back after a success
         connection.query(L"BEGIN");
@@ -110,26 +110,21 @@ RunResult runRoutine(const Database::Workshop& workshop, Cancellation& cancellat
                 result.last = std::move(table);
         }
         connection.query(L"COMMIT");
-    } catch (const OdbcError& error) {
-        result.failure = error.text;
-    }
+    });
     return result;
 }
 
 } // namespace
 
-Session::Place Session::routineOf(int32_t object, std::wstring& source)
+Session::Routine Session::routineOf(int32_t object)
 {
-    Place place = placeOf(object);
+    const Place place = placeOf(object);
     if (!place.facts || !place.connection->database.routinesOf(place.folder->kind))
         return {};
     const auto bytes = readBytes(place.facts->file);
-    if (!bytes) {
+    if (!bytes)
         tell(messageFileUnread, {place.facts->file, systemReason(GetLastError())});
-        return place;
-    }
-    source = fromUtf8(*bytes);
-    return place;
+    return {place, bytes ? std::optional(fromUtf8(*bytes)) : std::nullopt};
 }
 
 // Around work that the user waits for: the caller's window makes room, and comes back at the end.
@@ -145,10 +140,11 @@ void Session::endTask()
 
 bool Session::showSource(int32_t handle)
 {
-    std::wstring source;
-    const Place place = routineOf(handle, source);
-    if (!place.facts)
-        return false;
+    const Routine routine = routineOf(handle);
+    const Place& place = routine.place;
+    if (!place.facts || !routine.source)
+        return place.facts != nullptr;
+    const std::wstring& source = *routine.source;
     const auto lines = static_cast<int32_t>(std::count(source.begin(), source.end(), L'\n')) + 1;
     const size_t lastBreak = source.rfind(L'\n');
     const auto column = static_cast<int32_t>(source.size() - (lastBreak == std::wstring::npos ? 0 : lastBreak + 1)) + 1;
@@ -160,24 +156,22 @@ bool Session::showSource(int32_t handle)
 // language is kept as it is.
 bool Session::build(int32_t handle)
 {
-    std::wstring source;
-    const Place place = routineOf(handle, source);
-    if (!place.facts)
-        return false;
+    const Routine routine = routineOf(handle);
+    const Place& place = routine.place;
+    if (!place.facts || !routine.source)
+        return place.facts != nullptr;
+    const std::wstring& source = *routine.source;
     const ObjectFacts facts = parseRoutine(source);
     const std::wstring name = facts.name.empty() ? place.facts->name : facts.name;
     beginTask();
     m_worker.add([this, handle, facts, source, name,
                   workshop = place.connection->database.workshop()](Cancellation& cancellation) -> Worker::Completion {
-        std::wstring failure;
-        try {
+        const std::wstring failure = failureOf([&] {
             if (facts.name.empty())
                 throw OdbcError(L"the source has no CREATE PROCEDURE or CREATE FUNCTION statement");
             OdbcConnection connection(workshop.connectionString, &cancellation);
             workshop.catalog->build(connection, facts, source);
-        } catch (const OdbcError& error) {
-            failure = error.text;
-        }
+        });
         return [this, handle, name, failure] {
             if (const Place built = placeOf(handle); built.facts)
                 load(*built.connection, *built.folder, true);
@@ -190,10 +184,10 @@ bool Session::build(int32_t handle)
 
 bool Session::runSettings(int32_t handle)
 {
-    std::wstring source;
-    const Place place = routineOf(handle, source);
-    if (!place.facts)
-        return false;
+    const Routine routine = routineOf(handle);
+    const Place& place = routine.place;
+    if (!place.facts || !routine.source)
+        return place.facts != nullptr;
     std::wstring lines;
     for (const auto& [name, value] : valuesFor(*place.facts))
         lines += name + L"=" + value + L"\n";
@@ -207,10 +201,11 @@ bool Session::runSettings(int32_t handle)
 
 bool Session::run(int32_t handle)
 {
-    std::wstring source;
-    const Place place = routineOf(handle, source);
-    if (!place.facts)
-        return false;
+    const Routine routine = routineOf(handle);
+    const Place& place = routine.place;
+    if (!place.facts || !routine.source)
+        return place.facts != nullptr;
+    const std::wstring& source = *routine.source;
     const ObjectFacts facts = *place.facts;
     if (facts.dirty || isJava(facts)) {
         tell(facts.dirty ? messageNotBuilt : messageNoDatabaseCode, {facts.name});
@@ -238,18 +233,14 @@ bool Session::sampleContents(int32_t handle)
     const Place place = placeOf(handle);
     if (!place.facts || (place.folder->kind != kindTableFolder && place.folder->kind != kindViewFolder))
         return false;
-    std::wstring quoted = L"\"";
-    for (const wchar_t letter : place.facts->name)
-        quoted += letter == L'"' ? L"\"\"" : std::wstring(1, letter);
-    m_worker.add([this, name = place.facts->name, sql = L"SELECT * FROM " + quoted + L"\"",
+    m_worker.add([this, name = place.facts->name, sql = L"SELECT * FROM " + quoted(place.facts->name),
                   workshop = place.connection->database.workshop()](Cancellation& cancellation) -> Worker::Completion {
-        try {
-            const std::wstring rows =
-                tableText(OdbcConnection(workshop.connectionString, &cancellation).table(sql, sampleRows));
-            return [this, name, rows] { tell(messageSample, {name, rows}); };
-        } catch (const OdbcError& error) {
-            return [this, name, words = error.text] { tell(messageUnreadable, {name, words}); };
-        }
+        std::wstring rows;
+        const std::wstring failure = failureOf(
+            [&] { rows = tableText(OdbcConnection(workshop.connectionString, &cancellation).table(sql, sampleRows)); });
+        return [this, name, rows, failure] {
+            tell(failure.empty() ? messageSample : messageUnreadable, {name, failure.empty() ? rows : failure});
+        };
     });
     return true;
 }

@@ -23,6 +23,7 @@ struct ConnectionState {
     int32_t handle = 0;
     Database database;
     std::array<FolderState, std::size(folderKinds)> folders{};
+    bool isAnnounced = false;
     int32_t attempt = 0; // the number of the attempt to connect that is under way; 0: none is
 };
 

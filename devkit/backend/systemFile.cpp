@@ -101,6 +101,12 @@ std::wstring folderOf(const std::wstring& path)
     return last == std::wstring::npos ? L"" : path.substr(0, last);
 }
 
+std::wstring baseName(const std::wstring& path)
+{
+    const std::wstring file = path.substr(path.find_last_of(L"\\/") + 1);
+    return file.substr(0, file.find_last_of(L'.'));
+}
+
 std::wstring absolutePath(const std::wstring& folder, const std::wstring& path)
 {
     const bool complete = path.size() > 1 && (path[1] == L':' || path.starts_with(L"\\\\"));

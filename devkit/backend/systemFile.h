@@ -36,6 +36,7 @@ std::string toUtf8(std::wstring_view text);
 std::wstring fileStamp(const std::wstring& path);
 
 std::wstring folderOf(const std::wstring& path);
+std::wstring baseName(const std::wstring& path); // without folder and ending
 std::wstring absolutePath(const std::wstring& folder, const std::wstring& path);
 // The system's words for an error code.
 std::wstring systemReason(DWORD code);

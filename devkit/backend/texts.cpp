@@ -67,6 +67,14 @@ std::wstring TextTable::text(int32_t number, const std::vector<std::wstring>& pa
     return result;
 }
 
+std::wstring quoted(const std::wstring& text)
+{
+    std::wstring result = L"\"";
+    for (const wchar_t letter : text)
+        result += letter == L'"' ? L"\"\"" : std::wstring(1, letter);
+    return result + L"\"";
+}
+
 TextTable loadTexts()
 {
     const std::wstring path = environmentText(L"VELK_BACKEND_TEXTS");

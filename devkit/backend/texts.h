@@ -22,6 +22,9 @@ private:
     std::map<int32_t, std::wstring> m_texts;
 };
 
+// A text in double quotes, those in it doubled: a literal of the client's language, and a name in SQL.
+std::wstring quoted(const std::wstring& text);
+
 // The texts of the file named by the environment variable VELK_BACKEND_TEXTS, else those built into this module.
 TextTable loadTexts();
 

@@ -114,20 +114,46 @@ TEST_F(Actions, run_thatFails_changesNothing)
 }
 
 // Counting that far takes longer than any test may: without an end to it this test would not come to its own.
+constexpr char endless[] = "CREATE PROCEDURE sales.place_order ()\nLANGUAGE SQL\nBEGIN\n"
+                           " INSERT INTO audit (what) VALUES ('half');\n"
+                           " INSERT INTO audit (what) WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n"
+                           " WHERE i < 1000000000000) SELECT COUNT(*) FROM n;\nEND\n";
+
 TEST_F(Actions, endOfTheSession_endsARunningRoutine)
 {
-    write(L"rz\\routines\\order_total.sql",
-          "CREATE FUNCTION sales.order_total () RETURNS INTEGER\nLANGUAGE SQL\nRETURN WITH RECURSIVE n(i) AS (SELECT 1 "
-          "UNION ALL SELECT i + 1 FROM n WHERE i < 1000000000000) SELECT COUNT(*) FROM n\n");
-    RZSetCurrentFolder(functions, 9);
-    notifications();
-    EXPECT_THAT(act(1012, 18), Contains(L"2 3 order_total was built."));
-    RZObjectDoAction(1012, 16);
+    write(L"rz\\routines\\place_order.sql", endless);
+    EXPECT_THAT(act(placeOrder, 18), Contains(L"2 3 place_order was built."));
+    RZObjectDoAction(placeOrder, 16);
     EXPECT_THAT(notificationsNow(), ElementsAre(L"2 1 MINIMIZE_MSWIN"));
-    Sleep(300); // the thread has begun to count
+    Sleep(300); // the thread has written and counts
     RZTerminate();
-    execute(L"INSERT INTO audit (what) VALUES ('free again')");
+    execute(L"INSERT INTO audit (what) VALUES ('free again')"); // the routine holds the database no longer
+    EXPECT_EQ(value(L"SELECT COUNT(*) FROM audit WHERE what = 'half'"), L"0");
     ASSERT_NE(RZInitialize(3, project(), L""), 0); // for the end of every test
+}
+
+TEST_F(Actions, endOfTheProject_endsARunningRoutineAndTellsIt)
+{
+    write(L"rz\\routines\\place_order.sql", endless);
+    act(placeOrder, 18);
+    RZObjectDoAction(placeOrder, 16);
+    EXPECT_THAT(notificationsNow(), ElementsAre(L"2 1 MINIMIZE_MSWIN"));
+    Sleep(300);
+    RZObjectDoAction(1001, 21);
+    open(L"orders.rzv");
+    const std::vector<std::wstring> all = notifications();
+    EXPECT_THAT(all, Contains(StartsWith(L"2 3 place_order did not run: the work was ended")));
+    EXPECT_THAT(all, Contains(L"2 1 RZ_TASK_COMPLETE"));
+    EXPECT_THAT(all.back(), StartsWith(L"8 6 ")); // the new project has its connection
+}
+
+TEST_F(Actions, sourceThatIsGone_isToldOnceAndNothingRuns)
+{
+    erase(L"rz\\routines\\place_order.sql");
+    for (const int32_t action : {14, 15, 16, 18, 24})
+        EXPECT_THAT(act(placeOrder, action),
+                    ElementsAre(AllOf(StartsWith(L"2 3 The file "), HasSubstr(L"place_order"))))
+            << action;
 }
 
 TEST_F(Actions, runSettings_giveTheValues)

@@ -201,6 +201,27 @@ TEST_F(Folders, folder_selectedWithoutItsConnection_comesWhenThatIsThere)
     RZTerminate();
 }
 
+TEST_F(Folders, connectionOfAProjectThatOpens_disconnectedAtOnce_isStillAdded)
+{
+    EXPECT_NE(RZObjectDoAction(1001, 21), 0);
+    open(L"orders.rzv");
+    RZObjectDoAction(1009, 8);
+    EXPECT_THAT(notifications(), ElementsAre(L"7 5 1001", L"8 5 1008", L"8 6 1009"));
+    trzConnection record;
+    fetchConnection(1009, record);
+    EXPECT_FALSE(record.bConnected);
+    RZTerminate();
+}
+
+TEST_F(Folders, folderSelectedBeforeItsConnectionIsAdded_comesWithIt)
+{
+    EXPECT_NE(RZObjectDoAction(1001, 21), 0);
+    open(L"orders.rzv");
+    RZSetCurrentFolder(1013, 13);
+    EXPECT_THAT(notifications(), ElementsAre(L"7 5 1001", L"8 5 1008", L"8 6 1009", L"5 13 1013"));
+    RZTerminate();
+}
+
 TEST_F(Folders, project_removedWhileItConnects_isForgotten)
 {
     EXPECT_NE(RZObjectDoAction(1001, 21), 0);

@@ -74,7 +74,7 @@ com_ptr<IDispatch> addToMenu(const com_ptr<IDispatch>& menu, int32_t type)
 
 } // namespace
 
-void RZCommandBars::addButton(const com_ptr<IDispatch>& control, const EntryRow& row, const EntryFaces& faces)
+void RZCommandBars::addButton(const com_ptr<IDispatch>& control, const EntryRow& row, EntryFaces& faces)
 {
     Entry& entry = m_entries.emplace_back(Entry{control, std::make_unique<event_connection>()});
     dressEntry(control, row.caption, faces, row.face, row.action);
@@ -105,7 +105,7 @@ void RZCommandBars::addToolbar()
         swallow(L"RZCommandBars.addToolbar", L"the menus have the same entries",
                 [this] { automation::put(m_toolbar, L"Visible", variant(true)); });
     });
-    const EntryFaces faces;
+    EntryFaces faces;
     for (const EntryRow& row : toolbarRows) {
         const com_ptr<IDispatch> button =
             automation::call(controlsOf(m_toolbar), L"Add", {variant(controlTypeButton)}).asObject();
@@ -140,7 +140,7 @@ void RZCommandBars::addViews()
     const std::wstring caption = getRZString(viewsPopupText);
     automation::put(views, L"Caption", variant(std::wstring_view(caption)));
     automation::put(views, L"BeginGroup", variant(true));
-    const EntryFaces faces;
+    EntryFaces faces;
     for (const EntryRow& row : viewRows) {
         m_views.push_back(addToMenu(views, controlTypeButton));
         addButton(m_views.back(), row, faces);
@@ -151,7 +151,7 @@ void RZCommandBars::addGroup(std::span<const EntryRow> rows)
 {
     // Each group asks for the name of the menu that it extends.
     const com_ptr<IDispatch> menu = menuNamed(getRZString(menuNameText));
-    const EntryFaces faces;
+    EntryFaces faces;
     for (const EntryRow& row : rows) {
         const com_ptr<IDispatch> button = addToMenu(menu, controlTypeButton);
         addButton(button, row, faces);

@@ -36,7 +36,7 @@ private:
         com_ptr<IDispatch> control;
         std::unique_ptr<event_connection> clicks; // none for a popup
     };
-    void addButton(const com_ptr<IDispatch>& control, const EntryRow& row, const EntryFaces& faces);
+    void addButton(const com_ptr<IDispatch>& control, const EntryRow& row, EntryFaces& faces);
     void addGroup(std::span<const EntryRow> rows);
     com_ptr<IDispatch> menuNamed(const std::wstring& caption);
 

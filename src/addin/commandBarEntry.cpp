@@ -2,24 +2,35 @@
 
 #include "backend/texts.h"
 #include "platform/automation.h"
+#include "platform/boundary.h"
 #include "platform/picture.h"
 #include "ui/messageBox.h"
 
 namespace velk {
 
-EntryFaces::EntryFaces() noexcept : m_usersOwn(dialogOwner())
+void EntryFaces::paste(const com_ptr<IDispatch>& control, int face)
 {
-}
-
-void EntryFaces::paste(const com_ptr<IDispatch>& control, int face) const
-{
-    if (!m_usersOwn.isKept())
+    constexpr int attempts = 5;
+    constexpr DWORD pause = 20; // milliseconds
+    if (!m_usersOwn)
+        m_usersOwn.emplace(dialogOwner());
+    if (!m_usersOwn->isKept())
         return;
-    putBitmapOnClipboard(dialogOwner(), loadBitmap(face).get());
-    automation::call(control, L"PasteFace");
+    const unique_bitmap picture = loadBitmap(face);
+    for (int left = attempts; left > 0; --left) {
+        const auto failure = attempt([&] {
+            putBitmapOnClipboard(dialogOwner(), picture.get());
+            automation::call(control, L"PasteFace");
+        });
+        if (!failure)
+            return;
+        if (left == 1 || failure->number() == errorNoSuchMember)
+            throw *failure;
+        Sleep(pause);
+    }
 }
 
-void dressEntry(const com_ptr<IDispatch>& control, int32_t captionText, const EntryFaces& faces, int face,
+void dressEntry(const com_ptr<IDispatch>& control, int32_t captionText, EntryFaces& faces, int face,
                 std::wstring_view action)
 {
     const std::wstring caption = getRZString(captionText);

@@ -6,6 +6,7 @@
 #include "platform/win32.h"
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 namespace velk {
@@ -19,17 +20,15 @@ inline constexpr int noFace = 0;
 // program holds the clipboard, entries stay without a face instead.
 class EntryFaces {
 public:
-    EntryFaces() noexcept;
-    // Throws what the control refuses.
-    void paste(const com_ptr<IDispatch>& control, int face) const;
+    // Throws what the control refuses, after a few attempts: another program may look at the clipboard at that moment.
+    void paste(const com_ptr<IDispatch>& control, int face);
 
 private:
-    clipboard_keeper m_usersOwn;
+    std::optional<clipboard_keeper> m_usersOwn; // from the first face on
 };
 
-// Gives a control its caption from the tool, its face (noFace: none), and its action
-// text. The face is put on after the caption, so that a control whose face fails can still be used.
-void dressEntry(const com_ptr<IDispatch>& control, int32_t captionText, const EntryFaces& faces, int face,
+// Gives a control its caption from the tool, its face (noFace: none), and its action text.
+void dressEntry(const com_ptr<IDispatch>& control, int32_t captionText, EntryFaces& faces, int face,
                 std::wstring_view action);
 
 } // namespace velk

@@ -5,6 +5,7 @@
 #include "notify/handlers.h"
 #include "platform/boundary.h"
 #include "platform/text.h"
+#include "platform/unique_any.h"
 #include "ui/messageBox.h"
 
 namespace velk {
@@ -12,6 +13,7 @@ namespace {
 
 constexpr UINT_PTR timerThread = 1;
 constexpr UINT timerInterval = 100; // milliseconds
+constexpr int deepest = 30;
 
 using Handler = void (*)(const IntegrationMgr& manager, const trzNotify& notification);
 
@@ -91,8 +93,13 @@ LRESULT notificationThreadFrm::handle(UINT message, WPARAM wParam, LPARAM lParam
 
 void notificationThreadFrm::timerThread_Timer() noexcept
 {
+    // Each box that a handler shows lets further ticks run above it. A user who is away must not find the stack full.
+    if (m_depth >= deepest)
+        return;
     // A message box in a handler lets the IDE disconnect the add-in; the tick must still have something to return to.
     const auto untilDone = shared_from_this();
+    ++m_depth;
+    const scope_exit left([this] { --m_depth; });
     if (const auto failure = attempt([this] { drain(); }))
         tellFailure(tellError, *failure);
 }

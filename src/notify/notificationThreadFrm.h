@@ -40,6 +40,7 @@ private:
 
     IntegrationMgr m_IMMgr;
     bool m_isUnloaded = false;
+    int m_depth = 0; // of ticks within ticks
 };
 
 } // namespace velk

@@ -108,10 +108,9 @@ variant invoke(IDispatch* object, std::wstring_view member, Access access, const
     return answer;
 }
 
-bool hasMember(IDispatch* object, std::wstring_view member) noexcept
+bool hasMember(IDispatch* object, const wchar_t* member) noexcept
 {
-    std::wstring text(member);
-    LPOLESTR name = text.data();
+    LPOLESTR name = const_cast<LPOLESTR>(member);
     DISPID id = DISPID_UNKNOWN;
     return object && SUCCEEDED(object->GetIDsOfNames(IID_NULL, &name, 1, englishUs, &id));
 }

@@ -57,7 +57,7 @@ inline com_ptr<IDispatch> getObject(const com_ptr<IDispatch>& object, std::wstri
 }
 
 // Whether the object knows a member of that name (a missing object knows none).
-bool hasMember(IDispatch* object, std::wstring_view member) noexcept;
+bool hasMember(IDispatch* object, const wchar_t* member) noexcept;
 
 // Makes an object of a registered class by its name; error 429 when it cannot be made.
 com_ptr<IDispatch> createObject(std::wstring_view progId);

@@ -13,6 +13,19 @@ FailureObserver& observerSlot() noexcept
     return observer.get();
 }
 
+Error copyOfCurrent()
+{
+    try {
+        throw;
+    } catch (const Error& error) {
+        return error;
+    } catch (const std::bad_alloc&) {
+        return Error(errorOutOfMemory);
+    } catch (...) {
+        return Error::fromResult(E_UNEXPECTED);
+    }
+}
+
 } // namespace
 
 FailureObserver setFailureObserver(FailureObserver observer)
@@ -33,13 +46,9 @@ void reportFailure(std::wstring_view where, std::wstring_view why, const Error& 
 Error currentError() noexcept
 {
     try {
-        throw;
-    } catch (const Error& error) {
-        return error;
-    } catch (const std::bad_alloc&) {
-        return Error(errorOutOfMemory);
+        return copyOfCurrent();
     } catch (...) {
-        return Error::fromResult(E_UNEXPECTED);
+        return Error(errorOutOfMemory, {}, {}, E_OUTOFMEMORY); // without words, which would want memory again
     }
 }
 

@@ -82,7 +82,9 @@ clipboard_keeper::clipboard_keeper(HWND owner) noexcept : m_owner(owner)
 
 clipboard_keeper::~clipboard_keeper()
 {
-    if (m_wasRead && openClipboard(m_owner)) {
+    // The owner is who emptied it last.
+    const bool isOurs = GetClipboardOwner() == m_owner;
+    if (m_wasRead && isOurs && openClipboard(m_owner)) {
         EmptyClipboard();
         for (Kept& kept : m_kept)
             if (SetClipboardData(kept.format, kept.data))
@@ -103,6 +105,11 @@ void putBitmapOnClipboard(HWND owner, HBITMAP bitmap)
     throwLastErrorUnless(EmptyClipboard() != FALSE);
     throwLastErrorUnless(SetClipboardData(CF_BITMAP, copy.get()) != nullptr);
     copy.release(); // the clipboard owns it now
+    // Programs that keep a history of the clipboard pass over what has this format, whatever it holds.
+    static const UINT passOver = RegisterClipboardFormatW(L"ExcludeClipboardContentFromMonitorProcessing");
+    if (const HGLOBAL mark = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, sizeof(DWORD)))
+        if (!SetClipboardData(passOver, mark))
+            GlobalFree(mark);
 }
 
 } // namespace velk

@@ -6,10 +6,12 @@
 
 namespace velk {
 
-// Puts a bitmap on the clipboard (a copy; the caller keeps its own). Throws when another program holds the clipboard.
+// Puts a bitmap on the clipboard (a copy; the caller keeps its own), not for any history of it. Throws when another
+// program holds the clipboard.
 void putBitmapOnClipboard(HWND owner, HBITMAP bitmap);
 
-// Keeps what stands on the clipboard and puts it back at its end, so that the user loses nothing. Formats that only
+// Keeps what stands on the clipboard and puts it back at its end, so that the user loses nothing; what another program
+// has put there meanwhile stays. Formats that only
 // their program can make (drawn by the owner, private handles) cannot be kept. Another program may hold the clipboard
 // for a moment: it is waited for up to a fifth of a second, then left as it is.
 class clipboard_keeper {

@@ -52,14 +52,16 @@ void Dialog::showModal()
 {
     const module::keep_loaded untilAnswered;
     const std::shared_ptr<Life> life = m_life; // outlives the form, whatever happens in the loop
-    if (!life)
+    if (!life || life->isShown)
         return;
     placeOnOwner();
+    m_blocked.reserve(shownDialogs().size() + 1);
+    shownDialogs().push_back(this);
+    life->isShown = true; // from here on hide() puts everything back
     block(m_owner);
     for (const Dialog* shown : shownDialogs())
-        block(shown->hwnd());
-    life->isShown = true;
-    shownDialogs().push_back(this);
+        if (shown != this)
+            block(shown->hwnd());
     ShowWindow(m_hwnd, SW_SHOW);
     MSG message{};
     while (life->isShown) {
@@ -97,6 +99,11 @@ void Dialog::hide() noexcept
         EnableWindow(window, TRUE);
     ShowWindow(m_hwnd, SW_HIDE);
     PostMessageW(m_owner, WM_NULL, 0, 0);
+}
+
+HWND Dialog::topmost() noexcept
+{
+    return shownDialogs().empty() ? nullptr : shownDialogs().back()->hwnd();
 }
 
 void Dialog::hideAll() noexcept

@@ -1,11 +1,16 @@
 #include "platform/document_object.h"
 
 #include "platform/boundary.h"
+#include "platform/unique_any.h"
 
 namespace velk {
 
 void DocumentObject::activate(bool withUi)
 {
+    if (m_isLeaving)
+        throw Error::fromResult(E_UNEXPECTED); // asked for by what the end itself sets going
+    if (m_isActive && !m_content)
+        leaveSite(); // the host's window went without a word, and the content with it
     if (!m_isActive && !activateAsDocument()) {
         if (const auto failure = attempt([this] { enterSite(); })) {
             leaveSite(); // or the next attempt would take the object for active
@@ -57,7 +62,7 @@ bool DocumentObject::activateAsDocument()
 
 void DocumentObject::activateUi()
 {
-    if (m_isUiActive || !m_inPlaceSite)
+    if (m_isUiActive || !m_inPlaceSite || m_isLeaving)
         return;
     throwIfFailed(m_inPlaceSite->OnUIActivate());
     m_isUiActive = true;
@@ -76,10 +81,15 @@ void DocumentObject::placeContent(const RECT& place) noexcept
 
 void DocumentObject::leaveSite() noexcept
 {
+    // A window that goes with the focus in it makes its parents ask for activation again.
+    const bool wasLeaving = std::exchange(m_isLeaving, true);
+    const scope_exit left([&] { m_isLeaving = wasLeaving; });
     UIDeactivate();
     const bool wasActive = std::exchange(m_isActive, false);
-    if (m_content)
+    if (m_content) {
         ShowWindow(m_content, SW_HIDE);
+        SetParent(m_content, HWND_MESSAGE); // the host's window may go before it makes the next one
+    }
     const com_ptr<IOleInPlaceSite> site = std::move(m_inPlaceSite);
     m_frame.reset();
     if (wasActive && site)
@@ -88,6 +98,8 @@ void DocumentObject::leaveSite() noexcept
 
 void DocumentObject::dropContent() noexcept
 {
+    const bool wasLeaving = std::exchange(m_isLeaving, true);
+    const scope_exit left([&] { m_isLeaving = wasLeaving; });
     UIDeactivate();
     if (std::exchange(m_content, nullptr))
         destroyContent();
@@ -134,9 +146,7 @@ HRESULT DocumentObject::DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND, LP
             activate(false);
             return S_OK;
         case OLEIVERB_HIDE:
-            if (m_content)
-                ShowWindow(m_content, SW_HIDE);
-            return S_OK;
+            return Show(FALSE);
         default:
             return verb > 0 ? OLEOBJ_S_INVALIDVERB : E_NOTIMPL;
         }
@@ -245,11 +255,12 @@ HRESULT DocumentObject::Show(BOOL show) noexcept
 {
     return atBoundary(L"IOleDocumentView.Show", [&] {
         if (show)
-            activate(false);
-        else
-            UIDeactivate();
+            return activate(false);
+        const bool wasLeaving = std::exchange(m_isLeaving, true);
+        const scope_exit left([&] { m_isLeaving = wasLeaving; });
+        UIDeactivate();
         if (m_content)
-            ShowWindow(m_content, show ? SW_SHOW : SW_HIDE);
+            ShowWindow(m_content, SW_HIDE);
     });
 }
 

@@ -116,6 +116,8 @@ protected:
     void activateUi();
     // The content goes for good: the object is over although its host keeps it.
     void dropContent() noexcept;
+    // The object is at its end: whatever its windows set going while they go does not activate it any more.
+    void beginEnd() noexcept { m_isLeaving = true; }
     // The content's window went with the window of the host.
     void contentIsGone() noexcept { m_content = nullptr; }
 
@@ -145,6 +147,7 @@ private:
     SIZEL m_extent{8000, 5000}; // himetric, until the host says otherwise
     bool m_isActive = false;
     bool m_isUiActive = false;
+    bool m_isLeaving = false; // nothing activates meanwhile
 };
 
 } // namespace velk

@@ -43,6 +43,7 @@ serverViewDoc::serverViewDoc() = default;
 
 serverViewDoc::~serverViewDoc()
 {
+    beginEnd();
     destroyContent();
 }
 

@@ -1,5 +1,6 @@
 #include "ui/messageBox.h"
 
+#include "platform/dialog.h"
 #include "platform/module.h"
 #include "platform/never_destroyed.h"
 
@@ -31,8 +32,14 @@ HWND boxOwner() noexcept
     const HWND owner = dialogOwner();
     if (!owner || IsWindowEnabled(owner))
         return owner;
-    const HWND open = GetLastActivePopup(owner);
-    return IsWindowVisible(open) && IsWindowEnabled(open) ? open : owner;
+    // Something modal is open. The active popup may also be a palette of the IDE, which can go at any time.
+    constexpr ATOM dialogClass = 32770;
+    const HWND active = GetLastActivePopup(owner);
+    const bool isDialog = GetClassLongPtrW(active, GCW_ATOM) == dialogClass;
+    if (isDialog && IsWindowVisible(active) && IsWindowEnabled(active))
+        return active;
+    const HWND form = Dialog::topmost();
+    return form && IsWindowEnabled(form) ? form : owner;
 }
 
 void setMessagePresenter(MessagePresenter presenter)

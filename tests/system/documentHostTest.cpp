@@ -13,8 +13,7 @@ class DocumentHostTest : public test::DllFixture {
 protected:
     DocumentHostTest()
     {
-        window = CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 500, 400, nullptr, nullptr,
-                                 nullptr, nullptr);
+        window = madeWindow();
         host = makeObject<test::DocumentHost>(window);
         document = make<IUnknown>(CLSID_serverViewDoc);
         shown = host->show(document.get());
@@ -26,6 +25,11 @@ protected:
         document.reset();
         host.reset();
         DestroyWindow(window);
+    }
+    static HWND madeWindow()
+    {
+        return CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 500, 400, nullptr, nullptr,
+                               nullptr, nullptr);
     }
     static bool isShown(HWND window) { return (GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) != 0; }
     HWND content() const { return FindWindowExW(window, nullptr, L"velkviadd.serverViewDoc", nullptr); }
@@ -127,6 +131,50 @@ TEST_F(DocumentHostTest, siteWithoutAWindow_failsAndCanBeTriedAgain)
     host->failsToGiveItsWindow = false;
     EXPECT_EQ(host->show(document.get()), S_OK);
     EXPECT_TRUE(isShown(content()));
+}
+
+TEST_F(DocumentHostTest, windowOfTheHostThatGoesBetweenTwoViews_leavesTheContent)
+{
+    const HWND before = content();
+    host->view->CloseView(0);
+    DestroyWindow(window);
+    window = madeWindow();
+    const auto next = makeObject<test::DocumentHost>(window);
+    EXPECT_EQ(next->show(document.get()), S_OK);
+    EXPECT_EQ(content(), before);
+    EXPECT_TRUE(isShown(content()));
+    host = next;
+}
+
+TEST_F(DocumentHostTest, windowOfTheHostThatGoesWithoutAWord_isMadeAnew)
+{
+    DestroyWindow(window);
+    window = madeWindow();
+    const auto next = makeObject<test::DocumentHost>(window);
+    EXPECT_EQ(next->show(document.get()), S_OK);
+    EXPECT_TRUE(isShown(content()));
+    host = next;
+}
+
+// A window that goes with the focus in it gives the focus to its parent, and that must not bring the object back.
+TEST_F(DocumentHostTest, contentThatGoesWithTheFocusInIt_leavesTheObjectInactive)
+{
+    const HWND view = FindWindowExW(content(), nullptr, L"velkviadd.svrViewCtl", nullptr);
+    SetFocus(FindWindowExW(view, nullptr, L"SysTreeView32", nullptr));
+    host->asked.clear();
+    const auto doc = document.tryAs<_serverViewDoc>(IID__serverViewDoc);
+    EXPECT_EQ(doc->putref_IMgr(nullptr), S_OK);
+    EXPECT_THAT(host->asked, ElementsAre(testing::StrEq("OnUIDeactivate")));
+}
+
+TEST_F(DocumentHostTest, viewHiddenWithTheFocusInIt_isHiddenAndInactive)
+{
+    const HWND view = FindWindowExW(content(), nullptr, L"velkviadd.svrViewCtl", nullptr);
+    SetFocus(FindWindowExW(view, nullptr, L"SysTreeView32", nullptr));
+    host->asked.clear();
+    EXPECT_EQ(host->view->Show(FALSE), S_OK);
+    EXPECT_FALSE(isShown(content()));
+    EXPECT_THAT(host->asked, ElementsAre(testing::StrEq("OnUIDeactivate")));
 }
 
 TEST_F(DocumentHostTest, windowOfTheHostThatGoesFirst_isMadeAnew)

@@ -1,6 +1,7 @@
 #include "pumpFixture.h"
 #include "support/failureLog.h"
 
+#include <algorithm>
 #include <new>
 
 namespace velk {
@@ -44,6 +45,24 @@ TEST_F(PromptTest, promptWithTooManyFields_showsNothingAndAnswersNothing)
     pump->timerThread_Timer();
     EXPECT_EQ(messages, Lines{});
     EXPECT_EQ(backend.calls.size(), 1u); // the text was fetched, and that is all
+}
+
+// A user who is away answers none of them, and each runs the next tick in its own loop.
+TEST_F(PromptTest, boxesWithoutAnEnd_stopAtADepthAndFollowWhenTheyAreAnswered)
+{
+    constexpr int prompts = 200;
+    for (int number = 0; number < prompts; ++number)
+        backend.prompt(L"?", 3);
+    int open = 0;
+    int deepest = 0;
+    duringMessage = [&] {
+        deepest = std::max(deepest, ++open);
+        pump->timerThread_Timer();
+        --open;
+    };
+    pump->timerThread_Timer();
+    EXPECT_EQ(deepest, 30);
+    EXPECT_EQ(messages.size(), static_cast<size_t>(prompts)); // none was lost
 }
 
 TEST_F(PromptTest, unloadWhileAPromptIsOpen_sendsNoAnswer)

@@ -144,6 +144,22 @@ TEST_F(ClipboardTest, heldForAMomentWhileItIsPutBack_isWaitedFor)
     EXPECT_EQ(content(CF_UNICODETEXT), L"the user's text");
 }
 
+TEST_F(ClipboardTest, whatAnotherWindowCopiedMeanwhile_stays)
+{
+    fill(L"the user's text", L"the user's format");
+    const unique_window other{
+        CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr)};
+    {
+        const clipboard_keeper keeper(window.get());
+        fill(L"ours", L"another");
+        ASSERT_TRUE(OpenClipboard(other.get()));
+        EmptyClipboard();
+        put(CF_UNICODETEXT, L"copied meanwhile");
+        CloseClipboard();
+    }
+    EXPECT_EQ(content(CF_UNICODETEXT), L"copied meanwhile");
+}
+
 TEST_F(ClipboardTest, heldThroughout_isNotKeptAndNotChanged)
 {
     fill(L"the user's text", L"the user's format");

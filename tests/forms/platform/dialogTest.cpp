@@ -31,6 +31,17 @@ TEST_F(DialogTest, shownForm_blocksItsOwnerUntilItIsHidden)
     EXPECT_TRUE(isEnabled(owner.get()));
 }
 
+TEST_F(DialogTest, formThatIsShownAlready_isNotShownTwice)
+{
+    first.showAndRun([&] {
+        wasRun = true;
+        first.showModal();
+        EXPECT_TRUE(isEnabled(first.hwnd()));
+    });
+    EXPECT_TRUE(wasRun);
+    EXPECT_TRUE(isEnabled(owner.get()));
+}
+
 TEST_F(DialogTest, formShownOverAnother_blocksItAndFreesItWhenItCloses)
 {
     first.showAndRun([&] {

@@ -24,9 +24,9 @@ public:
     Desk& operator=(const Desk&) = delete;
     ~Desk();
 
-#define FAKE_EXPORT(name, parameters, arguments) int32_t name parameters;
+#define BACKEND_EXPORT(name, parameters, arguments) int32_t name parameters;
 #include "devkit/contract/exports.inc"
-#undef FAKE_EXPORT
+#undef BACKEND_EXPORT
 
     bool isWorking() const
     {

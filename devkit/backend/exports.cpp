@@ -28,13 +28,13 @@ int32_t served(std::wstring_view name, Body body) noexcept
 
 extern "C" {
 
-#define FAKE_EXPORT(name, parameters, arguments)                                                                       \
+#define BACKEND_EXPORT(name, parameters, arguments)                                                                       \
     __declspec(dllexport) int32_t __stdcall name parameters noexcept                                                   \
     {                                                                                                                  \
         return served(L"" #name, [&](Desk& desk) { return desk.name arguments; });                                     \
     }
 #include "devkit/contract/exports.inc"
-#undef FAKE_EXPORT
+#undef BACKEND_EXPORT
 
 // For tests: whether the library's own thread has work, and how many breaches there were since it was loaded.
 __declspec(dllexport) int32_t __stdcall RZStandinIsWorking() noexcept

@@ -13,7 +13,6 @@ public:
     explicit ClickSource(CommandBarControl* control);
     ~ClickSource() override;
     void raise();
-    size_t sinkCount() const { return m_sinks.size(); }
 
 protected:
     size_t memberCount() const override { return 0; }

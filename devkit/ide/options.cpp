@@ -1,5 +1,7 @@
 #include "devkit/ide/options.h"
 
+#include <cwchar>
+
 namespace velk::devkit {
 namespace {
 
@@ -48,7 +50,10 @@ void takeValue(Options& options, const std::wstring& name, const std::wstring& v
     if (name == L"--define")
         return define(options, value);
     if (name == L"--timeout") {
-        options.timeLimit = static_cast<unsigned>(std::stoul(value));
+        wchar_t* end = nullptr;
+        options.timeLimit = std::wcstoul(value.c_str(), &end, 10);
+        if (value.empty() || *end != L'\0')
+            throw ScriptFailure(L"--timeout wants a number of seconds");
         return;
     }
     for (const TextOption& row : textOptions)

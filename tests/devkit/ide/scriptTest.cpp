@@ -53,5 +53,11 @@ TEST(OptionsTest, unknownOption_isRefused)
     EXPECT_THROW(parseOptions({L"--script"}), ScriptFailure);
 }
 
+TEST(OptionsTest, timeLimitThatIsNoNumber_isRefused)
+{
+    EXPECT_THROW(parseOptions({L"--timeout", L"soon"}), ScriptFailure);
+    EXPECT_THROW(parseOptions({L"--timeout", L""}), ScriptFailure);
+}
+
 } // namespace
 } // namespace velk::devkit

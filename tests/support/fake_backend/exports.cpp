@@ -17,13 +17,13 @@ __declspec(dllexport) void __stdcall FakeBackendConnect(Hooks* hooks)
     connected = hooks;
 }
 
-#define FAKE_EXPORT(name, parameters, arguments)                                                                       \
+#define BACKEND_EXPORT(name, parameters, arguments)                                                                       \
     __declspec(dllexport) int32_t __stdcall name parameters                                                            \
     {                                                                                                                  \
         return connected && connected->name ? connected->name arguments : 0;                                           \
     }
 #include "devkit/contract/exports.inc"
-#undef FAKE_EXPORT
+#undef BACKEND_EXPORT
 
 } // extern "C"
 } // namespace velk::test

@@ -10,9 +10,9 @@ namespace wire = devkit::wire;
 
 // One function for each export of the fake library. An export without a function answers 0.
 struct Hooks {
-#define FAKE_EXPORT(name, parameters, arguments) std::function<int32_t parameters> name;
+#define BACKEND_EXPORT(name, parameters, arguments) std::function<int32_t parameters> name;
 #include "devkit/contract/exports.inc"
-#undef FAKE_EXPORT
+#undef BACKEND_EXPORT
 };
 
 } // namespace velk::test

@@ -28,7 +28,7 @@ int32_t served(std::wstring_view name, Body body) noexcept
 
 extern "C" {
 
-#define BACKEND_EXPORT(name, parameters, arguments)                                                                       \
+#define BACKEND_EXPORT(name, parameters, arguments)                                                                    \
     __declspec(dllexport) int32_t __stdcall name parameters noexcept                                                   \
     {                                                                                                                  \
         return served(L"" #name, [&](Desk& desk) { return desk.name arguments; });                                     \

@@ -17,7 +17,7 @@ __declspec(dllexport) void __stdcall FakeBackendConnect(Hooks* hooks)
     connected = hooks;
 }
 
-#define BACKEND_EXPORT(name, parameters, arguments)                                                                       \
+#define BACKEND_EXPORT(name, parameters, arguments)                                                                    \
     __declspec(dllexport) int32_t __stdcall name parameters                                                            \
     {                                                                                                                  \
         return connected && connected->name ? connected->name arguments : 0;                                           \

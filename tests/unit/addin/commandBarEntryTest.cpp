@@ -107,6 +107,25 @@ TEST_F(EntryFacesTest, viewsOfTheMenu_haveNoPicture)
     EXPECT_TRUE(isUsersTextBack());
 }
 
+TEST_F(EntryFacesTest, faceThatIsRefusedForAMoment_isTriedAgain)
+{
+    bars.refusedFaces = 4;
+    RZCommandBars own(ide.dte.get());
+    own.addTools();
+    EXPECT_EQ(bars.faces[L"#206"], picture(100));
+    EXPECT_EQ(bars.faces.size(), 6u);
+    EXPECT_TRUE(isUsersTextBack());
+}
+
+TEST_F(EntryFacesTest, faceThatIsRefusedForGood_endsItsGroupAndBringsTheUsersTextBack)
+{
+    bars.refusedFaces = 100;
+    RZCommandBars own(ide.dte.get());
+    EXPECT_THROW(own.addTools(), Error);
+    EXPECT_EQ(bars.menu.captions(), std::vector<std::wstring>{L"#206"});
+    EXPECT_TRUE(isUsersTextBack());
+}
+
 TEST_F(EntryFacesTest, buildingThatFailsAfterAFace_bringsTheUsersTextBackToo)
 {
     bars.buttons.refused = 2;

@@ -48,6 +48,7 @@ struct FakeBars {
     FakeControls menu;                                // in the add-in's menu
     FakeControls views;                               // in the popups of that menu
     std::map<std::wstring, std::vector<DWORD>> faces; // by caption
+    int refusedFaces = 0;                             // so many times pasting fails, as while others hold the clipboard
 
     FakeBars(FakeIde& ide, const std::wstring& menuCaption)
     {
@@ -72,6 +73,10 @@ struct FakeBars {
     void watchFace(FakeObject* control)
     {
         control->function(L"PasteFace", [this, control](const auto&) {
+            if (refusedFaces > 0) {
+                --refusedFaces;
+                throw Error(errorPermissionDenied);
+            }
             if (OpenClipboard(nullptr)) {
                 faces[control->read(L"Caption").asText()] = pixelsOf(static_cast<HBITMAP>(GetClipboardData(CF_BITMAP)));
                 CloseClipboard();

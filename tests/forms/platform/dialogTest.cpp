@@ -10,6 +10,12 @@ namespace {
 
 class DialogTest : public testing::Test {
 protected:
+    static RECT placeOf(HWND window)
+    {
+        RECT place{};
+        GetWindowRect(window, &place);
+        return place;
+    }
     static bool isEnabled(HWND window) { return IsWindowEnabled(window) != FALSE; }
 
     const unique_window owner{CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 400, 300,
@@ -29,6 +35,42 @@ TEST_F(DialogTest, shownForm_blocksItsOwnerUntilItIsHidden)
     });
     EXPECT_TRUE(wasRun);
     EXPECT_TRUE(isEnabled(owner.get()));
+}
+
+TEST_F(DialogTest, form_standsInTheMiddleOfItsOwner)
+{
+    SetWindowPos(owner.get(), nullptr, 200, 150, 400, 300, SWP_NOZORDER);
+    first.showAndRun([&] {
+        wasRun = true;
+        const RECT form = placeOf(first.hwnd());
+        EXPECT_NEAR((form.left + form.right) / 2, 400, 1);
+        EXPECT_NEAR((form.top + form.bottom) / 2, 300, 1);
+    });
+    EXPECT_TRUE(wasRun);
+}
+
+TEST_F(DialogTest, formOfAnOwnerOverTheEdge_staysOnTheScreen)
+{
+    MONITORINFO screen{};
+    screen.cbSize = sizeof screen;
+    GetMonitorInfoW(MonitorFromWindow(owner.get(), MONITOR_DEFAULTTONEAREST), &screen);
+    SetWindowPos(owner.get(), nullptr, screen.rcWork.right - 20, screen.rcWork.bottom - 20, 400, 300, SWP_NOZORDER);
+    first.showAndRun([&] {
+        wasRun = true;
+        const RECT form = placeOf(first.hwnd());
+        EXPECT_EQ(form.right, screen.rcWork.right);
+        EXPECT_EQ(form.bottom, screen.rcWork.bottom);
+    });
+    EXPECT_TRUE(wasRun);
+}
+
+TEST_F(DialogTest, formThatIsShown_hasTheFocusOnItsFirstControl)
+{
+    first.showAndRun([&] {
+        wasRun = true;
+        EXPECT_EQ(GetFocus(), GetNextDlgTabItem(first.hwnd(), nullptr, FALSE));
+    });
+    EXPECT_TRUE(wasRun);
 }
 
 TEST_F(DialogTest, formThatIsShownAlready_isNotShownTwice)

@@ -66,7 +66,7 @@ std::wstring failureOf(const std::function<void()>& work) noexcept
     } catch (const OdbcError& error) {
         return error.text;
     } catch (const std::exception&) {
-        return L"no memory"; // as short as a text without memory of its own can be
+        return L"there is not enough memory"; // for something large: a short text still fits
     }
 }
 

@@ -28,14 +28,14 @@ constexpr int32_t menusText = 644;
 constexpr int32_t toolWindowText = 645;
 constexpr int32_t builtText = 642;
 
+constexpr int32_t modeOpenProject = 2;
+
 // Takes a window out of the frame that it is docked in.
 void undock(const com_ptr<IDispatch>& window)
 {
     const com_ptr<IDispatch> frame = automation::getObject(window, L"LinkedWindowFrame");
     automation::call(automation::getObject(frame, L"LinkedWindows"), L"Remove", {variant(window)});
 }
-
-constexpr int32_t modeOpenProject = 2;
 
 } // namespace
 
@@ -64,8 +64,7 @@ HRESULT IMgrVI::openRZCommunication() noexcept
 std::wstring IMgrVI::solutionFullName()
 {
     const com_ptr<IDispatch> solution = automation::getObject(m_instance, L"Solution");
-    // Not every version of the IDE names the file of its solution; the project file then has its name for nameless
-    // ones.
+    // Not every version of the IDE names the file of its solution: it counts as one without a name then.
     const bool isNamed = solution && automation::hasMember(solution.get(), L"FullName");
     return isNamed ? automation::get(solution, L"FullName").asText() : std::wstring();
 }
@@ -180,16 +179,13 @@ void IMgrVI::removeToolWindow()
         swallow(L"IMgrVI.removeToolWindow", L"a closed document has nothing to give up",
                 [&] { automation::putRef(shown.document, L"IMgr", nullptr); });
     });
-    try {
-        automation::call(shown.window, L"Close");
-    } catch (const Error&) {
-        // A docked window refuses to be closed or hidden; undocked it goes, or at least out of sight.
-        swallow(L"IMgrVI.removeToolWindow", L"a window that cannot be undocked may still be hidden",
-                [&] { undock(shown.window); });
-        if (!swallow(L"IMgrVI.removeToolWindow", L"out of sight the window goes with the add-in",
-                     [&] { automation::call(shown.window, L"Close"); }))
-            automation::put(shown.window, L"Visible", variant(false));
-    }
+    const auto close = [&] { automation::call(shown.window, L"Close"); };
+    if (swallow(L"IMgrVI.removeToolWindow", L"a docked window refuses it and is undocked first", close))
+        return;
+    swallow(L"IMgrVI.removeToolWindow", L"a window that cannot be undocked may still be hidden",
+            [&] { undock(shown.window); });
+    if (!swallow(L"IMgrVI.removeToolWindow", L"out of sight the window goes with the add-in", close))
+        automation::put(shown.window, L"Visible", variant(false));
 }
 
 HRESULT IMgrVI::get_VIInstance(IDispatch** instance) noexcept

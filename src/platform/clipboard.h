@@ -11,9 +11,9 @@ namespace velk {
 void putBitmapOnClipboard(HWND owner, HBITMAP bitmap);
 
 // Keeps what stands on the clipboard and puts it back at its end, so that the user loses nothing; what another program
-// has put there meanwhile stays. Formats that only
-// their program can make (drawn by the owner, private handles) cannot be kept. Another program may hold the clipboard
-// for a moment: it is waited for up to a fifth of a second, then left as it is.
+// has put there meanwhile stays. Formats that only their program can make (drawn by the owner, private handles) cannot
+// be kept. Another program may hold the clipboard for a moment: it is waited for up to a fifth of a second, then left
+// as it is.
 class clipboard_keeper {
 public:
     explicit clipboard_keeper(HWND owner) noexcept;

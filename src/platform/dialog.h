@@ -48,8 +48,7 @@ public:
     void unload() noexcept;
     bool isLoaded() const noexcept { return m_hwnd != nullptr; }
     // Shows the form in the middle of its owner, on the screen, and waits until it is hidden or gone; the owner and the
-    // forms that are shown already take no input meanwhile. Nothing when it is shown already, or not
-    // loaded any more.
+    // forms that are shown already take no input meanwhile. Nothing when it is shown already, or not loaded any more.
     void showModal();
     void hide() noexcept;
     // The form that was shown last of those that are shown; null when none is.

@@ -1,7 +1,6 @@
 #include "platform/document_object.h"
 
 #include "platform/boundary.h"
-#include "platform/unique_any.h"
 
 namespace velk {
 
@@ -81,9 +80,7 @@ void DocumentObject::placeContent(const RECT& place) noexcept
 
 void DocumentObject::leaveSite() noexcept
 {
-    // A window that goes with the focus in it makes its parents ask for activation again.
-    const bool wasLeaving = std::exchange(m_isLeaving, true);
-    const scope_exit left([&] { m_isLeaving = wasLeaving; });
+    const auto left = leaving();
     UIDeactivate();
     const bool wasActive = std::exchange(m_isActive, false);
     if (m_content) {
@@ -98,8 +95,7 @@ void DocumentObject::leaveSite() noexcept
 
 void DocumentObject::dropContent() noexcept
 {
-    const bool wasLeaving = std::exchange(m_isLeaving, true);
-    const scope_exit left([&] { m_isLeaving = wasLeaving; });
+    const auto left = leaving();
     UIDeactivate();
     if (std::exchange(m_content, nullptr))
         destroyContent();
@@ -256,8 +252,7 @@ HRESULT DocumentObject::Show(BOOL show) noexcept
     return atBoundary(L"IOleDocumentView.Show", [&] {
         if (show)
             return activate(false);
-        const bool wasLeaving = std::exchange(m_isLeaving, true);
-        const scope_exit left([&] { m_isLeaving = wasLeaving; });
+        const auto left = leaving();
         UIDeactivate();
         if (m_content)
             ShowWindow(m_content, SW_HIDE);

@@ -134,6 +134,12 @@ protected:
 private:
     void activate(bool withUi);
     void enterSite();
+    // Until its end nothing activates the object: a window that goes with the focus in it makes its parents ask for
+    // that.
+    auto leaving() noexcept
+    {
+        return scope_exit([this, before = std::exchange(m_isLeaving, true)] { m_isLeaving = before; });
+    }
     bool activateAsDocument();
     void placeContent(const RECT& place) noexcept;
     void leaveSite() noexcept;
@@ -147,7 +153,7 @@ private:
     SIZEL m_extent{8000, 5000}; // himetric, until the host says otherwise
     bool m_isActive = false;
     bool m_isUiActive = false;
-    bool m_isLeaving = false; // nothing activates meanwhile
+    bool m_isLeaving = false;
 };
 
 } // namespace velk

@@ -69,7 +69,9 @@ TEST_F(HostingTest, documentAndControl_followTheHostsSize)
 TEST_F(HostingTest, zeroSize_isPassedOnUnchanged)
 {
     SetWindowPos(site, nullptr, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOZORDER);
-    EXPECT_EQ(sizeOf(FindWindowExW(content(), nullptr, L"velkviadd.svrViewCtl", nullptr)).cx, 0);
+    const SIZE control = sizeOf(FindWindowExW(content(), nullptr, L"velkviadd.svrViewCtl", nullptr));
+    EXPECT_EQ(control.cx, 0);
+    EXPECT_EQ(control.cy, 0);
     SetWindowPos(site, nullptr, 0, 0, 300, 100, SWP_NOMOVE | SWP_NOZORDER);
     EXPECT_EQ(sizeOf(content()).cx, 300);
 }

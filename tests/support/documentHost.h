@@ -3,6 +3,7 @@
 #include "platform/com_object.h"
 
 #include <docobj.h>
+#include <functional>
 #include <vector>
 
 namespace velk::test {
@@ -33,6 +34,7 @@ public:
     com_ptr<IOleDocumentView> view;
     std::vector<const char*> asked;
     bool failsToGiveItsWindow = false;
+    std::function<void()> duringUiDeactivate; // what the host, or the system, does then
 
     // IOleDocumentSite
     STDMETHODIMP ActivateMe(IOleDocumentView*) noexcept override
@@ -77,7 +79,13 @@ public:
         return S_OK;
     }
     STDMETHODIMP Scroll(SIZE) noexcept override { return E_NOTIMPL; }
-    STDMETHODIMP OnUIDeactivate(BOOL) noexcept override { return note("OnUIDeactivate"); }
+    STDMETHODIMP OnUIDeactivate(BOOL) noexcept override
+    {
+        note("OnUIDeactivate");
+        if (duringUiDeactivate)
+            duringUiDeactivate();
+        return S_OK;
+    }
     STDMETHODIMP OnInPlaceDeactivate() noexcept override { return note("OnInPlaceDeactivate"); }
     STDMETHODIMP DiscardUndoState() noexcept override { return E_NOTIMPL; }
     STDMETHODIMP DeactivateAndUndo() noexcept override { return E_NOTIMPL; }

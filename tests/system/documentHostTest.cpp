@@ -127,7 +127,9 @@ TEST_F(DocumentHostTest, siteWithoutAWindow_failsAndCanBeTriedAgain)
     document.reset();
     document = make<IUnknown>(CLSID_serverViewDoc);
     host->failsToGiveItsWindow = true;
+    host->asked.clear();
     EXPECT_NE(host->show(document.get()), S_OK);
+    EXPECT_STREQ(host->asked.back(), "OnInPlaceDeactivate"); // told that it came to nothing
     host->failsToGiveItsWindow = false;
     EXPECT_EQ(host->show(document.get()), S_OK);
     EXPECT_TRUE(isShown(content()));
@@ -157,24 +159,35 @@ TEST_F(DocumentHostTest, windowOfTheHostThatGoesWithoutAWord_isMadeAnew)
 }
 
 // A window that goes with the focus in it gives the focus to its parent, and that must not bring the object back.
-TEST_F(DocumentHostTest, contentThatGoesWithTheFocusInIt_leavesTheObjectInactive)
+TEST_F(DocumentHostTest, contentThatGetsTheFocusWhileItGoes_leavesTheObjectInactive)
 {
-    const HWND view = FindWindowExW(content(), nullptr, L"velkviadd.svrViewCtl", nullptr);
-    SetFocus(FindWindowExW(view, nullptr, L"SysTreeView32", nullptr));
+    host->duringUiDeactivate = [this] { SendMessageW(content(), WM_SETFOCUS, 0, 0); };
     host->asked.clear();
     const auto doc = document.tryAs<_serverViewDoc>(IID__serverViewDoc);
     EXPECT_EQ(doc->putref_IMgr(nullptr), S_OK);
     EXPECT_THAT(host->asked, ElementsAre(testing::StrEq("OnUIDeactivate")));
 }
 
-TEST_F(DocumentHostTest, viewHiddenWithTheFocusInIt_isHiddenAndInactive)
+// Some containers activate their object whenever their own window gets the focus back.
+TEST_F(DocumentHostTest, viewThatTheHostActivatesWhileItIsHidden_staysHidden)
 {
-    const HWND view = FindWindowExW(content(), nullptr, L"velkviadd.svrViewCtl", nullptr);
-    SetFocus(FindWindowExW(view, nullptr, L"SysTreeView32", nullptr));
-    host->asked.clear();
+    const auto object = document.tryAs<IOleObject>();
+    HRESULT asked = S_OK;
+    host->duringUiDeactivate = [&] {
+        asked = object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, nullptr, 0, nullptr, nullptr);
+    };
     EXPECT_EQ(host->view->Show(FALSE), S_OK);
+    EXPECT_EQ(asked, E_UNEXPECTED);
     EXPECT_FALSE(isShown(content()));
-    EXPECT_THAT(host->asked, ElementsAre(testing::StrEq("OnUIDeactivate")));
+}
+
+TEST_F(DocumentHostTest, viewThatTheHostActivatesWhileItCloses_staysClosed)
+{
+    const auto object = document.tryAs<IOleObject>();
+    host->duringUiDeactivate = [&] { object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, nullptr, 0, nullptr, nullptr); };
+    host->asked.clear();
+    host->view->CloseView(0);
+    EXPECT_THAT(host->asked, ElementsAre(testing::StrEq("OnUIDeactivate"), testing::StrEq("OnInPlaceDeactivate")));
 }
 
 TEST_F(DocumentHostTest, documentWithoutItsManager_isAnEmptyPane)

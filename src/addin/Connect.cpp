@@ -34,8 +34,35 @@ void setUiFont()
 
 } // namespace
 
+// A connection or a start that is on the stack. The host can disconnect the add-in inside any of its calls; what is
+// half built then can only be taken down when that call has come back, so the end waits for this one's.
+class Connect::UnderWay {
+public:
+    explicit UnderWay(Connect& connect) : m_connect(connect), m_untilDone(connect.identity()) { ++connect.m_underWay; }
+    UnderWay(const UnderWay&) = delete;
+    UnderWay& operator=(const UnderWay&) = delete;
+    ~UnderWay()
+    {
+        if (--m_connect.m_underWay == 0 && m_connect.m_session.state() == SessionState::ending)
+            m_connect.takeDown();
+    }
+
+private:
+    Connect& m_connect;
+    const com_ptr<IUnknown> m_untilDone;
+};
+
+Connect::~Connect()
+{
+    AddinInstance_OnDisconnection();
+}
+
 HRESULT Connect::OnConnection(IDispatch* Application, ext_ConnectMode, IDispatch* AddInInst, SAFEARRAY**) noexcept
 {
+    if (m_session.state() == SessionState::ending)
+        return E_UNEXPECTED; // its own end is still on the stack
+    if (m_manager || m_underWay != 0)
+        return S_OK; // connected already: some hosts say so twice
     beginTrace();
     // An add-in that fails here would be thrown out; with a part of it built it can at least be unloaded cleanly.
     swallow(L"Connect.OnConnection", L"the add-in stays loaded with what was set up",
@@ -45,6 +72,7 @@ HRESULT Connect::OnConnection(IDispatch* Application, ext_ConnectMode, IDispatch
 
 HRESULT Connect::OnDisconnection(ext_DisconnectMode, SAFEARRAY**) noexcept
 {
+    const com_ptr<IUnknown> untilDone(identity());
     AddinInstance_OnDisconnection();
     return S_OK;
 }
@@ -56,6 +84,13 @@ HRESULT Connect::OnAddInsUpdate(SAFEARRAY**) noexcept
 
 HRESULT Connect::OnStartupComplete(SAFEARRAY**) noexcept
 {
+    // The bar of the entry may not be there yet when the IDE connects its add-ins at its start.
+    if (!m_manager || m_menuEntry || m_underWay != 0 || m_session.isOver())
+        return S_OK;
+    swallow(L"Connect.OnStartupComplete", L"the add-in stays loaded without its entry", [this] {
+        const UnderWay underWay(*this);
+        buildEntry();
+    });
     return S_OK;
 }
 
@@ -66,18 +101,32 @@ HRESULT Connect::OnBeginShutdown(SAFEARRAY**) noexcept
 
 void Connect::AddinInstance_OnConnection(IDispatch* application, IDispatch* addinInstance)
 {
+    m_session = Session();
+    const UnderWay underWay(*this);
     m_ide = application;
     m_addin = addinInstance;
     setUiFont();
+    m_session.throwIfOver();
     m_manager = makeObject<IMgrVI>();
+    m_manager->workIn(m_session);
     swallow(L"Connect.OnConnection", L"setupIM keeps what it could set up",
-            [&] { throwIfFailed(m_manager->setupIM(application, addinInstance)); });
-    m_menuEntry = addEntry(getRZString(entryCaptionText));
+            [&] { m_manager->setUp(application, addinInstance); });
+    m_session.throwIfOver();
+    buildEntry();
+}
+
+void Connect::buildEntry()
+{
+    const std::wstring caption = getRZString(entryCaptionText);
+    m_session.throwIfOver();
+    m_menuEntry = addEntry(caption);
+    m_session.throwIfOver();
     if (!m_menuEntry)
         return; // an IDE without that bar: nothing to click
     const com_ptr<IDispatch> events = automation::getObject(m_ide, L"Events");
-    MenuHandler.connect(automation::getObject(events, L"CommandBarEvents", {variant(m_menuEntry)}), clickEvent,
-                        [this](const DISPPARAMS&) { MenuHandler_Click(); });
+    const com_ptr<IDispatch> source = automation::getObject(events, L"CommandBarEvents", {variant(m_menuEntry)});
+    m_session.throwIfOver();
+    MenuHandler.connect(source, clickEvent, [this](const DISPPARAMS&) { MenuHandler_Click(); });
 }
 
 HRESULT Connect::AddToAddInCommandBar(BSTR* sCaption, CommandBarControl* control) noexcept
@@ -98,19 +147,36 @@ com_ptr<IDispatch> Connect::addEntry(std::wstring_view caption)
         const com_ptr<IDispatch> bar = automation::getObject(bars, L"Item", {variant(entryBarIndex)});
         if (!bar)
             return;
-        entry =
-            automation::call(automation::getObject(bar, L"Controls"), L"Add", {variant(controlTypeButton)}).asObject();
-        automation::put(entry, L"Caption", variant(caption));
-        automation::put(entry, L"OnAction", variant(entryAction));
-        EntryFaces().paste(entry, entryFace);
+        const com_ptr<IDispatch> controls = automation::getObject(bar, L"Controls");
+        m_session.throwIfOver();
+        entry = automation::call(controls, L"Add", {variant(controlTypeButton)}).asObject();
+        fillEntry(entry, caption);
     });
     return entry;
 }
 
+void Connect::fillEntry(const com_ptr<IDispatch>& entry, std::wstring_view caption)
+{
+    m_session.throwIfOver();
+    automation::put(entry, L"Caption", variant(caption));
+    m_session.throwIfOver();
+    automation::put(entry, L"OnAction", variant(entryAction));
+    m_session.throwIfOver();
+    EntryFaces().paste(entry, entryFace);
+}
+
 void Connect::MenuHandler_Click()
 {
+    if (m_session.state() != SessionState::loaded || !m_manager)
+        return; // started, or about to be, or at the end
     const com_ptr<IUnknown> untilDone(identity());
-    start();
+    std::optional<std::wstring> told;
+    {
+        const UnderWay underWay(*this);
+        told = start();
+    }
+    if (told && !m_session.isOver())
+        showMessage(*told);
 }
 
 bool Connect::mayStart()
@@ -123,26 +189,53 @@ bool Connect::mayStart()
     return automation::get(automation::getObject(m_ide, L"Solution"), L"Count").asLong() != 0;
 }
 
-void Connect::start()
+void Connect::endStart(SessionState state) noexcept
 {
-    if (m_started || !m_manager)
-        return;
-    if (!mayStart()) {
-        showMessage(getRZString(noProjectText));
-        return;
-    }
-    if (const auto failure = attempt([this] { m_manager->open(); })) {
-        reportFailure(L"Connect.start", L"the entry stays enabled for another try", *failure);
-        showMessage(startFailureText(*failure));
-        return;
+    if (!m_session.isOver())
+        m_session.enter(state);
+}
+
+// What the user has to be told: why nothing was started. Nothing where the integration runs, or has ended meanwhile.
+std::optional<std::wstring> Connect::start()
+{
+    m_session.enter(SessionState::starting);
+    bool isAllowed = false;
+    const auto failure = attempt([&] {
+        isAllowed = mayStart();
+        m_session.throwIfOver();
+        if (isAllowed)
+            m_manager->open();
+    });
+    if (m_session.isOver())
+        return std::nullopt;
+    if (failure || !isAllowed) {
+        if (failure)
+            reportFailure(L"Connect.start", L"the entry stays enabled for another try", *failure);
+        const std::wstring told = failure ? startFailureText(*failure) : getRZString(noProjectText);
+        endStart(SessionState::loaded);
+        return told;
     }
     swallow(L"Connect.start", L"the session runs with the windows that could be built",
-            [this] { throwIfFailed(m_manager->createRZUI()); });
-    m_started = true;
-    automation::put(m_menuEntry, L"Enabled", variant(false));
+            [this] { m_manager->buildUserInterface(); });
+    endStart(SessionState::running);
+    if (!m_session.isOver())
+        automation::put(m_menuEntry, L"Enabled", variant(false));
+    return std::nullopt;
 }
 
 void Connect::AddinInstance_OnDisconnection() noexcept
+{
+    if (m_session.isOver())
+        return; // it is under way, or was
+    const bool wasConnected = m_manager || m_ide || m_underWay != 0;
+    m_session.enter(wasConnected ? SessionState::ending : SessionState::ended);
+    if (!wasConnected)
+        return;
+    if (m_underWay == 0)
+        takeDown();
+}
+
+void Connect::takeDown() noexcept
 {
     constexpr wchar_t where[] = L"Connect.OnDisconnection";
     constexpr wchar_t why[] = L"every step of the tear-down is attempted";
@@ -150,15 +243,17 @@ void Connect::AddinInstance_OnDisconnection() noexcept
         if (m_menuEntry)
             automation::call(m_menuEntry, L"Delete");
     });
-    if (std::exchange(m_started, false)) {
-        swallow(where, why, [this] { throwIfFailed(m_manager->closeRZCommunication()); });
-        swallow(where, why, [this] { throwIfFailed(m_manager->deleteRZUI()); });
+    if (m_manager) {
+        // Both do nothing where nothing was started.
+        swallow(where, why, [this] { m_manager->close(); });
+        swallow(where, why, [this] { m_manager->removeUserInterface(); });
     }
     m_menuEntry.reset();
     m_manager.reset();
     MenuHandler.disconnect();
     m_addin.reset();
     m_ide.reset();
+    m_session.enter(SessionState::ended);
     endTrace();
 }
 

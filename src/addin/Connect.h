@@ -3,6 +3,10 @@
 #include "addin/IMgrVI.h"
 #include "platform/com_object.h"
 #include "platform/event_sink.h"
+#include "platform/session.h"
+
+#include <optional>
+#include <string>
 
 #include <typelib/extensibility.h>
 #include <typelib/velkviadd.h>
@@ -19,6 +23,7 @@ struct described_in<_IDTExtensibility2> {
 // disconnection it takes everything down again, whatever of it was ever built.
 class Connect : public ComObject<Connect, dual<_Connect>, dual<_IDTExtensibility2>> {
 public:
+    ~Connect() override; // a host that lets go without a word gets the same end
     // _Connect
     STDMETHODIMP AddToAddInCommandBar(BSTR* sCaption, CommandBarControl* control) noexcept override;
     // _IDTExtensibility2
@@ -30,19 +35,26 @@ public:
     STDMETHODIMP OnBeginShutdown(SAFEARRAY** custom) noexcept override;
 
 private:
+    class UnderWay;
+
     void AddinInstance_OnConnection(IDispatch* application, IDispatch* addinInstance);
     void AddinInstance_OnDisconnection() noexcept;
+    void takeDown() noexcept;
+    void buildEntry();
     void MenuHandler_Click();
-    void start();
+    std::optional<std::wstring> start();
     bool mayStart();
+    void endStart(SessionState state) noexcept;
     com_ptr<IDispatch> addEntry(std::wstring_view caption);
+    void fillEntry(const com_ptr<IDispatch>& entry, std::wstring_view caption);
 
+    Session m_session;
+    int m_underWay = 0; // connections and starts that are on the stack
     com_ptr<IDispatch> m_ide;
     com_ptr<IDispatch> m_addin;
     com_ptr<IMgrVI> m_manager;
     com_ptr<IDispatch> m_menuEntry;
     event_connection MenuHandler;
-    bool m_started = false;
 };
 
 } // namespace velk

@@ -37,6 +37,39 @@ void undock(const com_ptr<IDispatch>& window)
     automation::call(automation::getObject(frame, L"LinkedWindows"), L"Remove", {variant(window)});
 }
 
+// One try of CreateToolWindow; the document comes back in a reference of the one or the other type.
+com_ptr<IDispatch> createWith(const com_ptr<IDispatch>& windows, const com_ptr<IDispatch>& addin,
+                              const std::wstring& caption, const variant& document)
+{
+    return automation::call(windows, L"CreateToolWindow",
+                            {variant(addin), variant(documentProgId), variant(std::wstring_view(caption)),
+                             variant(toolWindowGuid), document})
+        .asObject();
+}
+
+// The tool window and its document. Hosts that declare the document as a plain variable take no reference to an object,
+// others take one and leave it empty: then the other form is tried, and at last the window is asked for what it hosts.
+ServerViewWindow createToolWindow(const com_ptr<IDispatch>& windows, const com_ptr<IDispatch>& addin,
+                                  const std::wstring& caption)
+{
+    ServerViewWindow made;
+    const auto failure =
+        attempt([&] { made.window = createWith(windows, addin, caption, variant::refTo(made.document.put())); });
+    if (failure && failure->number() != errorTypeMismatch)
+        throw *failure;
+    if (made.document)
+        return made;
+    if (made.window)
+        swallow(L"IMgrVI.makeToolWindow", L"the second form may find the same window",
+                [&] { automation::call(made.window, L"Close"); });
+    variant received;
+    made.window = createWith(windows, addin, caption, variant::refTo(received.put()));
+    made.document = received.asObject();
+    if (!made.document && automation::hasMember(made.window.get(), L"Object"))
+        made.document = automation::getObject(made.window, L"Object");
+    return made;
+}
+
 } // namespace
 
 HRESULT IMgrVI::setupIM(IDispatch* myApp, IDispatch* myaddin) noexcept
@@ -58,7 +91,25 @@ void IMgrVI::setUp(IDispatch* app, IDispatch* addin)
 
 HRESULT IMgrVI::openRZCommunication() noexcept
 {
-    return atBoundary(L"IMgrVI.openRZCommunication", [this] { open(); });
+    return atBoundary(L"IMgrVI.openRZCommunication", [this] {
+        const com_ptr<IUnknown> untilDone(identity());
+        if (m_session.state() == SessionState::ended) {
+            removeToolWindow(); // its view belongs to what has ended
+            m_session = Session();
+        }
+        if (m_session.state() != SessionState::loaded)
+            return; // open already, or about to be
+        m_session.enter(SessionState::starting);
+        const auto failure = attempt([this] { open(); });
+        if (m_session.isOver()) {
+            close(); // asked for while the opening was on the stack
+            m_session.enter(SessionState::ended);
+        } else {
+            m_session.enter(failure ? SessionState::loaded : SessionState::running);
+        }
+        if (failure)
+            throw *failure;
+    });
 }
 
 std::wstring IMgrVI::solutionFullName()
@@ -71,61 +122,119 @@ std::wstring IMgrVI::solutionFullName()
 
 void IMgrVI::open()
 {
-    const auto failure = attempt([this] {
-        ensureToolWindow();
-        m_rzFileName = defaultRZFileName(solutionFullName(), module::folder());
-        // A Backend without its notifications would leave the pump failing ten times a second, so it is refused here.
-        backendAddress(BackendFunction::RZGetNotification);
-        backendAddress(BackendFunction::RZTerminate);
-        std::wstring file = m_rzFileName;
-        std::wstring empty;
-        RZInitialize(m_ideType, file, empty);
-        m_isOpen = true;
-        m_pump = notificationThreadFrm::load();
-        m_pump->setIMMgr(IntegrationMgr(com_ptr<_IntegrationMgr>(this)));
-    });
+    const bool hadWindow = static_cast<bool>(serverViewWindow().window);
+    m_hasWindows = true;
+    const auto failure = attempt([this] { openSession(); });
     if (!failure)
         return;
-    swallow(L"IMgrVI.open", L"the failed start is what counts", [this] { closeRZCommunication(); });
-    swallow(L"IMgrVI.open", L"the failed start is what counts", [this] { removeToolWindow(); });
-    // The file can be replaced by a right one only while nobody holds it; the next click loads it again.
-    unloadBackend();
+    if (!m_session.isOver())
+        undoOpen(*failure, !hadWindow);
     throw *failure;
+}
+
+void IMgrVI::openSession()
+{
+    ensureToolWindow();
+    m_session.throwIfOver();
+    m_rzFileName = defaultRZFileName(solutionFullName(), module::folder());
+    m_session.throwIfOver();
+    // A Backend without its notifications would leave the pump failing ten times a second, so it is refused here.
+    backendAddress(BackendFunction::RZGetNotification);
+    backendAddress(BackendFunction::RZTerminate);
+    std::wstring file = m_rzFileName;
+    std::wstring empty;
+    RZInitialize(m_ideType, file, empty);
+    m_isOpen = true;
+    m_session.throwIfOver();
+    m_pump = notificationThreadFrm::load();
+    m_pump->setIMMgr(IntegrationMgr(com_ptr<_IntegrationMgr>(this), m_session));
+}
+
+void IMgrVI::undoOpen(const Error& failure, bool madeWindow) noexcept
+{
+    swallow(L"IMgrVI.open", L"the failed start is what counts", [this] { close(); });
+    if (madeWindow)
+        swallow(L"IMgrVI.open", L"the failed start is what counts", [this] { removeToolWindow(); });
+    // The file can be replaced by a right one only while nobody holds it; the next click loads it again. What failed
+    // elsewhere leaves the library alone: it may have threads and windows by now, and others may work with it.
+    if (isBackendLibraryFailure(failure))
+        unloadBackend();
 }
 
 HRESULT IMgrVI::closeRZCommunication() noexcept
 {
     return atBoundary(L"IMgrVI.closeRZCommunication", [this] {
-        // The pump goes first: after RZTerminate nothing may be asked of the Backend.
-        if (const auto pump = std::exchange(m_pump, nullptr))
-            pump->unload();
-        if (std::exchange(m_isOpen, false))
-            RZTerminate();
+        const com_ptr<IUnknown> untilDone(identity());
+        const bool isStarting = m_session.state() == SessionState::starting;
+        if (m_session.state() == SessionState::loaded || m_session.isOver())
+            return;
+        m_session.enter(SessionState::ending);
+        if (isStarting)
+            return; // whoever starts it sees it when the call that is on the stack comes back
+        const scope_exit ended([this] { m_session.enter(SessionState::ended); });
+        close();
     });
+}
+
+void IMgrVI::close()
+{
+    // The pump goes first: after RZTerminate nothing may be asked of the Backend.
+    if (const auto pump = std::exchange(m_pump, nullptr))
+        pump->unload();
+    if (std::exchange(m_isOpen, false))
+        RZTerminate();
 }
 
 HRESULT IMgrVI::createRZUI() noexcept
 {
-    return atBoundary(L"IMgrVI.createRZUI", [this] { buildUserInterface(); });
+    return atBoundary(L"IMgrVI.createRZUI", [this] {
+        const com_ptr<IUnknown> untilDone(identity());
+        buildUserInterface();
+    });
 }
 
 void IMgrVI::buildUserInterface()
 {
-    splashScreen().setProgressBarInterval(splashSteps);
     constexpr wchar_t why[] = L"the IDE keeps the entries that could be made";
-    m_bars = std::make_unique<RZCommandBars>(m_instance);
-    splashScreen().updateProgress(getRZString(barsText));
-    swallow(L"IMgrVI.createRZUI", why, [this] { m_bars->addToolbar(); });
-    splashScreen().updateProgress(getRZString(menusText));
-    for (const auto add : {&RZCommandBars::addViews, &RZCommandBars::addTools, &RZCommandBars::addHelp})
-        swallow(L"IMgrVI.createRZUI", why, [&] { (*m_bars.*add)(); });
-    splashScreen().updateProgress(getRZString(toolWindowText));
+    m_hasWindows = true;
+    splashScreen().setProgressBarInterval(splashSteps);
+    m_bars = std::make_unique<RZCommandBars>(m_instance, m_session);
+    const auto build = [&](void (RZCommandBars::*group)()) {
+        swallow(L"IMgrVI.createRZUI", why, [&] { (*m_bars.*group)(); });
+        m_session.throwIfOver();
+    };
+    announce(barsText);
+    build(&RZCommandBars::addToolbar);
+    announce(menusText);
+    for (const auto group : {&RZCommandBars::addViews, &RZCommandBars::addTools, &RZCommandBars::addHelp})
+        build(group);
+    announce(toolWindowText);
     ensureToolWindow();
-    splashScreen().updateProgress(getRZString(builtText));
+    m_session.throwIfOver();
+    announce(builtText);
+}
+
+void IMgrVI::announce(int32_t text)
+{
+    const std::wstring said = getRZString(text);
+    m_session.throwIfOver();
+    // The tool may have shown its project while the IDE was at work on our entries: nobody would take a second one
+    // away.
+    if (isSplashScreenLoaded())
+        splashScreen().updateProgress(said);
 }
 
 HRESULT IMgrVI::deleteRZUI() noexcept
 {
+    const com_ptr<IUnknown> untilDone(identity());
+    removeUserInterface();
+    return S_OK;
+}
+
+void IMgrVI::removeUserInterface() noexcept
+{
+    if (!std::exchange(m_hasWindows, false))
+        return; // what there is belongs to another manager
     Dialog::hideAll();
     connectionDialog().terminate();
     closeSourceSafe();
@@ -133,48 +242,39 @@ HRESULT IMgrVI::deleteRZUI() noexcept
     swallow(L"IMgrVI.deleteRZUI", L"tear-down goes on with the next step", [this] { removeToolWindow(); });
     m_bars.reset();
     setMainWindow(nullptr);
-    return S_OK;
 }
 
 com_ptr<IDispatch> IMgrVI::ensureToolWindow()
 {
-    if (!serverViewWindow().document)
+    if (!serverViewWindow().document && !m_isMakingWindow)
         makeToolWindow();
     return serverViewWindow().window;
 }
 
 void IMgrVI::makeToolWindow()
 {
+    m_isMakingWindow = true;
+    const scope_exit made([this] { m_isMakingWindow = false; });
     const com_ptr<IDispatch> windows = automation::getObject(m_instance, L"Windows");
     const std::wstring caption = getRZString(toolWindowCaption);
-    const auto create = [&](const variant& document) {
-        return automation::call(windows, L"CreateToolWindow",
-                                {variant(m_addin), variant(documentProgId), variant(std::wstring_view(caption)),
-                                 variant(toolWindowGuid), document})
-            .asObject();
-    };
-    com_ptr<IDispatch> document;
-    com_ptr<IDispatch> window;
-    try {
-        window = create(variant::refTo(document.put()));
-    } catch (const Error& error) {
-        // Hosts that declare the document as a plain variable take no reference to an object.
-        if (error.number() != errorTypeMismatch)
-            throw;
-        variant received;
-        window = create(variant::refTo(received.put()));
-        document = received.asObject();
-    }
-    serverViewWindow() = {window, document};
+    m_session.throwIfOver();
+    serverViewWindow() = createToolWindow(windows, m_addin, caption);
+    serverViewWindow().session = m_session;
+    // An end that was carried out inside the call could not know of the window yet.
+    if (m_session.state() == SessionState::ended)
+        removeToolWindow();
+    m_session.throwIfOver();
+    const com_ptr<IDispatch> document = serverViewWindow().document;
     automation::putRef(document, L"IMgr", com_ptr<_IntegrationMgr>(this).tryAs<IDispatch>(IID__IntegrationMgr));
+    m_session.throwIfOver();
     automation::call(document, L"setupGUI");
 }
 
 void IMgrVI::removeToolWindow()
 {
+    if (!serverViewWindow().window || !(serverViewWindow().session == m_session))
+        return; // none, or that of another manager's session
     const ServerViewWindow shown = std::exchange(serverViewWindow(), {});
-    if (!shown.window)
-        return;
     const scope_exit over([&] {
         swallow(L"IMgrVI.removeToolWindow", L"a closed document has nothing to give up",
                 [&] { automation::putRef(shown.document, L"IMgr", nullptr); });

@@ -6,6 +6,7 @@
 #include "model/ModelUtilVI.h"
 #include "notify/notificationThreadFrm.h"
 #include "platform/com_object.h"
+#include "platform/session.h"
 
 #include <memory>
 #include <string>
@@ -38,17 +39,25 @@ public:
     STDMETHODIMP minimizeVSAppWin() noexcept override;
     STDMETHODIMP restoreVSAppWinState() noexcept override;
 
-    // The same for Connect, which must tell the user why a start failed: throws instead. A communication that fails
-    // to open leaves no session and no window.
+    // The same in C++, for Connect, which drives the start and the end and tells the user why a start failed: they
+    // throw. The session is the one that everything belongs to; a manager that stands alone has one of its own. Where
+    // it ends inside a call, the verb stops with Error 5 and leaves what there is to close and removeUserInterface.
+    void workIn(Session session) { m_session = std::move(session); }
+    void setUp(IDispatch* app, IDispatch* addin);
+    // A communication that fails to open leaves nothing that was not there before.
     void open();
+    void close();
+    void buildUserInterface();
+    void removeUserInterface() noexcept;
 
 private:
-    void setUp(IDispatch* app, IDispatch* addin);
+    void openSession();
+    void undoOpen(const Error& failure, bool madeWindow) noexcept;
     std::wstring solutionFullName();
     com_ptr<IDispatch> ensureToolWindow();
     void makeToolWindow();
     void removeToolWindow();
-    void buildUserInterface();
+    void announce(int32_t text);
 
     com_ptr<IDispatch> m_instance;
     com_ptr<IDispatch> m_addin;
@@ -58,7 +67,10 @@ private:
     std::unique_ptr<RZCommandBars> m_bars;
     std::wstring m_rzFileName;
     int32_t m_ideType = 0;
-    bool m_isOpen = false;
+    Session m_session;
+    bool m_isOpen = false;         // the tool has a session of ours
+    bool m_hasWindows = false;     // there is something of ours on the screen, or was about to be
+    bool m_isMakingWindow = false; // the IDE is making the tool window
 };
 
 } // namespace velk

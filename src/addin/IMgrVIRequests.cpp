@@ -21,7 +21,10 @@ HRESULT passOn(const com_ptr<ModelUtilVI>& model, const wchar_t* where, auto&& r
 HRESULT IMgrVI::showDevView() noexcept
 {
     return atBoundary(L"IMgrVI.showDevView", [this] {
-        automation::put(ensureToolWindow(), L"Visible", variant(true));
+        const com_ptr<IDispatch> window = ensureToolWindow();
+        m_session.throwIfOver();
+        automation::put(window, L"Visible", variant(true));
+        m_session.throwIfOver();
         if (m_bars)
             m_bars->showViews();
     });

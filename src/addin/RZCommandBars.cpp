@@ -77,22 +77,33 @@ com_ptr<IDispatch> addToMenu(const com_ptr<IDispatch>& menu, int32_t type)
 void RZCommandBars::addButton(const com_ptr<IDispatch>& control, const EntryRow& row, EntryFaces& faces)
 {
     Entry& entry = m_entries.emplace_back(Entry{control, std::make_unique<event_connection>()});
-    dressEntry(control, row.caption, faces, row.face, row.action);
+    m_session.throwIfOver();
+    dressEntry(m_session, control, row.caption, faces, row.face, row.action);
+    m_session.throwIfOver();
     const com_ptr<IDispatch> events = automation::getObject(m_ide, L"Events");
+    const com_ptr<IDispatch> source = automation::getObject(events, L"CommandBarEvents", {variant(control)});
+    m_session.throwIfOver();
     // What the handler does may take the entry away: it works on copies.
-    entry.clicks->connect(automation::getObject(events, L"CommandBarEvents", {variant(control)}), clickEvent,
-                          [control](const auto&) { launchAction(automation::get(control, L"OnAction").asText()); });
+    entry.clicks->connect(source, clickEvent, [control, session = m_session](const auto&) {
+        if (session.isOver())
+            return;
+        const std::wstring action = automation::get(control, L"OnAction").asText();
+        if (!session.isOver())
+            launchAction(action);
+    });
+    m_session.throwIfOver();
 }
 
 void RZCommandBars::addToolbar()
 {
     const com_ptr<IDispatch> bars = automation::getObject(m_ide, L"CommandBars");
     const std::wstring name = getRZString(toolbarNameText);
+    m_session.throwIfOver();
     // One that a crash left behind is used again; its buttons would do nothing any more.
     swallow(L"RZCommandBars.addToolbar", L"there is usually no such toolbar yet", [&] {
         m_toolbar = automation::getObject(bars, L"Item", {variant(std::wstring_view(name))});
         const com_ptr<IDispatch> stale = controlsOf(m_toolbar);
-        for (int32_t left = automation::get(stale, L"Count").asLong(); left > 0; --left)
+        for (int32_t left = automation::get(stale, L"Count").asLong(); left > 0 && !m_session.isOver(); --left)
             automation::call(automation::getObject(stale, L"Item", {variant(left)}), L"Delete");
     });
     if (!m_toolbar)
@@ -100,8 +111,11 @@ void RZCommandBars::addToolbar()
             automation::call(bars, L"Add",
                              {variant(std::wstring_view(name)), variant(positionTop), variant(false), variant(true)})
                 .asObject();
+    m_session.throwIfOver();
     // The buttons that could be made are shown although one of them fails.
     const scope_exit shown([this] {
+        if (m_session.isOver())
+            return;
         swallow(L"RZCommandBars.addToolbar", L"the menus have the same entries",
                 [this] { automation::put(m_toolbar, L"Visible", variant(true)); });
     });
@@ -120,13 +134,16 @@ com_ptr<IDispatch> RZCommandBars::menuNamed(const std::wstring& caption)
     const com_ptr<IDispatch> controls = controlsOf(menuBar);
     const int32_t count = automation::get(controls, L"Count").asLong();
     for (int32_t number = 1; number <= count; ++number) {
+        m_session.throwIfOver();
         const com_ptr<IDispatch> menu = automation::getObject(controls, L"Item", {variant(number)});
         const std::wstring found = automation::get(menu, L"Caption").asText();
         if (_wcsicmp(plainCaption(found).c_str(), plainCaption(caption).c_str()) == 0)
             return menu;
     }
+    m_session.throwIfOver();
     const com_ptr<IDispatch> added = addToMenu(menuBar, controlTypePopup);
     m_entries.push_back({added, nullptr});
+    m_session.throwIfOver();
     automation::put(added, L"Caption", variant(std::wstring_view(caption)));
     return added;
 }
@@ -134,10 +151,12 @@ com_ptr<IDispatch> RZCommandBars::menuNamed(const std::wstring& caption)
 void RZCommandBars::addViews()
 {
     const com_ptr<IDispatch> viewsMenu = menuNamed(getRZString(menuNameText));
+    m_session.throwIfOver();
     const com_ptr<IDispatch> views = addToMenu(viewsMenu, controlTypePopup);
     m_entries.push_back({views, nullptr});
     m_views.push_back(views);
     const std::wstring caption = getRZString(viewsPopupText);
+    m_session.throwIfOver();
     automation::put(views, L"Caption", variant(std::wstring_view(caption)));
     automation::put(views, L"BeginGroup", variant(true));
     EntryFaces faces;
@@ -172,10 +191,13 @@ void RZCommandBars::addHelp()
 
 void RZCommandBars::showViews()
 {
-    for (const com_ptr<IDispatch>& view : m_views) {
-        automation::put(view, L"Enabled", variant(true));
-        automation::put(view, L"Visible", variant(true));
-    }
+    const Session session = m_session;
+    const std::vector<com_ptr<IDispatch>> views = m_views; // the IDE may end the session, and this with it
+    for (const com_ptr<IDispatch>& view : views)
+        for (const wchar_t* state : {L"Enabled", L"Visible"}) {
+            session.throwIfOver();
+            automation::put(view, state, variant(true));
+        }
 }
 
 void RZCommandBars::remove() noexcept

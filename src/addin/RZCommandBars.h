@@ -2,6 +2,7 @@
 
 #include "platform/com_ptr.h"
 #include "platform/event_sink.h"
+#include "platform/session.h"
 
 #include <memory>
 #include <span>
@@ -17,7 +18,8 @@ struct EntryRow; // an entry of the add-in's tables
 // building step throws; what it made until then stays and is removed with the rest.
 class RZCommandBars {
 public:
-    explicit RZCommandBars(com_ptr<IDispatch> ide) : m_ide(std::move(ide)) {}
+    // The session's end inside one of the IDE's calls stops the building step with Error 5.
+    RZCommandBars(com_ptr<IDispatch> ide, Session session = {}) : m_ide(std::move(ide)), m_session(std::move(session)) {}
     RZCommandBars(const RZCommandBars&) = delete;
     RZCommandBars& operator=(const RZCommandBars&) = delete;
     ~RZCommandBars() { remove(); }
@@ -41,6 +43,7 @@ private:
     com_ptr<IDispatch> menuNamed(const std::wstring& caption);
 
     com_ptr<IDispatch> m_ide;
+    Session m_session;
     com_ptr<IDispatch> m_toolbar;
     std::vector<Entry> m_entries;
     std::vector<com_ptr<IDispatch>> m_views;

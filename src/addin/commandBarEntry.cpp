@@ -30,13 +30,16 @@ void EntryFaces::paste(const com_ptr<IDispatch>& control, int face)
     }
 }
 
-void dressEntry(const com_ptr<IDispatch>& control, int32_t captionText, EntryFaces& faces, int face,
-                std::wstring_view action)
+void dressEntry(const Session& session, const com_ptr<IDispatch>& control, int32_t captionText, EntryFaces& faces,
+                int face, std::wstring_view action)
 {
     const std::wstring caption = getRZString(captionText);
+    session.throwIfOver();
     automation::put(control, L"Caption", variant(std::wstring_view(caption)));
+    session.throwIfOver();
     if (face != noFace)
         faces.paste(control, face);
+    session.throwIfOver();
     automation::put(control, L"OnAction", variant(action));
 }
 

@@ -3,6 +3,7 @@
 #include "platform/clipboard.h"
 #include "platform/com_ptr.h"
 #include "platform/event_sink.h"
+#include "platform/session.h"
 #include "platform/win32.h"
 
 #include <cstdint>
@@ -27,8 +28,9 @@ private:
     std::optional<clipboard_keeper> m_usersOwn; // from the first face on
 };
 
-// Gives a control its caption from the tool, its face (noFace: none), and its action text.
-void dressEntry(const com_ptr<IDispatch>& control, int32_t captionText, EntryFaces& faces, int face,
-                std::wstring_view action);
+// Gives a control its caption from the tool, its face (noFace: none), and its action text. Error 5 when the session
+// ends in between.
+void dressEntry(const Session& session, const com_ptr<IDispatch>& control, int32_t captionText, EntryFaces& faces,
+                int face, std::wstring_view action);
 
 } // namespace velk

@@ -23,7 +23,7 @@ struct BackendCall {
     int32_t onWire(typename Kinds::Wire... arguments) const
     {
         using Routine = int32_t(__stdcall*)(typename Kinds::Wire...);
-        const int32_t result = reinterpret_cast<Routine>(backendAddress(function))(arguments...);
+        const int32_t result = reinterpret_cast<Routine>(backendEntry(function))(arguments...);
         traceBackendCall(function, result);
         return result;
     }

@@ -30,6 +30,7 @@ constexpr std::array<const char*, functionCount> functionNames = {
 struct LoadedLibrary {
     unique_module module;
     std::array<void*, functionCount> addresses{};
+    bool isTerminated = false;
 };
 
 LoadedLibrary& loaded()
@@ -160,6 +161,26 @@ void* backendAddress(BackendFunction function)
     return library.addresses[index];
 }
 
+void* backendEntry(BackendFunction function)
+{
+    LoadedLibrary& library = loaded();
+    switch (function) {
+    case BackendFunction::RZGetString:
+    case BackendFunction::RZGetStringP1:
+    case BackendFunction::RZGetStringP2:
+        return backendAddress(function);
+    case BackendFunction::RZInitialize:
+        library.isTerminated = false;
+        return backendAddress(function);
+    default:
+        if (library.isTerminated)
+            throw Error(errorInvalidCall);
+        // Before the call: what the tool lets happen inside of it is after the end, too.
+        library.isTerminated = function == BackendFunction::RZTerminate;
+        return backendAddress(function);
+    }
+}
+
 void traceBackendCall(BackendFunction function, int32_t result) noexcept
 {
     if (!trace::isOn(trace::Level::calls) || function == BackendFunction::RZGetNotification ||
@@ -176,6 +197,7 @@ void unloadBackend() noexcept
 {
     loaded().addresses = {};
     loaded().module.reset();
+    loaded().isTerminated = false;
 }
 
 } // namespace velk

@@ -17,11 +17,16 @@ enum class BackendFunction {
 // library that does not load), 453 (a library without the function); each is tried again with the next call.
 void* backendAddress(BackendFunction function);
 
+// The same for a call that is made now. From RZTerminate on nothing but texts may be asked of the tool until the next
+// RZInitialize: it has let go of everything, and the host may well have ended the session inside one of our calls.
+// Error 5 for whatever is asked all the same.
+void* backendEntry(BackendFunction function);
+
 // Notes a call and its result in the log, if it is that fine. The polls for notifications and texts are left out: they
 // would bury the rest.
 void traceBackendCall(BackendFunction function, int32_t result) noexcept;
 
-// Lets go of the library. A later call loads it again.
+// Lets go of the library, and forgets that it was terminated. A later call loads it again.
 void unloadBackend() noexcept;
 
 } // namespace velk

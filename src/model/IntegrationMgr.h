@@ -2,6 +2,7 @@
 
 #include "model/ModelUtil.h"
 #include "platform/com_ptr.h"
+#include "platform/session.h"
 
 #include <string>
 #include <typelib/velkviadd.h>
@@ -17,9 +18,14 @@ inline constexpr int32_t ideTypeVisualInterDev = 3;
 class IntegrationMgr {
 public:
     IntegrationMgr() = default;
-    explicit IntegrationMgr(com_ptr<_IntegrationMgr> object) : m_object(std::move(object)) {}
+    explicit IntegrationMgr(com_ptr<_IntegrationMgr> object, Session session = {})
+        : m_object(std::move(object)), m_session(std::move(session))
+    {
+    }
     explicit operator bool() const noexcept { return static_cast<bool>(m_object); }
     const com_ptr<_IntegrationMgr>& object() const noexcept { return m_object; }
+    // The session that the manager was given for: each of the requests below may end it.
+    const Session& session() const noexcept { return m_session; }
 
     void showDevView() const;
     void setRZFileName(const std::wstring& rzFile) const;
@@ -37,6 +43,7 @@ private:
     _IntegrationMgr& manager() const;
     void check(HRESULT result) const;
     com_ptr<_IntegrationMgr> m_object;
+    Session m_session;
 };
 
 } // namespace velk

@@ -2,15 +2,19 @@
 
 #include "backend/fetch.h"
 #include "platform/error.h"
+#include "platform/session.h"
 
 namespace velk {
 
-// The record of a handle; a Backend that does not give it is a failure of the notification (error 35601).
+// The record of a handle; a Backend that does not give it is a failure of the notification (error 35601), and so is a
+// session that ended inside the call (error 5).
 template <class Record>
-Record fetched(int32_t (*fetch)(int32_t, Record&) noexcept, int32_t handle)
+Record fetched(const Session& session, int32_t (*fetch)(int32_t, Record&) noexcept, int32_t handle)
 {
     Record record;
-    if (fetch(handle, record) == 0)
+    const int32_t status = fetch(handle, record);
+    session.throwIfOver();
+    if (status == 0)
         throw Error(errorElementNotFound);
     return record;
 }

@@ -34,24 +34,32 @@ constexpr FolderRow folderRows[] = {
 
 void addProject(const IntegrationMgr& manager, int32_t handle)
 {
-    const trzProject project = fetched<trzProject>(fetchProject, handle);
+    // The last step takes the splash screen away, and so does one that fails: no other would.
+    const scope_exit shown([] { unloadSplashScreen(); });
+    const Session& session = manager.session();
+    const trzProject project = fetched<trzProject>(session, fetchProject, handle);
     addFolderNode(L"", numberText(kindProject), makeKey(project.lHdl), project.strName, L"True");
     if (manager.getIdeType() == ideTypeWithStoredName)
         manager.getModel().saveRZFileName(manager.getRZFileName());
+    const std::wstring shownText = getRZString(projectIsShownText);
+    session.throwIfOver();
     splashScreen().setVisible();
-    splashScreen().updateProgress(getRZString(projectIsShownText));
+    splashScreen().updateProgress(shownText);
     manager.showDevView();
+    session.throwIfOver();
     splashScreen().setVisible();
-    unloadSplashScreen();
 }
 
-void addConnection(int32_t projectHandle, int32_t handle)
+void addConnection(const Session& session, int32_t projectHandle, int32_t handle)
 {
-    const trzConnection connection = fetched<trzConnection>(fetchConnection, handle);
+    const trzConnection connection = fetched<trzConnection>(session, fetchConnection, handle);
     addConnectionNode(makeKey(projectHandle), connection);
-    for (const FolderRow& row : folderRows)
-        addFolderNode(makeKey(connection.lHdl), numberText(row.kind), makeKey(connection.*row.handle),
-                      getRZString(row.caption), L"False");
+    for (const FolderRow& row : folderRows) {
+        const std::wstring caption = getRZString(row.caption);
+        session.throwIfOver();
+        addFolderNode(makeKey(connection.lHdl), numberText(row.kind), makeKey(connection.*row.handle), caption,
+                      L"False");
+    }
     expandSelected();
 }
 
@@ -62,9 +70,9 @@ void handleObjectAdded(const IntegrationMgr& manager, const trzNotify& notificat
     if (notification.lObjectType == kindProject)
         addProject(manager, notification.lObjectHdl);
     else if (notification.lObjectType == kindConnection)
-        addConnection(notification.lProjectHdl, notification.lObjectHdl);
+        addConnection(manager.session(), notification.lProjectHdl, notification.lObjectHdl);
     else if (const ObjectKindRow* row = rowOfObjectKind(notification.lObjectType))
-        row->addIfShown(notification.lObjectHdl);
+        row->addIfShown(manager.session(), notification.lObjectHdl);
 }
 
 void handleObjectRemoved(const IntegrationMgr&, const trzNotify& notification)
@@ -76,17 +84,17 @@ void handleObjectRemoved(const IntegrationMgr&, const trzNotify& notification)
         removeListRow(numberText(notification.lObjectType), key);
 }
 
-void handleObjectChanged(const IntegrationMgr&, const trzNotify& notification)
+void handleObjectChanged(const IntegrationMgr& manager, const trzNotify& notification)
 {
     if (notification.lObjectType == kindProject)
-        updateProjectNode(fetched<trzProject>(fetchProject, notification.lObjectHdl));
+        updateProjectNode(fetched<trzProject>(manager.session(), fetchProject, notification.lObjectHdl));
     else if (notification.lObjectType == kindConnection)
-        updateConnectionNode(fetched<trzConnection>(fetchConnection, notification.lObjectHdl));
+        updateConnectionNode(fetched<trzConnection>(manager.session(), fetchConnection, notification.lObjectHdl));
     else if (const ObjectKindRow* row = rowOfObjectKind(notification.lObjectType); row && row->updateIfShown)
-        row->updateIfShown(notification.lObjectHdl);
+        row->updateIfShown(manager.session(), notification.lObjectHdl);
 }
 
-void handleFolderContents(const IntegrationMgr&, const trzNotify& notification)
+void handleFolderContents(const IntegrationMgr& manager, const trzNotify& notification)
 {
     // The Backend does not tell whether a filter is set, so the folder gets its plain look, also when filling fails.
     const scope_exit plainLook([&] { setFolderFiltered(makeKey(notification.lObjectHdl), false); });
@@ -94,8 +102,7 @@ void handleFolderContents(const IntegrationMgr&, const trzNotify& notification)
     if (!row || !selectedNodeKindIs(notification.lObjectType))
         return;
     clearListRows();
-    const ListFilling shownTogether;
-    row->fill(notification.lObjectHdl);
+    row->fill(manager.session(), notification.lObjectHdl);
 }
 
 } // namespace velk

@@ -37,7 +37,7 @@ int32_t adoTypeOf(int32_t toolType)
 
 void handleSQLText(const IntegrationMgr& manager, const trzNotify& notification)
 {
-    const trzSQLText sql = fetched<trzSQLText>(fetchSQLText, notification.lObjectHdl);
+    const trzSQLText sql = fetched<trzSQLText>(manager.session(), fetchSQLText, notification.lObjectHdl);
     manager.getModel().insertSQLCode(sql.strText,
                                      {sql.lSelFromLine, sql.lSelFromColumn, sql.lSelToLine, sql.lSelToColumn},
                                      sql.strVSProject, sql.strVSFile);
@@ -45,20 +45,21 @@ void handleSQLText(const IntegrationMgr& manager, const trzNotify& notification)
 
 void handleADOText(const IntegrationMgr& manager, const trzNotify& notification)
 {
-    const trzADOText ado = fetched<trzADOText>(fetchADOText, notification.lObjectHdl);
+    const trzADOText ado = fetched<trzADOText>(manager.session(), fetchADOText, notification.lObjectHdl);
     manager.getModel().insertClientCode(ado.strText, ado.strVSProject, ado.strVSFile);
 }
 
 void handleConnectionDE(const IntegrationMgr& manager, const trzNotify& notification)
 {
-    const trzConnectionDE connection = fetched<trzConnectionDE>(fetchConnectionDE, notification.lObjectHdl);
+    const trzConnectionDE connection =
+        fetched<trzConnectionDE>(manager.session(), fetchConnectionDE, notification.lObjectHdl);
     manager.getModel().addADOConnection(connection.strConnectionString, connection.strDEConnection,
                                         connection.strDEName, connection.strVSProject);
 }
 
 void handleCommandDE(const IntegrationMgr& manager, const trzNotify& notification)
 {
-    const trzCommandDE command = fetched<trzCommandDE>(fetchCommandDE, notification.lObjectHdl);
+    const trzCommandDE command = fetched<trzCommandDE>(manager.session(), fetchCommandDE, notification.lObjectHdl);
     manager.getModel().AddADOCommand(adoTypeOf(command.lCommandType), command.strCommandText, command.strDECommand,
                                      command.strDEConnection, command.strDEName, command.strVSProject);
 }

@@ -3,6 +3,7 @@
 #include "notify/prompts.h"
 
 #include "backend/texts.h"
+#include "platform/unique_any.h"
 #include "ui/messageBox.h"
 #include "ui/splashscrnFrm.h"
 
@@ -27,8 +28,13 @@ void onMinimize(const IntegrationMgr& manager)
 
 void onInitComplete(const IntegrationMgr& manager)
 {
-    splashScreen().updateProgress(getRZString(toolIsReadyText));
+    // No project will come to take the splash screen away where it cannot be opened.
+    scope_exit taken([] { unloadSplashScreen(); });
+    const std::wstring ready = getRZString(toolIsReadyText);
+    manager.session().throwIfOver();
+    splashScreen().updateProgress(ready);
     manager.openRZProject();
+    taken.release();
 }
 
 struct CommandWord {
@@ -48,7 +54,7 @@ constexpr CommandWord commandWords[] = {
 
 void handleText(const IntegrationMgr& manager, const trzNotify& notification)
 {
-    const trzText text = fetched<trzText>(fetchText, notification.lObjectHdl);
+    const trzText text = fetched<trzText>(manager.session(), fetchText, notification.lObjectHdl);
     if (text.lTextType == plainMessage)
         showMessage(text.strText);
     if (text.lTextType != commandOrPrompt)
@@ -57,7 +63,7 @@ void handleText(const IntegrationMgr& manager, const trzNotify& notification)
         if (row.word == text.strText)
             return row.carryOut(manager);
     if (!text.strButtons.empty())
-        showPrompt(text);
+        showPrompt(manager.session(), text);
 }
 
 } // namespace velk

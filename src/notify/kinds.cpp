@@ -10,26 +10,30 @@ namespace velk {
 namespace {
 
 template <class Record, int32_t objectKind, auto fetch, auto add>
-void addIfShown(int32_t handle)
+void addIfShown(const Session& session, int32_t handle)
 {
-    const Record record = fetched<Record>(fetch, handle);
+    const Record record = fetched<Record>(session, fetch, handle);
     if (selectedNodeKindIs(objectKind - 1))
         add(record);
 }
 
 template <class Record, const auto& begin, auto next, const auto& end, auto add>
-void fill(int32_t folderHandle)
+void fill(const Session& session, int32_t folderHandle)
 {
+    const ListFilling shownTogether;
     int32_t unread = 0;
     int32_t enumeration = 0;
     const int32_t begun = begin(folderHandle, unread, enumeration);
-    // The Backend wants an end for every beginning, whatever the beginning answered.
+    // The Backend wants an end for every beginning, whatever the beginning answered; with its session it forgets all.
     const scope_exit ended([&] {
+        if (session.isOver())
+            return;
         swallow(L"folder contents", L"the rows stand; the Backend forgets the enumeration with its session",
                 [&] { end(enumeration); });
     });
+    const auto isWanted = [&] { return !session.isOver() && !shownTogether.isOvertaken(); };
     Record record;
-    while (begun != 0 && next(enumeration, record) != 0)
+    while (begun != 0 && isWanted() && next(enumeration, record) != 0 && isWanted())
         add(record);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "backend/records.h"
+#include "platform/session.h"
 
 #include <cstdint>
 
@@ -13,9 +14,10 @@ inline constexpr int32_t kindConnection = 6;
 // What the pump does for a kind of database object, chosen by the object's kind or by that of its folder.
 struct ObjectKindRow {
     int32_t objectKind;
-    void (*addIfShown)(int32_t handle);    // fetches always, shows it only while its folder is selected
-    void (*updateIfShown)(int32_t handle); // null: a change of this kind changes nothing on screen
-    void (*fill)(int32_t folderHandle);    // adds a row for each object that the Backend enumerates
+    using Deed = void (*)(const Session& session, int32_t handle);
+    Deed addIfShown;    // fetches always, shows it only while its folder is selected
+    Deed updateIfShown; // null: a change of this kind changes nothing on screen
+    Deed fill;          // of the folder's handle: adds a row for each object that the Backend enumerates
     int32_t folderKind() const noexcept { return objectKind - 1; }
 };
 

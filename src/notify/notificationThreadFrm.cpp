@@ -41,23 +41,48 @@ constexpr NotificationRow notificationRows[] = {
 };
 // clang-format on
 
+// A Backend that answers "failed, and there is more" for ever must not keep the IDE in one tick: the next one tries
+// again. One that fails now and then is drained to the end.
+class Failures {
+public:
+    void count(int32_t status) noexcept
+    {
+        if (status != 0)
+            m_inARow = 0;
+        else if (m_inARow++ == 0)
+            m_since = GetTickCount();
+    }
+    bool areBearable() const noexcept
+    {
+        constexpr int most = 1000;
+        constexpr DWORD longest = 1000; // milliseconds
+        return m_inARow == 0 || (m_inARow < most && GetTickCount() - m_since < longest);
+    }
+
+private:
+    int m_inARow = 0;
+    DWORD m_since = 0;
+};
+
 std::wstring errorText(const Error& error)
 {
     return numberText(error.number()) + L", " + error.description() + L", " + error.source();
 }
 
-void tellFailure(int32_t failureText, const Error& error) noexcept
+void tellFailure(const Session& session, int32_t failureText, const Error& error) noexcept
 {
     reportFailure(L"notification", L"the pump goes on with the next one", error);
+    if (failureText == tellNothing)
+        return;
     swallow(L"notification", L"there is no other way to tell the user", [&] {
-        if (failureText != tellNothing)
-            showMessage(failureText == tellError ? errorText(error) : getRZString(failureText));
+        const std::wstring told = failureText == tellError ? errorText(error) : getRZString(failureText);
+        // What fails because the session went is no news to anybody, and its host may be closing.
+        if (!session.isOver())
+            showMessage(told);
     });
 }
 
 } // namespace
-
-uint32_t notificationThreadFrm::s_generation = 0;
 
 notificationThreadFrm::notificationThreadFrm() : Window(L"velkviadd.notificationThreadFrm")
 {
@@ -77,8 +102,6 @@ notificationThreadFrm::~notificationThreadFrm()
 
 void notificationThreadFrm::unload() noexcept
 {
-    m_isUnloaded = true;
-    ++s_generation;
     destroy(); // and the timer with it
     m_IMMgr = {};
 }
@@ -100,30 +123,32 @@ void notificationThreadFrm::timerThread_Timer() noexcept
     const auto untilDone = shared_from_this();
     ++m_depth;
     const scope_exit left([this] { --m_depth; });
+    const Session session = m_IMMgr.session();
     if (const auto failure = attempt([this] { drain(); }))
-        tellFailure(tellError, *failure);
+        tellFailure(session, tellError, *failure);
 }
 
 void notificationThreadFrm::drain()
 {
+    Failures failures;
     bool more = true;
-    while (more && !m_isUnloaded) {
+    while (more && !isOver() && failures.areBearable()) {
         trzNotify notification;
         const int32_t status = RZGetNotification(notification, more);
-        dispatch(notification);
-        // A Backend that fails and still promises more would keep the IDE here for ever.
-        if (status == 0)
-            return;
+        failures.count(status);
+        if (!isOver())
+            dispatch(notification);
     }
 }
 
 void notificationThreadFrm::dispatch(const trzNotify& notification)
 {
+    const IntegrationMgr manager = m_IMMgr; // the form may be unloaded meanwhile
     for (const NotificationRow& row : notificationRows) {
         if (row.type != notification.lNotifyType)
             continue;
-        if (const auto failure = attempt([&] { row.handler(IntegrationMgr(m_IMMgr), notification); }))
-            tellFailure(row.failureText, *failure);
+        if (const auto failure = attempt([&] { row.handler(manager, notification); }))
+            tellFailure(manager.session(), row.failureText, *failure);
     }
 }
 

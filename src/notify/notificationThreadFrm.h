@@ -18,15 +18,13 @@ public:
     static std::shared_ptr<notificationThreadFrm> load();
     ~notificationThreadFrm() override;
 
-    // The integration manager, to be set before the first tick finds a notification.
+    // The integration manager, to be set before the first tick finds a notification. What the pump does belongs to the
+    // manager's session: nothing more is fetched, carried out or told once that is over.
     void setIMMgr(IntegrationMgr manager) { m_IMMgr = std::move(manager); }
     // Ends the form: no Backend call follows, also not from a tick that waits in a message box.
     void unload() noexcept;
 
     void timerThread_Timer() noexcept;
-
-    // Changes whenever a form is unloaded: what waits in a message box sees by it that its session is over.
-    static uint32_t generation() noexcept { return s_generation; }
 
 protected:
     LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -35,11 +33,9 @@ private:
     notificationThreadFrm();
     void drain();
     void dispatch(const trzNotify& notification);
-
-    static uint32_t s_generation;
+    bool isOver() const noexcept { return !hwnd() || m_IMMgr.session().isOver(); }
 
     IntegrationMgr m_IMMgr;
-    bool m_isUnloaded = false;
     int m_depth = 0; // of ticks within ticks
 };
 

@@ -1,7 +1,6 @@
 #include "notify/prompts.h"
 
 #include "backend/calls.h"
-#include "notify/notificationThreadFrm.h"
 #include "platform/error.h"
 #include "ui/messageBox.h"
 
@@ -83,14 +82,13 @@ PromptLook promptLook(const std::wstring& strButtons)
     return look;
 }
 
-void showPrompt(const trzText& text)
+void showPrompt(const Session& session, const trzText& text)
 {
     const PromptLook look = promptLook(text.strButtons);
-    const uint32_t asking = notificationThreadFrm::generation();
     const int32_t answer = showMessage(text.strText, look.style, look.title);
     // The IDE can unload the add-in while the box is open; the session that asked is over then. A box that could not be
     // shown has no answer.
-    if (answer == 0 || notificationThreadFrm::generation() != asking)
+    if (answer == 0 || session.isOver())
         return;
     std::wstring said = answerText;
     RZButtonDoAction(said, answer);

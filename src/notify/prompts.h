@@ -1,6 +1,7 @@
 #pragma once
 
 #include "backend/records.h"
+#include "platform/session.h"
 
 #include <cstdint>
 #include <string>
@@ -24,7 +25,7 @@ struct PromptLook {
 PromptLook promptLook(const std::wstring& strButtons);
 
 // Shows the tool's question and sends it the number of the button that the user pressed. No answer goes out when the
-// tool's session ended while the box was open.
-void showPrompt(const trzText& text);
+// session ended while the box was open.
+void showPrompt(const Session& session, const trzText& text);
 
 } // namespace velk

@@ -88,10 +88,17 @@ public:
     explicit scope_exit(F function) : m_function(std::move(function)) {}
     scope_exit(const scope_exit&) = delete;
     scope_exit& operator=(const scope_exit&) = delete;
-    ~scope_exit() { m_function(); }
+    ~scope_exit()
+    {
+        if (!m_isReleased)
+            m_function();
+    }
+    // It went well: nothing is left to do at the end of the scope.
+    void release() noexcept { m_isReleased = true; }
 
 private:
     F m_function;
+    bool m_isReleased = false;
 };
 
 } // namespace velk

@@ -54,7 +54,7 @@ void DetailsList::keepLooks()
 void DetailsList::add(Row row)
 {
     m_rows.add(std::move(row));
-    if (m_fillings != 0)
+    if (m_contents->fillings != 0)
         return;
     const Place place = placeNow();
     m_rows.placeLast(m_order);
@@ -80,6 +80,8 @@ void DetailsList::clear()
 {
     if (m_rows.size() > 0)
         m_placeBeforeClear = placeNow();
+    if (m_contents->fillings != 0)
+        m_contents = std::make_shared<Contents>(); // whoever fills the list is overtaken
     m_rows.clear();
     m_view.selectRow(-1);
     m_view.setRowCount(0);

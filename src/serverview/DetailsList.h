@@ -6,12 +6,15 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 
 namespace velk {
 
 // The list of a folder's objects: the rows stand in the model, the control shows those that are on screen. For each
 // kind of folder, for the life of the list, columns keep the width and the order that the user gave them.
 class DetailsList {
+    struct Contents;
+
 public:
     explicit DetailsList(HWND parent) : m_view(parent) {}
 
@@ -37,24 +40,30 @@ public:
     // The selected row; null when none is.
     const Row* selected() const noexcept;
 
-    // While one of these lives, added rows are not shown one by one but all together at its end.
+    // While one of these lives, added rows are not shown one by one but all together at its end. The list may be
+    // emptied for other rows, or go, while it lives; it is overtaken then, and its end does nothing.
     class Filling {
     public:
         explicit Filling(DetailsList* list) noexcept : m_list(list)
         {
-            if (m_list)
-                ++m_list->m_fillings;
+            if (!m_list)
+                return;
+            m_contents = m_list->m_contents;
+            ++m_list->m_contents->fillings;
         }
         Filling(const Filling&) = delete;
         Filling& operator=(const Filling&) = delete;
         ~Filling()
         {
-            if (m_list && --m_list->m_fillings == 0)
+            const std::shared_ptr<Contents> contents = m_contents.lock();
+            if (contents && --contents->fillings == 0)
                 m_list->endFilling();
         }
+        bool isOvertaken() const noexcept { return m_contents.expired(); }
 
     private:
         DetailsList* m_list;
+        std::weak_ptr<Contents> m_contents;
     };
 
     // The control's questions, handed on by its parent window.
@@ -64,6 +73,10 @@ public:
     LRESULT onFindItem(const NMLVFINDITEMW& question) const;
 
 private:
+    // What the list holds from one emptying to the next.
+    struct Contents {
+        int fillings = 0; // that are under way
+    };
     // Where the user was, by the keys of rows.
     struct Place {
         std::wstring selected;
@@ -92,7 +105,7 @@ private:
     RowOrder m_order;
     Place m_placeBeforeClear;
     int32_t m_folderKind = 0;
-    int m_fillings = 0;
+    std::shared_ptr<Contents> m_contents = std::make_shared<Contents>();
     bool m_areWidthsKnown = false;
 };
 

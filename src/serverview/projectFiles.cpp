@@ -25,13 +25,13 @@ constexpr wchar_t saveExtension[] = L"rzv";
 
 void openProject(const IntegrationMgr& manager, int32_t projectHandle)
 {
-    const std::weak_ptr<void> session = publishedView().life;
+    const Session life = publishedView().life;
     std::wstring name;
     std::wstring folder;
     if (!fileChooser().openFileDlg(getRZString(openTitleText), openExtension, openExtension,
                                    parentDir(manager.getRZFileName()), name, folder))
         return;
-    if (session.expired())
+    if (life.isOver())
         return; // the IDE went on while the dialog was open, and unloaded the add-in
     RZObjectDoAction(projectHandle, codeCloseProject);
     // The path goes to the manager only; the IDE's project learns of it by Save As.
@@ -41,12 +41,12 @@ void openProject(const IntegrationMgr& manager, int32_t projectHandle)
 
 void saveProjectAs(const IntegrationMgr& manager)
 {
-    const std::weak_ptr<void> session = publishedView().life;
+    const Session life = publishedView().life;
     std::wstring path;
     if (!fileChooser().saveFileDlg(getRZString(saveTitleText), saveExtension, saveExtension,
                                    parentDir(manager.getRZFileName()), path))
         return;
-    if (session.expired())
+    if (life.isOver())
         return;
     if (manager.getIdeType() == ideTypeWithStoredName)
         manager.getModel().saveRZFileName(path);

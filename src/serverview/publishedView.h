@@ -5,8 +5,6 @@
 #include "platform/tree_view.h"
 #include "serverview/DetailsList.h"
 
-#include <memory>
-
 namespace velk {
 
 // The server view that viewAPIs works on. Published by the control's set-up, withdrawn by its end; empty in between.
@@ -15,7 +13,7 @@ struct PublishedView {
     DetailsList* serverDetailsView = nullptr;
     const image_list* ImageList1 = nullptr;
     IntegrationMgr IMgr;
-    std::weak_ptr<void> life; // expires with the control
+    Session life; // over with the control at the latest
 };
 PublishedView& publishedView();
 

@@ -85,8 +85,10 @@ void serverViewDoc::handOver()
 {
     if (!m_svrViewCtl1 || !m_isSetUp)
         return;
-    m_svrViewCtl1->setIMgr(IntegrationMgr(m_manager));
-    m_svrViewCtl1->setupGUI();
+    // The host may close the document inside the calls that the set-up makes.
+    const std::shared_ptr<svrViewCtl> control = m_svrViewCtl1;
+    control->setIMgr(IntegrationMgr(m_manager, serverViewWindow().session));
+    control->setupGUI();
 }
 
 HWND serverViewDoc::createContent(HWND parent, const RECT& place)
@@ -97,12 +99,12 @@ HWND serverViewDoc::createContent(HWND parent, const RECT& place)
                     place.right - place.left, place.bottom - place.top, L""});
     RECT inner{};
     GetClientRect(window->hwnd(), &inner);
-    auto control = std::make_unique<svrViewCtl>();
+    auto control = std::make_shared<svrViewCtl>();
     control->create(window->hwnd(), inner);
     m_window = std::move(window);
     m_svrViewCtl1 = std::move(control);
     swallow(L"serverViewDoc", L"the view stands; setupGUI can be asked for again", [this] { handOver(); });
-    return m_window->hwnd();
+    return m_window ? m_window->hwnd() : nullptr;
 }
 
 void serverViewDoc::destroyContent() noexcept
@@ -113,7 +115,8 @@ void serverViewDoc::destroyContent() noexcept
 
 bool serverViewDoc::translateKey(const MSG& message)
 {
-    return m_svrViewCtl1 && m_svrViewCtl1->translateKey(message);
+    const std::shared_ptr<svrViewCtl> control = m_svrViewCtl1;
+    return control && control->translateKey(message);
 }
 
 void serverViewDoc::UserDocument_InitProperties()

@@ -16,6 +16,7 @@ namespace velk {
 struct ServerViewWindow {
     com_ptr<IDispatch> window;
     com_ptr<IDispatch> document;
+    Session session{}; // that they were made for
 };
 ServerViewWindow& serverViewWindow();
 
@@ -55,7 +56,7 @@ private:
 
     com_ptr<_IntegrationMgr> m_manager;
     std::unique_ptr<DocumentWindow> m_window;
-    std::unique_ptr<svrViewCtl> m_svrViewCtl1;
+    std::shared_ptr<svrViewCtl> m_svrViewCtl1; // shared with its calls that are under way
     std::wstring m_fontName = L"MS Sans Serif";
     float m_fontSize = 8.25f;
     int m_fontChanges = 0;

@@ -28,6 +28,13 @@ constexpr int32_t noConnectionEnvironmentText = 670;
 constexpr int32_t noCommandEnvironmentText = 671;
 constexpr int32_t noFileText = 683;
 
+// A box over a host that let the add-in go while the text was fetched would belong to nobody.
+void tell(const Session& life, const std::wstring& text)
+{
+    if (!life.isOver())
+        showMessage(text);
+}
+
 // The tool makes the code of an object; it arrives later, as a notification.
 void addCode(const IntegrationMgr& manager, int32_t handle)
 {
@@ -39,10 +46,8 @@ void addCode(const IntegrationMgr& manager, int32_t handle)
 
 void addConnectionObject(const IntegrationMgr& manager, int32_t handle)
 {
-    if (!manager.getModel().existsDataEnvObjs()) {
-        showMessage(getRZString(noConnectionEnvironmentText));
-        return;
-    }
+    if (!manager.getModel().existsDataEnvObjs())
+        return tell(manager.session(), getRZString(noConnectionEnvironmentText));
     DataEnvTarget target{L"RZConnection", {}, {}, {}};
     if (askDataEnvTarget(manager, false, target))
         RZConnectionDoGetDE(handle, target.projName, target.dataenvName, target.name);
@@ -50,10 +55,8 @@ void addConnectionObject(const IntegrationMgr& manager, int32_t handle)
 
 void addCommandObject(const IntegrationMgr& manager, int32_t handle)
 {
-    if (!manager.getModel().existsDataEnvObjs()) {
-        showMessage(getRZString(noCommandEnvironmentText));
-        return;
-    }
+    if (!manager.getModel().existsDataEnvObjs())
+        return tell(manager.session(), getRZString(noCommandEnvironmentText));
     DataEnvTarget target{L"RZCommand", {}, {}, {}};
     if (askDataEnvTarget(manager, true, target))
         RZCommandDoGetDE(handle, target.projName, target.dataenvName, target.conName, target.name);
@@ -85,6 +88,7 @@ void svrViewCtl::clickMenuItem(MenuItem item)
 
 void svrViewCtl::doMenuCommand(MenuItem item, bool fromTree) noexcept
 {
+    const Session life = m_life; // the control may be gone when the command comes back
     const auto failure = attempt([&] {
         const int32_t code = textToLong(m_menus[item].tag);
         const TreeNode* node = m_serverTreeView->selected();
@@ -95,7 +99,7 @@ void svrViewCtl::doMenuCommand(MenuItem item, bool fromTree) noexcept
     });
     if (failure)
         swallow(L"doMenuCommand", L"there is no other way to tell the user",
-                [&] { showMessage(failure->description() + L":" + numberText(failure->number())); });
+                [&] { tell(life, failure->description() + L":" + numberText(failure->number())); });
 }
 
 void svrViewCtl::runCommand(int32_t code, int32_t handle)
@@ -126,15 +130,15 @@ void svrViewCtl::projSaveAsMnuItem_Click()
 void svrViewCtl::scmPropsMnuItem_Click()
 {
     const IntegrationMgr manager = m_IMgr;
-    const std::weak_ptr<void> life = m_life;
+    const Session life = m_life;
     frmVSSLogin login;
     login.Form_Load();
     if (!login.fillResult().empty())
-        showMessage(login.fillResult());
-    if (life.expired())
+        tell(life, login.fillResult());
+    if (life.isOver())
         return; // unloaded while the box was open: the login belongs to nobody
     login.showModal();
-    if (login.successfulLogin())
+    if (login.successfulLogin() && !life.isOver())
         addFileToSourceSafe(manager.getRZFileName());
 }
 
@@ -164,7 +168,8 @@ void svrViewCtl::onObjectsFile(MenuItem clicked, FileOperation operation)
         return operation(file);
     std::wstring viewSource = m_menus[MenuItem::devObjViewSrcMnuItem].caption;
     std::wstring item = m_menus[clicked].caption;
-    showMessage(getRZStringP2(noFileText, viewSource, item));
+    const Session life = m_life;
+    tell(life, getRZStringP2(noFileText, viewSource, item));
 }
 
 } // namespace velk

@@ -32,6 +32,7 @@ svrViewCtl::svrViewCtl()
 
 svrViewCtl::~svrViewCtl()
 {
+    m_life.enter(SessionState::ended);
     // What is published must not outlive the controls it points to.
     if (publishedView().serverTreeView == m_serverTreeView.get())
         publishedView() = {};
@@ -44,6 +45,15 @@ void svrViewCtl::create(HWND parent, const RECT& place)
                     place.top, place.right - place.left, place.bottom - place.top, L""});
     UserControl_Initialize();
     resizeGUI();
+}
+
+void svrViewCtl::setIMgr(IntegrationMgr manager)
+{
+    if (!(manager.session() == m_IMgr.session())) {
+        m_life.enter(SessionState::ended);
+        m_life = manager.session().part();
+    }
+    m_IMgr = std::move(manager);
 }
 
 void svrViewCtl::UserControl_Initialize()
@@ -89,7 +99,7 @@ void svrViewCtl::fillColumnSets()
 void svrViewCtl::selectNode(bool force)
 {
     const TreeNode* node = m_serverTreeView->selected();
-    if (!node || (node->key == m_previousNode && !force))
+    if (m_life.isOver() || !node || (node->key == m_previousNode && !force))
         return;
     m_previousNode = node->key;
     const int32_t handle = keyToHandle(node->key);
@@ -151,7 +161,7 @@ LRESULT svrViewCtl::onListNotify(const NMHDR& header, LPARAM lParam)
 
 bool svrViewCtl::translateKey(const MSG& message)
 {
-    if (message.message != WM_KEYDOWN)
+    if (message.message != WM_KEYDOWN || m_life.isOver())
         return false;
     const bool isInList = m_serverDetailsView->view().hasFocus();
     if (message.wParam == VK_TAB && GetKeyState(VK_CONTROL) >= 0) {
@@ -176,6 +186,8 @@ bool svrViewCtl::translateKey(const MSG& message)
 
 LRESULT svrViewCtl::handle(UINT message, WPARAM wParam, LPARAM lParam)
 {
+    // The host may close the view inside a call that the message leads to.
+    const std::shared_ptr<svrViewCtl> untilAnswered = weak_from_this().lock();
     const auto x = [&] { return toTwips(static_cast<short>(LOWORD(lParam))); };
     const auto y = [&] { return toTwips(static_cast<short>(HIWORD(lParam))); };
     switch (message) {

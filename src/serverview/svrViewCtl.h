@@ -18,14 +18,14 @@ namespace velk {
 
 // The control that fills the server view: the project's tree, the details list of the selected folder, and a splitter
 // between them. Sizes in its public face are pixels.
-class svrViewCtl : public Window {
+class svrViewCtl : public Window, public std::enable_shared_from_this<svrViewCtl> {
 public:
     svrViewCtl();
     ~svrViewCtl() override;
 
     // Makes the control's windows as a child of the parent.
     void create(HWND parent, const RECT& place);
-    void setIMgr(IntegrationMgr manager) { m_IMgr = std::move(manager); }
+    void setIMgr(IntegrationMgr manager);
     // Fonts, column sets, and the references by which the tool's objects reach tree and list. May be repeated.
     void setupGUI();
     void resize(int width, int height);
@@ -92,8 +92,9 @@ private:
     unique_font m_font;
     IntegrationMgr m_IMgr;
     PopupMenus m_menus;
-    // Expires with the control: what waits in a menu or a dialog of its own looks at it before it goes on.
-    std::shared_ptr<void> m_life = std::make_shared<int>(0);
+    // A part of the manager's session, over with the control at the latest: what waits in a menu or a dialog looks at a
+    // copy before it goes on, and no gesture of the user reaches a tool that is going.
+    Session m_life;
     std::map<int32_t, std::vector<std::wstring>> m_columnSets; // header texts by folder kind
     std::wstring m_previousNode;                               // key, empty: none
     int m_treeWidth;                                           // twips

@@ -40,6 +40,8 @@ int32_t svrViewCtl::selectedKind() const
 
 void svrViewCtl::onContextMenu(HWND source, POINT place, bool isByKeyboard)
 {
+    if (m_life.isOver())
+        return;
     if (source == m_serverTreeView->hwnd())
         serverTreeView_MouseUp(place, isByKeyboard);
     else if (source == m_serverDetailsView->view().hwnd())
@@ -55,6 +57,8 @@ void svrViewCtl::serverTreeView_MouseUp(POINT place, bool isByKeyboard)
         return;
     m_serverTreeView->select(std::wstring(hit->key));
     selectNode(false);
+    if (m_life.isOver())
+        return;
     if (isByKeyboard) {
         const RECT text = m_serverTreeView->placeOfSelected();
         place = onScreen(window, {text.left, text.bottom});
@@ -88,7 +92,7 @@ std::optional<PopupMenu> svrViewCtl::menuOfSelectedRow()
 void svrViewCtl::popUp(PopupMenu menu, POINT place)
 {
     // The tool goes on while the menu is open: the view may be gone when the user has chosen.
-    const std::weak_ptr<void> life = m_life;
+    const Session life = m_life;
     const auto target = [&] {
         const TreeNode* node = m_serverTreeView->selected();
         const Row* row = actsOnTheTree(menu) ? nullptr : m_serverDetailsView->selected();
@@ -97,7 +101,7 @@ void svrViewCtl::popUp(PopupMenu menu, POINT place)
     const auto before = target();
     const std::optional<MenuItem> chosen = m_menus.show(menu, hwnd(), place);
     // What was removed meanwhile leaves the selection to another object, which nobody chose anything for.
-    if (chosen && !life.expired() && target() == before)
+    if (chosen && !life.isOver() && target() == before)
         clickMenuItem(*chosen);
 }
 

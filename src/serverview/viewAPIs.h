@@ -41,6 +41,8 @@ void clearListRows() noexcept;
 class ListFilling {
 public:
     ListFilling() noexcept;
+    // The rows that were to come are not wanted any more: another folder was selected, or the view is gone.
+    bool isOvertaken() const noexcept { return m_filling.isOvertaken(); }
 
 private:
     DetailsList::Filling m_filling;

@@ -4,6 +4,7 @@
 #include "platform/bstr.h"
 #include "platform/com_object.h"
 
+#include <functional>
 #include <map>
 #include <string>
 #include <typelib/velkviadd.h>
@@ -91,7 +92,14 @@ public:
     std::map<std::wstring, std::vector<std::wstring>> connections;      // by "project/environment"
     com_ptr<FakeModel> model = makeObject<FakeModel>(m_journal);
 
-    STDMETHODIMP showDevView() noexcept override { return note(L"showDevView"); }
+    std::function<void()> onShowDevView;
+
+    STDMETHODIMP showDevView() noexcept override
+    {
+        if (onShowDevView)
+            onShowDevView();
+        return note(L"showDevView");
+    }
     STDMETHODIMP setRZFileName(BSTR* name) noexcept override
     {
         rzFile = bstr::viewOf(*name);

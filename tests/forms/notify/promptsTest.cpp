@@ -70,10 +70,11 @@ TEST_F(PromptTest, unloadWhileAPromptIsOpen_sendsNoAnswer)
     backend.prompt(L"Drop it?", 1, L"IDE_QUESTION#67");
     backend.prompt(L"never shown", 3);
     duringMessage = [this] {
-        pump->unload();
+        end();
         backend.calls.clear();
     };
-    pump->timerThread_Timer();
+    const auto ticking = pump;
+    ticking->timerThread_Timer();
     EXPECT_EQ(backend.calls, std::vector<std::string>{});
     EXPECT_EQ(messages.size(), 1u);
 }

@@ -23,7 +23,7 @@ protected:
                 duringMessage();
             return answer;
         });
-        pump->setIMMgr(IntegrationMgr(com_ptr<_IntegrationMgr>(manager.get())));
+        pump->setIMMgr(IntegrationMgr(com_ptr<_IntegrationMgr>(manager.get()), session));
     }
     ~PumpFixture() override
     {
@@ -33,7 +33,17 @@ protected:
         setMessagePresenter({});
     }
 
+    // What the add-in does to its pump at the end of a session.
+    void end()
+    {
+        session.enter(SessionState::ending);
+        if (pump)
+            pump->unload();
+        pump.reset();
+    }
+
     FakeBackend backend;
+    Session session;
     Lines messages;
     std::vector<uint32_t> styles;
     int32_t answer = IDOK;

@@ -1,3 +1,4 @@
+#include "backend/calls.h"
 #include "pumpFixture.h"
 
 namespace velk {
@@ -124,23 +125,156 @@ TEST_F(PumpTest, unloadInsideAMessageBox_asksTheBackendNothingMore)
 {
     backend.prompt(L"first", 3, L"");
     backend.prompt(L"second", 3, L"");
-    duringMessage = [this] {
-        pump->unload();
-        pump.reset();
-    };
+    duringMessage = [this] { end(); };
     pump->timerThread_Timer();
     EXPECT_EQ(messages.size(), 1u);
     EXPECT_EQ(backend.counts["RZGetNotification"], 1);
 }
 
-TEST_F(PumpTest, backendThatFailsAndPromisesMore_doesNotHoldTheTick)
+TEST_F(PumpTest, backendThatFailsForEverAndPromisesMore_endsTheTickWithinAThousandCalls)
 {
-    backend.on.RZGetNotification = [](void*, int16_t* more) {
+    int calls = 0;
+    backend.on.RZGetNotification = [&](void*, int16_t* more) {
+        ++calls;
         *more = -1;
         return 0;
     };
     pump->timerThread_Timer();
-    SUCCEED() << "the tick came back";
+    EXPECT_GT(calls, 1);
+    EXPECT_LE(calls, 1000);
+}
+
+TEST_F(PumpTest, slowBackendThatFailsForEver_endsTheTickAfterAboutASecond)
+{
+    int calls = 0;
+    backend.on.RZGetNotification = [&](void*, int16_t* more) {
+        ++calls;
+        Sleep(600);
+        *more = -1;
+        return 0;
+    };
+    pump->timerThread_Timer();
+    EXPECT_LE(calls, 3);
+}
+
+TEST_F(PumpTest, statusZeroWithTheMoreFlagSet_isPassedOnAndTheTickGoesOn)
+{
+    backend.prompt(L"MINIMIZE_MSWIN", 1);
+    backend.prompt(L"RZ_TASK_COMPLETE", 1);
+    const auto fetch = backend.on.RZGetNotification;
+    backend.on.RZGetNotification = [fetch](auto* record, int16_t* more) {
+        fetch(record, more);
+        return 0;
+    };
+    pump->timerThread_Timer();
+    EXPECT_EQ(journal, (Lines{L"minimizeVSAppWin", L"restoreVSAppWinState"}));
+}
+
+TEST_F(PumpTest, failuresBetweenSuccesses_doNotEndTheTick)
+{
+    int calls = 0;
+    backend.on.RZGetNotification = [&](void*, int16_t* more) {
+        *more = ++calls < 5000 ? -1 : 0;
+        return calls % 2;
+    };
+    pump->timerThread_Timer();
+    EXPECT_EQ(calls, 5000);
+}
+
+TEST_F(PumpTest, failureOfTheFetchItself_endsTheTickAndIsToldByNumberDescriptionAndSource)
+{
+    backend.prompt(L"MINIMIZE_MSWIN", 1);
+    RZTerminate(); // from now on the bridge refuses to ask for more
+    pump->timerThread_Timer();
+    EXPECT_EQ(backend.counts["RZGetNotification"], 0);
+    EXPECT_EQ(messages, Lines{L"5, Invalid procedure call or argument, velkviadd|velkviadd"});
+}
+
+TEST_F(PumpTest, notificationFetchedWhileTheSessionEndsInThatCall_isNotCarriedOut)
+{
+    backend.prompt(L"MINIMIZE_MSWIN", 1);
+    const auto fetch = backend.on.RZGetNotification;
+    backend.on.RZGetNotification = [this, fetch](auto* record, int16_t* more) {
+        const int32_t status = fetch(record, more);
+        end();
+        return status;
+    };
+    const auto ticking = pump;
+    ticking->timerThread_Timer();
+    EXPECT_EQ(backend.counts["RZGetText"], 0);
+    EXPECT_EQ(journal, Lines{});
+}
+
+TEST_F(PumpTest, textFetchedWhileTheSessionEndsInThatCall_isNotShown)
+{
+    backend.prompt(L"a message", 3);
+    const auto fetch = backend.on.RZGetText;
+    backend.on.RZGetText = [this, fetch](int32_t handle, auto* record) {
+        end();
+        return fetch(handle, record);
+    };
+    const auto ticking = pump;
+    ticking->timerThread_Timer();
+    EXPECT_EQ(messages, Lines{});
+}
+
+TEST_F(PumpTest, failureOfAnEndedSession_isNotTold)
+{
+    backend.on.RZProjectGet = [this](int32_t, auto*) {
+        end();
+        return 0;
+    };
+    backend.notify(8, 5, 0, 5, 5);
+    const auto ticking = pump;
+    ticking->timerThread_Timer();
+    EXPECT_EQ(messages, Lines{});
+    EXPECT_FALSE(isSplashScreenLoaded());
+}
+
+TEST_F(PumpTest, failureTextFetchedWhileTheSessionEnds_isNotTold)
+{
+    const auto text = backend.on.RZGetString;
+    backend.on.RZGetString = [this, text](int32_t number, char* buffer, int32_t capacity) {
+        end();
+        return text(number, buffer, capacity);
+    };
+    backend.notify(8, 5, 0, 5, 5);
+    const auto ticking = pump;
+    ticking->timerThread_Timer();
+    EXPECT_EQ(messages, Lines{});
+}
+
+TEST_F(PumpTest, addedProjectThatCannotBeFetched_takesTheSplashScreenAwayBeforeItIsTold)
+{
+    splashScreen();
+    duringMessage = [] { EXPECT_FALSE(isSplashScreenLoaded()); };
+    backend.notify(8, 5, 0, 5, 5);
+    pump->timerThread_Timer();
+    EXPECT_EQ(messages, Lines{L"Add failed|velkviadd"});
+    EXPECT_FALSE(isSplashScreenLoaded());
+}
+
+TEST_F(PumpTest, projectThatCannotBeOpened_takesTheSplashScreenAway)
+{
+    manager->failWith = E_FAIL;
+    backend.prompt(L"RZ_INIT_COMPLETE", 1);
+    pump->timerThread_Timer();
+    EXPECT_EQ(journal, Lines{L"openRZProject"});
+    EXPECT_FALSE(isSplashScreenLoaded());
+}
+
+TEST_F(PumpTest, sessionThatEndsWhileTheViewIsShown_makesNoSplashScreenAgain)
+{
+    manager->onShowDevView = [this] {
+        unloadSplashScreen();
+        end();
+    };
+    backend.projects[5] = {.lHdl = 5, .strName = L"orders", .strPath = L""};
+    backend.notify(8, 5, 0, 5, 5);
+    const auto ticking = pump;
+    ticking->timerThread_Timer();
+    EXPECT_FALSE(isSplashScreenLoaded());
+    EXPECT_EQ(messages, Lines{});
 }
 
 TEST_F(PumpTest, timer_ticksByItself)

@@ -1,0 +1,28 @@
+#include "platform/session.h"
+
+#include "platform/error.h"
+
+namespace velk {
+
+bool Session::isOver() const noexcept
+{
+    for (const Life* life = m_life.get(); life; life = life->whole.get())
+        if (life->state >= SessionState::ending)
+            return true;
+    return false;
+}
+
+void Session::throwIfOver() const
+{
+    if (isOver())
+        throw Error(errorInvalidCall);
+}
+
+Session Session::part() const
+{
+    Session within;
+    within.m_life->whole = m_life;
+    return within;
+}
+
+} // namespace velk

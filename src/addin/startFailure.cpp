@@ -1,5 +1,7 @@
 #include "addin/startFailure.h"
 
+#include "backend/library.h"
+
 namespace velk {
 namespace {
 
@@ -20,6 +22,8 @@ constexpr WayOut waysOut[] = {
 
 std::wstring startFailureText(const Error& error)
 {
+    if (!isBackendLibraryFailure(error))
+        return error.description();
     for (const WayOut& row : waysOut)
         if (row.number == error.number())
             return error.description() + L"\r\n\r\n" + row.advice;

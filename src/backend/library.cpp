@@ -39,10 +39,12 @@ LoadedLibrary& loaded()
     return library.get();
 }
 
-Error withMore(int32_t number, std::wstring_view more)
+// The number's own text and more, as a failure of the library.
+Error libraryError(int32_t number, std::wstring_view more)
 {
     const Error plain(number);
-    return Error(number, plain.description() + std::wstring(more), plain.source(), plain.result());
+    return Error(number, plain.description() + std::wstring(more), plain.source(), plain.result())
+        .ofLibrary(libraryName);
 }
 
 bool isFile(const std::wstring& path)
@@ -125,14 +127,14 @@ Error loadError(DWORD code, const std::wstring& path)
         reason.replace(gap, 2, path);
     else
         reason += L" (" + path + L")";
-    return withMore(errorLoadingDll, L": " + std::wstring(libraryName) + L". " + reason);
+    return libraryError(errorLoadingDll, L": " + std::wstring(libraryName) + L". " + reason);
 }
 
 unique_module load()
 {
     const auto path = findLibrary();
     if (!path)
-        throw Error(errorFileNotFound, libraryName);
+        throw libraryError(errorFileNotFound, L": " + std::wstring(libraryName));
     // A damaged library must not make the system show a box of its own over the IDE.
     const UINT mode = SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
     unique_module module(LoadLibraryExW(path->c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
@@ -156,8 +158,8 @@ void* backendAddress(BackendFunction function)
     const char* name = functionNames[index];
     library.addresses[index] = reinterpret_cast<void*>(GetProcAddress(library.module.get(), name));
     if (!library.addresses[index])
-        throw withMore(errorDllEntryPoint,
-                       L" " + std::wstring(name, name + std::strlen(name)) + L" in " + std::wstring(libraryName));
+        throw libraryError(errorDllEntryPoint,
+                           L" " + std::wstring(name, name + std::strlen(name)) + L" in " + std::wstring(libraryName));
     return library.addresses[index];
 }
 
@@ -179,6 +181,11 @@ void* backendEntry(BackendFunction function)
         library.isTerminated = function == BackendFunction::RZTerminate;
         return backendAddress(function);
     }
+}
+
+bool isBackendLibraryFailure(const Error& failure) noexcept
+{
+    return failure.library() == libraryName;
 }
 
 void traceBackendCall(BackendFunction function, int32_t result) noexcept

@@ -4,6 +4,8 @@
 
 namespace velk {
 
+class Error;
+
 // The functions of the Backend library by name.
 enum class BackendFunction {
 #define BACKEND_FUNCTION(name, ...) name,
@@ -21,6 +23,10 @@ void* backendAddress(BackendFunction function);
 // RZInitialize: it has let go of everything, and the host may well have ended the session inside one of our calls.
 // Error 5 for whatever is asked all the same.
 void* backendEntry(BackendFunction function);
+
+// True for a failure of backendAddress: the library is missing, damaged or of another release. An IDE's failure with
+// the same number is not one.
+bool isBackendLibraryFailure(const Error& failure) noexcept;
 
 // Notes a call and its result in the log, if it is that fine. The polls for notifications and texts are left out: they
 // would bury the rest.

@@ -128,6 +128,13 @@ Error Error::fromWin32(DWORD code)
     return Error(static_cast<int32_t>(code), systemText(code), std::wstring(ownErrorSource), HRESULT_FROM_WIN32(code));
 }
 
+Error Error::ofLibrary(std::wstring_view name) const
+{
+    Error error = *this;
+    error.m_library = name;
+    return error;
+}
+
 const char* Error::what() const noexcept
 {
     return "velk::Error";

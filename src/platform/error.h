@@ -51,6 +51,12 @@ public:
     const std::wstring& description() const noexcept { return m_description; }
     const std::wstring& source() const noexcept { return m_source; }
     HRESULT result() const noexcept { return m_result; }
+
+    // The same failure with the name of the library that could not be used; the name is not copied. Without one the
+    // trouble lies elsewhere, whatever the number. The name does not cross a COM boundary.
+    Error ofLibrary(std::wstring_view name) const;
+    std::wstring_view library() const noexcept { return m_library; }
+
     const char* what() const noexcept override;
 
 private:
@@ -58,6 +64,7 @@ private:
     HRESULT m_result;
     std::wstring m_description;
     std::wstring m_source;
+    std::wstring_view m_library;
 };
 
 // The source of errors that arise in the add-in itself: its application title.

@@ -3,6 +3,7 @@
 #include "backend/calls.h"
 #include "backend/fetch.h"
 #include "backend/texts.h"
+#include "platform/boundary.h"
 #include "platform/module.h"
 #include "support/failureLog.h"
 
@@ -182,6 +183,32 @@ TEST_F(backendLibrary, withoutTheFunction_isError453NamingBoth)
     EXPECT_EQ(error->number(), 453);
     EXPECT_EQ(error->description(), L"Can't find DLL entry point RZObjectDoAction in velkvsadd.dll");
     EXPECT_EQ(RZTerminate(), 4711);
+}
+
+TEST_F(backendLibrary, missing_isALibraryFailureAlsoWhenKept)
+{
+    const std::optional<Error> failure = attempt([] { RZTerminate(); });
+    ASSERT_TRUE(failure);
+    EXPECT_TRUE(isBackendLibraryFailure(*failure));
+}
+
+TEST_F(backendLibrary, damaged_isALibraryFailure)
+{
+    putBytes("this is no library");
+    EXPECT_TRUE(isBackendLibraryFailure(attempt([] { RZTerminate(); }).value()));
+}
+
+TEST_F(backendLibrary, withoutTheFunction_isALibraryFailure)
+{
+    put(VELK_INCOMPLETE_BACKEND);
+    EXPECT_TRUE(isBackendLibraryFailure(attempt([] { RZObjectDoAction(1, 2); }).value()));
+}
+
+TEST_F(backendLibrary, failureOfAnother_isNoneWhateverItsNumber)
+{
+    EXPECT_FALSE(isBackendLibraryFailure(Error(errorFileNotFound, L"velkvsadd.dll")));
+    EXPECT_FALSE(isBackendLibraryFailure(Error(errorLoadingDll)));
+    EXPECT_FALSE(isBackendLibraryFailure(Error::fromResult(STG_E_FILENOTFOUND)));
 }
 
 TEST_F(backendLibrary, unloaded_isGoneAndLoadedAgainByTheNextCall)

@@ -155,6 +155,7 @@ void IMgrVI::undoOpen(const Error& failure, bool madeWindow) noexcept
     swallow(L"IMgrVI.open", L"the failed start is what counts", [this] { close(); });
     if (madeWindow)
         swallow(L"IMgrVI.open", L"the failed start is what counts", [this] { removeToolWindow(); });
+    m_hasWindows = static_cast<bool>(m_bars);
     // The file can be replaced by a right one only while nobody holds it; the next click loads it again. What failed
     // elsewhere leaves the library alone: it may have threads and windows by now, and others may work with it.
     if (isBackendLibraryFailure(failure))

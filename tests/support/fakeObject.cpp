@@ -75,6 +75,8 @@ HRESULT FakeObject::answer(DISPID id, WORD flags, const DISPPARAMS& parameters, 
     if (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) {
         write(member + L" = " + shown(arguments));
         m_values[id] = arguments.at(0);
+        if (const auto deed = m_deeds.find(id); deed != m_deeds.end())
+            deed->second();
         return S_OK;
     }
     const auto function = m_functions.find(id);

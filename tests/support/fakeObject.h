@@ -29,6 +29,12 @@ public:
         m_functions[idOf(member)] = std::move(answer);
         return this;
     }
+    // What happens inside an assignment to the member.
+    FakeObject* whenAssigned(const std::wstring& member, std::function<void()> deed)
+    {
+        m_deeds[idOf(member)] = std::move(deed);
+        return this;
+    }
     // From now on every use of the member fails with this error.
     FakeObject* failing(const std::wstring& member, Error error)
     {
@@ -64,6 +70,7 @@ private:
     std::vector<std::wstring> m_members;
     std::map<DISPID, variant> m_values;
     std::map<DISPID, Function> m_functions;
+    std::map<DISPID, std::function<void()>> m_deeds;
     std::map<DISPID, Error> m_failures;
 };
 

@@ -1,60 +1,13 @@
-#include "addin/Connect.h"
-#include "fakeIde.h"
+#include "connectFixture.h"
 #include "platform/module.h"
-#include "serverview/serverViewDoc.h"
-#include "support/fakeBackend.h"
-#include "ui/messageBox.h"
-#include "ui/splashscrnFrm.h"
-#include "ui/uiFont.h"
-
-#include <algorithm>
-#include <gmock/gmock.h>
 
 namespace velk {
 namespace {
 
 using Calls = std::vector<std::string>;
-using Lines = std::vector<std::wstring>;
+using test::Lines;
 
-class ConnectTest : public testing::Test {
-protected:
-    ConnectTest()
-    {
-        backend.texts = {{100, L"Tahoma"}, {101, L"10"}, {200, L"Rozel"}, {400, L"Server View"}, {669, L"No project"}};
-        setMessagePresenter([this](const std::wstring& text, uint32_t style, const std::wstring& title) {
-            messages.push_back(text + L"|" + std::to_wstring(style) + L"|" + title);
-            return IDOK;
-        });
-    }
-    ~ConnectTest() override
-    {
-        disconnect();
-        connect.reset();
-        setMessagePresenter({});
-        serverViewWindow() = {};
-        uiFont() = {};
-    }
-    void load()
-    {
-        connect = makeObject<Connect>();
-        connect->OnConnection(ide.dte.get(), ext_cm_Startup, ide.addin.get(), nullptr);
-    }
-    void disconnect()
-    {
-        if (connect)
-            connect->OnDisconnection(ext_dm_UserClosed, nullptr);
-    }
-    bool journalHas(const std::wstring& line) const
-    {
-        return std::find(ide.journal.begin(), ide.journal.end(), line) != ide.journal.end();
-    }
-    com_ptr<IDispatch> documentsManager() { return ide.document->read(L"IMgr").asObject(); }
-
-    test::FakeBackend backend;
-    test::FakeIde ide;
-    std::vector<std::wstring> messages;
-    com_ptr<Connect> connect;
-};
+class ConnectTest : public test::ConnectFixture {};
 
 TEST_F(ConnectTest, connection_setsTheUiFontFromTexts100And101)
 {
@@ -76,6 +29,59 @@ TEST_F(ConnectTest, fractionalFontSize_isRoundedHalvesToEven)
     backend.texts[101] = L"8.5 points";
     load();
     EXPECT_EQ(uiFont().size, 8);
+}
+
+TEST_F(ConnectTest, fontSizeNineAndAHalf_isRoundedToTheEvenTen)
+{
+    backend.texts[101] = L"9.5";
+    load();
+    EXPECT_EQ(uiFont().size, 10);
+}
+
+TEST_F(ConnectTest, connection_setsTheCharacterSetFromTheName)
+{
+    backend.texts[100] = L"\u00B1\u00BC\u00B8\u00B2";
+    load();
+    EXPECT_EQ(uiFont().charset, 134);
+}
+
+TEST_F(ConnectTest, barOfTheEntry_isAskedForByAnIntegerIndex)
+{
+    VARTYPE asked = VT_EMPTY;
+    ide.bars->function(L"Item", [&](const std::vector<variant>& arguments) {
+        asked = arguments.at(0).type();
+        return test::asVariant(ide.bar);
+    });
+    load();
+    EXPECT_EQ(asked, VT_I2);
+}
+
+TEST_F(ConnectTest, barThatComesAfterTheConnection_getsTheEntryWhenTheStartupIsComplete)
+{
+    ide.bars->failing(L"Item", Error(errorInvalidCall));
+    load();
+    EXPECT_FALSE(ide.entryEvents->isConnected());
+    ide.bars->mend(L"Item");
+    connect->OnStartupComplete(nullptr);
+    EXPECT_EQ(ide.entry->read(L"Caption").asText(), L"Rozel");
+    EXPECT_TRUE(ide.entryEvents->isConnected());
+}
+
+TEST_F(ConnectTest, entryThatIsThere_isNotMadeAgainWhenTheStartupIsComplete)
+{
+    load();
+    connect->OnStartupComplete(nullptr);
+    EXPECT_EQ(std::count(ide.journal.begin(), ide.journal.end(), L"Controls.Add(1)"), 1);
+}
+
+TEST_F(ConnectTest, startupCompleteAfterTheEnd_makesNoEntry)
+{
+    ide.bars->failing(L"Item", Error(errorInvalidCall));
+    load();
+    disconnect();
+    ide.bars->mend(L"Item");
+    connect->OnStartupComplete(nullptr);
+    EXPECT_FALSE(journalHas(L"Controls.Add(1)"));
 }
 
 TEST_F(ConnectTest, connection_addsTheEntryToBar13)

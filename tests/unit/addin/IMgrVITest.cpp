@@ -158,6 +158,122 @@ TEST_F(IMgrVITest, hostThatTakesTheDocumentAsAVariant_isServedToo)
     EXPECT_EQ(timesInJournal(L"Document.setupGUI()"), 1);
 }
 
+// A host that takes the document by reference to an object, and leaves it empty.
+class EmptyDocumentTest : public IMgrVITest {
+protected:
+    EmptyDocumentTest()
+    {
+        ide.windows->function(L"CreateToolWindow", [this](const std::vector<variant>& arguments) {
+            const bool asVariant = arguments.at(4).type() == (VT_VARIANT | VT_BYREF);
+            if (asVariant && fillsTheVariant) {
+                *arguments.at(4).get().pvarVal = test::asVariant(ide.document).get();
+                ide.document->AddRef();
+            }
+            return test::asVariant(ide.toolWindow);
+        });
+    }
+    bool fillsTheVariant = false;
+};
+
+TEST_F(EmptyDocumentTest, otherForm_isTriedAndTheFirstWindowClosed)
+{
+    fillsTheVariant = true;
+    EXPECT_EQ(manager->openRZCommunication(), S_OK);
+    EXPECT_EQ(timesInJournal(L"Document.setupGUI()"), 1);
+    EXPECT_EQ(timesInJournal(L"ToolWindow.Close()"), 1);
+}
+
+TEST_F(EmptyDocumentTest, windowsOwnDocument_isTakenAtLast)
+{
+    ide.toolWindow->value(L"Object", test::asVariant(ide.document));
+    EXPECT_EQ(manager->openRZCommunication(), S_OK);
+    EXPECT_EQ(timesInJournal(L"Document.setupGUI()"), 1);
+}
+
+TEST_F(EmptyDocumentTest, hostWithoutAnyDocument_failsWithError91AndKeepsNoWindow)
+{
+    EXPECT_EQ(Error::fromResult(manager->openRZCommunication()).number(), errorObjectNotSet);
+    EXPECT_EQ(timesInJournal(L"ToolWindow.Close()"), 2);
+    EXPECT_FALSE(serverViewWindow().window);
+}
+
+TEST_F(IMgrVITest, splash_showsTheTextsOfTheBuildingInOrder)
+{
+    std::vector<int32_t> texts;
+    const auto text = backend.on.RZGetString;
+    backend.on.RZGetString = [&](int32_t number, char* buffer, int32_t capacity) {
+        if (number >= 641 && number <= 647)
+            texts.push_back(number);
+        return text(number, buffer, capacity);
+    };
+    manager->createRZUI();
+    EXPECT_EQ(texts, (std::vector<int32_t>{641, 643, 644, 645, 642}));
+}
+
+TEST_F(IMgrVITest, projectShownWhileTheEntriesAreBuilt_leavesTheSplashScreenAway)
+{
+    const auto text = backend.on.RZGetString;
+    backend.on.RZGetString = [&](int32_t number, char* buffer, int32_t capacity) {
+        if (number == 644)
+            unloadSplashScreen();
+        return text(number, buffer, capacity);
+    };
+    manager->createRZUI();
+    EXPECT_FALSE(isSplashScreenLoaded());
+}
+
+TEST_F(IMgrVITest, secondManagersFailedStart_leavesTheRunningSessionAlone)
+{
+    manager->openRZCommunication();
+    manager->createRZUI();
+    const com_ptr<IMgrVI> second = makeObject<IMgrVI>();
+    second->setupIM(nullptr, nullptr);
+    EXPECT_FALSE(SUCCEEDED(second->openRZCommunication()));
+    second->deleteRZUI();
+    EXPECT_EQ(timesInJournal(L"ToolWindow.Close()"), 0);
+    EXPECT_TRUE(isSplashScreenLoaded());
+    EXPECT_TRUE(GetModuleHandleW(L"velkvsadd.dll"));
+    EXPECT_EQ(backend.calls.size(), 1u);
+}
+
+TEST_F(IMgrVITest, openingTwice_opensOneSession)
+{
+    manager->openRZCommunication();
+    manager->openRZCommunication();
+    EXPECT_EQ(backend.calls.size(), 1u);
+}
+
+TEST_F(IMgrVITest, closingInsideRZInitialize_isCarriedOutWhenItReturns)
+{
+    const auto initialize = backend.on.RZInitialize;
+    backend.on.RZInitialize = [this, initialize](int32_t type, auto* file, auto* empty) {
+        manager->closeRZCommunication();
+        EXPECT_EQ(std::count(backend.calls.begin(), backend.calls.end(), "RZTerminate()"), 0);
+        return initialize(type, file, empty);
+    };
+    manager->openRZCommunication();
+    EXPECT_EQ(backend.calls.back(), "RZTerminate()");
+}
+
+TEST_F(IMgrVITest, openingAgainAfterAClose_opensANewSession)
+{
+    manager->openRZCommunication();
+    manager->closeRZCommunication();
+    EXPECT_EQ(manager->openRZCommunication(), S_OK);
+    EXPECT_EQ(backend.calls.size(), 3u);
+}
+
+TEST_F(IMgrVITest, viewRequestedWhileTheWindowIsBeingMade_makesNoSecondOne)
+{
+    ide.windows->function(L"CreateToolWindow", [this](const std::vector<variant>& arguments) {
+        EXPECT_FALSE(attempt([this] { requests().showDevView(); }) && timesInJournal(L"Document.setupGUI()") != 0);
+        *arguments.at(4).get().ppdispVal = com_ptr<IDispatch>(ide.document.get()).detach();
+        return test::asVariant(ide.toolWindow);
+    });
+    manager->openRZCommunication();
+    EXPECT_EQ(timesInJournal(L"Document.setupGUI()"), 1);
+}
+
 TEST_F(IMgrVITest, lateBoundCaller_findsTheManagersOwnMembers)
 {
     const com_ptr<IDispatch> face(manager.tryAs<IDispatch>());

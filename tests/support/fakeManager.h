@@ -110,7 +110,13 @@ public:
         *name = bstr(rzFile).detach();
         return note(L"getRZFileName");
     }
-    STDMETHODIMP openRZProject() noexcept override { return note(L"openRZProject"); }
+    std::function<void()> onOpenRZProject;
+    STDMETHODIMP openRZProject() noexcept override
+    {
+        if (onOpenRZProject)
+            onOpenRZProject();
+        return note(L"openRZProject");
+    }
     STDMETHODIMP getProjList(SAFEARRAY** list) noexcept override { return give(list, projects, L"getProjList"); }
     STDMETHODIMP getDataEnvList(SAFEARRAY** list, BSTR* project) noexcept override
     {

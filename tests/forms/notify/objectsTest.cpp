@@ -24,7 +24,7 @@ protected:
             messages.push_back(text);
             return IDOK;
         });
-        const IntegrationMgr shared(com_ptr<_IntegrationMgr>(manager.get()));
+        const IntegrationMgr shared(com_ptr<_IntegrationMgr>(manager.get()), session);
         view.setIMgr(shared);
         view.setupGUI();
         pump->setIMMgr(shared);
@@ -53,6 +53,28 @@ protected:
         pump->timerThread_Timer();
     }
 
+    // Key, tag, text and picture of each node below another, in order.
+    Lines nodesBelow(const std::wstring& key)
+    {
+        Lines found;
+        tree().select(key);
+        TVITEMW child{};
+        child.mask = TVIF_PARAM;
+        child.hItem = next(TVGN_CHILD, next(TVGN_CARET, nullptr));
+        for (; child.hItem; child.hItem = next(TVGN_NEXT, child.hItem)) {
+            tree().send(TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&child));
+            const auto& node = *reinterpret_cast<const TreeNode*>(child.lParam);
+            found.push_back(node.key + L" " + node.tag + L" " + node.text + L" " + imageOf(node.key));
+        }
+        return found;
+    }
+
+    HTREEITEM next(WPARAM which, HTREEITEM from)
+    {
+        return reinterpret_cast<HTREEITEM>(tree().send(TVM_GETNEXTITEM, which, reinterpret_cast<LPARAM>(from)));
+    }
+
+    Session session;
     Lines messages;
     Lines journal;
     com_ptr<test::FakeManager> manager = makeObject<test::FakeManager>(journal);
@@ -229,6 +251,96 @@ TEST_F(ObjectsTest, addedProjectInAnotherIde_storesNoFileName)
     backend.projects[5] = {.strName = L"invoices", .strPath = L"D:\\other\\invoices.rzv"};
     tell(added, 5, 5);
     EXPECT_EQ(journal, Lines{L"showDevView"});
+}
+
+TEST_F(ObjectsTest, addedConnection_getsItsFiveFoldersInOrder)
+{
+    backend.connections[60] = {.lHdl = 60,
+                               .strDatabase = L"SALES",
+                               .lProceduresHdl = 61,
+                               .lFunctionsHdl = 62,
+                               .lTriggersHdl = 63,
+                               .lTablesHdl = 64,
+                               .lViewsHdl = 65};
+    tell(added, 6, 60);
+    EXPECT_EQ(nodesBelow(L"K60"), (Lines{L"K61 7 #426 RZFolder", L"K62 9 #427 RZFolder", L"K63 11 #428 RZFolder",
+                                         L"K64 13 #429 RZFolder", L"K65 15 #430 RZFolder"}));
+    EXPECT_EQ(tree().parentOf(L"K60"), L"K1");
+    EXPECT_EQ(tree().node(L"K60").text, L"SALES");
+}
+
+TEST_F(ObjectsTest, addedConnection_expandsTheSelectedNode)
+{
+    backend.connections[60] = {.lHdl = 60, .strDatabase = L"SALES"};
+    select(L"K1");
+    ASSERT_FALSE(tree().isExpanded(L"K1"));
+    tell(added, 6, 60);
+    EXPECT_TRUE(tree().isExpanded(L"K1"));
+}
+
+TEST_F(ObjectsTest, connectionOfAnUnknownProject_getsNoNodes)
+{
+    backend.connections[60] = {.lHdl = 60, .strDatabase = L"SALES", .lProceduresHdl = 61};
+    backend.notify(added, 99, 60, 6, 60);
+    pump->timerThread_Timer();
+    EXPECT_FALSE(tree().has(L"K60"));
+    EXPECT_FALSE(tree().has(L"K61"));
+}
+
+TEST_F(ObjectsTest, contentsOfAFolderThatIsNotSelected_giveItThePlainLookAllTheSame)
+{
+    setFolderFiltered(L"K20", true);
+    select(L"K23");
+    backend.notify(5, 1, 10, 7, 20);
+    pump->timerThread_Timer();
+    EXPECT_EQ(imageOf(L"K20"), L"RZFolder");
+    EXPECT_EQ(backend.calls, Calls{});
+}
+
+class EnumerationTest : public ObjectsTest, public testing::WithParamInterface<Kind> {};
+
+TEST_P(EnumerationTest, enumerationThatCannotBegin_isEndedAllTheSame)
+{
+    select(GetParam().folder); // its handle is not one of a folder that the tool can enumerate
+    backend.notify(5, 1, 10, GetParam().objectKind - 1, 77);
+    pump->timerThread_Timer();
+    ASSERT_EQ(backend.calls.size(), 2u);
+    EXPECT_THAT(backend.calls[0], testing::HasSubstr("EnumBegin(77"));
+    EXPECT_THAT(backend.calls[1], testing::HasSubstr("EnumEnd("));
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryKind, EnumerationTest,
+                         testing::Values(Kind{8, L"K20", "", L""}, Kind{10, L"K21", "", L""}, Kind{12, L"K22", "", L""},
+                                         Kind{14, L"K23", "", L""}, Kind{16, L"K24", "", L""}));
+
+TEST_F(ObjectsTest, folderSelectedWhileAnotherIsFilled_getsNoneOfItsRows)
+{
+    backend.folders[20] = {100};
+    backend.procedures[101] = {.strName = L"SECOND"};
+    backend.folders[20] = {100, 101};
+    select(L"K20");
+    const auto next = backend.on.RZProcedureEnumNext;
+    backend.on.RZProcedureEnumNext = [this, next](int32_t enumeration, auto* record) {
+        tree().select(L"K23");
+        return next(enumeration, record);
+    };
+    tell(5, 7, 20);
+    EXPECT_EQ(list().rows().size(), 0u);
+    EXPECT_EQ(backend.enumerations.size(), 0u);
+}
+
+TEST_F(ObjectsTest, sessionThatEndsWhileAFolderIsFilled_asksNothingMore)
+{
+    backend.folders[20] = {100};
+    select(L"K20");
+    const auto next = backend.on.RZProcedureEnumNext;
+    backend.on.RZProcedureEnumNext = [this, next](int32_t enumeration, auto* record) {
+        session.enter(SessionState::ending);
+        return next(enumeration, record);
+    };
+    tell(5, 7, 20);
+    EXPECT_EQ(backend.calls.back(), "RZProcedureEnumNext(1)");
+    EXPECT_EQ(list().rows().size(), 0u);
 }
 
 } // namespace

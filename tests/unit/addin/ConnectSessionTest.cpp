@@ -2,7 +2,7 @@
 
 #include "connectFixture.h"
 
-#include "platform/module.h"
+#include "support/failureLog.h"
 
 namespace velk {
 namespace {
@@ -251,6 +251,16 @@ TEST_F(ConnectSessionTest, ideThatFailsToTellItsSolution_isToldAndTheEntryStays)
     ide.dte->mend(L"Solution");
     ide.clickEntry();
     EXPECT_EQ(backend.calls.size(), 1u);
+}
+
+TEST_F(ConnectSessionTest, failedStart_isReportedOnce)
+{
+    load();
+    ide.windows->failing(L"CreateToolWindow", Error(errorPermissionDenied));
+    const test::FailureLog log;
+    ide.clickEntry();
+    EXPECT_EQ(std::count(log.lines.begin(), log.lines.end(), L"Connect.start: 70"), 1);
+    EXPECT_EQ(log.lines.size(), 1u);
 }
 
 TEST_F(ConnectSessionTest, end_unloadsThePumpBeforeRZTerminate)

@@ -1,6 +1,7 @@
 #include "addin/IMgrVI.h"
 #include "fakeIde.h"
 #include "platform/automation.h"
+#include "platform/module.h"
 #include "serverview/serverViewDoc.h"
 #include "support/fakeBackend.h"
 #include "ui/splashscrnFrm.h"
@@ -272,6 +273,21 @@ TEST_F(IMgrVITest, viewRequestedWhileTheWindowIsBeingMade_makesNoSecondOne)
     });
     manager->openRZCommunication();
     EXPECT_EQ(timesInJournal(L"Document.setupGUI()"), 1);
+}
+
+TEST_F(IMgrVITest, startThatFailsAfterRZInitialize_isUndone)
+{
+    // The pump's class is taken, so it cannot be made.
+    WNDCLASSW taken{};
+    taken.lpfnWndProc = DefWindowProcW;
+    taken.hInstance = module::instance();
+    taken.lpszClassName = L"velkviadd.notificationThreadFrm";
+    ASSERT_TRUE(RegisterClassW(&taken));
+    manager->openRZCommunication();
+    UnregisterClassW(taken.lpszClassName, taken.hInstance);
+    EXPECT_EQ(backend.calls.back(), "RZTerminate()");
+    EXPECT_EQ(timesInJournal(L"ToolWindow.Close()"), 1);
+    EXPECT_EQ(manager->openRZCommunication(), S_OK);
 }
 
 TEST_F(IMgrVITest, lateBoundCaller_findsTheManagersOwnMembers)

@@ -50,6 +50,16 @@ TEST_F(TroubleTest, backendWithoutAFunction_isNamedAndALaterClickWorks)
     EXPECT_EQ(runUntilMended("RZGetNotification"), 0u);
 }
 
+// It may have threads and windows of its own by then.
+TEST_F(TroubleTest, startThatFailsInTheIde_keepsTheLibrary)
+{
+    EXPECT_EQ(run("open-solution $SAMPLE\\orders.sln\nclick Add-Ins/#1\nexpect-message CreateToolWindow\nanswer ok\n"
+                  "expect-no-message\nexpect-module velkvsadd.dll loaded\nunload velkviadd.Connect\n"
+                  "expect-module velkviadd.dll unloaded\nexpect-module velkvsadd.dll unloaded\n",
+                  L"--fail Windows.CreateToolWindow"),
+              0u);
+}
+
 TEST_F(TroubleTest, projectFileMissing_isNamedAndTheViewLivesWithAnEmptyProject)
 {
     EXPECT_EQ(run("delete-file $SAMPLE\\rz\\orders.rzv\nopen-solution $SAMPLE\\orders.sln\n"

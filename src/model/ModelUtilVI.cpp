@@ -54,13 +54,13 @@ HRESULT ModelUtilVI::printToFocusedWindow(BSTR* strText, VARIANT_BOOL* toStatusW
         if (!strText || !toStatusWin)
             throw Error(errorInvalidCall);
         const bool toStatus = *toStatusWin != VARIANT_FALSE;
-        if (toStatus && !m_statusWindow)
+        const com_ptr<IDispatch> window = m_statusWindow; // kept, whatever the IDE does meanwhile
+        if (toStatus && !window)
             return;
         if (toStatus) {
-            automation::put(m_statusWindow, L"Visible", variant(true));
+            automation::put(window, L"Visible", variant(true));
             // Hosts of this family know the one or the other.
-            automation::call(m_statusWindow,
-                             automation::hasMember(m_statusWindow.get(), L"SetFocus") ? L"SetFocus" : L"Activate");
+            automation::call(window, automation::hasMember(window.get(), L"SetFocus") ? L"SetFocus" : L"Activate");
         }
         sendKeys(std::wstring(bstr::viewOf(*strText)), toStatus);
     });

@@ -1,9 +1,9 @@
 #include "model/ModelUtilVI.h"
+#include "ideWithWindows.h"
 #include "model/ModelUtil.h"
 #include "model/stringArrays.h"
 #include "platform/automation.h"
 #include "platform/module.h"
-#include "support/fakeObject.h"
 #include "support/folders.h"
 
 #include <filesystem>
@@ -14,25 +14,9 @@
 namespace velk {
 namespace {
 
-using test::asVariant;
 using test::FakeObject;
 using test::fakeObject;
-
-// An IDE whose windows have these types, in collection order.
-com_ptr<FakeObject> ideWithWindows(std::vector<int32_t> types, FakeObject::Journal* journal = nullptr)
-{
-    auto windows = fakeObject(L"Windows", journal);
-    windows->value(L"Count", variant(static_cast<int32_t>(types.size())));
-    windows->function(L"Item", [types, journal](const std::vector<variant>& arguments) {
-        const int32_t index = arguments.at(0).asLong();
-        auto window = fakeObject(L"Window" + std::to_wstring(index), journal);
-        window->value(L"Type", variant(types.at(static_cast<size_t>(index) - 1)));
-        return asVariant(window);
-    });
-    auto ide = fakeObject(L"DTE", journal);
-    ide->value(L"Windows", asVariant(windows));
-    return ide;
-}
+using test::ideWithWindows;
 
 TEST(ModelUtilVI, bindingWithWindowOfType5_takesTheFirst)
 {
@@ -67,6 +51,33 @@ TEST(ModelUtilVI, boundInstance_isReadBack)
     com_ptr<IDispatch> read;
     EXPECT_EQ(model->get_VIInstance(read.put()), S_OK);
     EXPECT_EQ(read.get(), ide.get());
+}
+
+TEST(ModelUtilVI, newBinding_forgetsTheStatusWindowOfTheOneBefore)
+{
+    const auto model = makeObject<ModelUtilVI>();
+    model->putref_VIInstance(ideWithWindows({5}).get());
+    ASSERT_TRUE(model->statusWindow());
+    model->putref_VIInstance(ideWithWindows({6}).get());
+    EXPECT_FALSE(model->statusWindow());
+}
+
+TEST(ModelUtilVI, end_letsTheIdeAndTheStatusWindowGo)
+{
+    const auto references = [](IDispatch& object) {
+        object.AddRef();
+        return object.Release();
+    };
+    const auto window = fakeObject(L"Window");
+    window->value(L"Type", variant(int32_t{5}));
+    auto ide = test::ideWith({window});
+    auto model = makeObject<ModelUtilVI>();
+    model->putref_VIInstance(ide.get());
+    EXPECT_EQ(references(*ide.get()), 2u);
+    const ULONG held = references(*window.get());
+    model.reset();
+    EXPECT_EQ(references(*ide.get()), 1u);
+    EXPECT_EQ(references(*window.get()), held - 1);
 }
 
 TEST(ModelUtilVI, GetDevLanguage_isTheTextThree)

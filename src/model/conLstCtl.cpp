@@ -82,26 +82,48 @@ void conLstCtl::fill(int combo, const std::vector<std::wstring>& texts) const
         selectInList(combo, 0);
 }
 
+// What stands in a list, and in those below it, belongs to the choice before. It goes before the manager is asked: a
+// request that fails leaves no entries that do not belong to what is shown above them.
+void conLstCtl::clear(std::initializer_list<int> combos) const
+{
+    for (const int combo : combos)
+        fillList(combo, {});
+}
+
 // Selecting the first entry does what the user's selection does: it fills the list below.
 void conLstCtl::fillProjects()
 {
-    fill(projCombo, m_IMgr.getProjList());
+    clear({projCombo, dataEnvCombo, conCombo});
+    const IntegrationMgr manager = m_IMgr; // kept: the form may be taken down while it answers
+    fill(projCombo, manager.getProjList());
     projCombo_Click();
 }
 
 void conLstCtl::fillDataEnvironments()
 {
+    clear({dataEnvCombo, conCombo});
     const std::wstring project = selectedInList(projCombo);
-    fill(dataEnvCombo, project.empty() ? std::vector<std::wstring>() : m_IMgr.getDataEnvList(project));
+    if (project.empty())
+        return;
+    const IntegrationMgr manager = m_IMgr;
+    const std::vector<std::wstring> environments = manager.getDataEnvList(project);
+    if (selectedInList(projCombo) != project)
+        return; // the user chose another one meanwhile, and that one's are there
+    fill(dataEnvCombo, environments);
     dataEnvCombo_Click();
 }
 
 void conLstCtl::fillConnections()
 {
+    clear({conCombo});
     const std::wstring project = selectedInList(projCombo);
     const std::wstring environment = selectedInList(dataEnvCombo);
-    const bool isAsked = !project.empty() && !environment.empty();
-    fill(conCombo, isAsked ? m_IMgr.getConnectionList(environment, project) : std::vector<std::wstring>());
+    if (project.empty() || environment.empty())
+        return;
+    const IntegrationMgr manager = m_IMgr;
+    const std::vector<std::wstring> connections = manager.getConnectionList(environment, project);
+    if (selectedInList(projCombo) == project && selectedInList(dataEnvCombo) == environment)
+        fill(conCombo, connections);
 }
 
 void conLstCtl::okBtn_Click()

@@ -3,6 +3,7 @@
 #include "model/IntegrationMgr.h"
 #include "platform/dialog.h"
 
+#include <initializer_list>
 #include <string>
 
 namespace velk {
@@ -52,6 +53,7 @@ private:
     void dataEnvCombo_Click() { fillConnections(); }
     void okBtn_Click();
     void cancelBtn_Click();
+    void clear(std::initializer_list<int> combos) const;
     void fill(int combo, const std::vector<std::wstring>& texts) const;
 
     IntegrationMgr m_IMgr;

@@ -91,6 +91,8 @@ public:
     std::map<std::wstring, std::vector<std::wstring>> dataEnvironments; // by project
     std::map<std::wstring, std::vector<std::wstring>> connections;      // by "project/environment"
     com_ptr<FakeModel> model = makeObject<FakeModel>(m_journal);
+    // Runs inside every request that is written down, before it answers.
+    std::function<void(const std::wstring& request)> whileAsked;
 
     std::function<void()> onShowDevView;
 
@@ -152,6 +154,8 @@ private:
     HRESULT note(const wchar_t* what) noexcept
     {
         m_journal.push_back(what);
+        if (const auto asked = whileAsked) // a copy: it may take itself away
+            asked(what);
         return failWith;
     }
 };

@@ -1,44 +1,16 @@
-#include "model/conLstCtl.h"
-#include "support/fakeBackend.h"
-#include "support/fakeManager.h"
-
-#include <gtest/gtest.h>
+#include "conLstCtlFixture.h"
 
 namespace velk {
 namespace {
 
-class conLstCtlTest : public testing::Test {
-protected:
-    conLstCtlTest()
-    {
-        backend.numbersAsTexts = true;
-        manager->projects = {L"Web", L"Tools"};
-        manager->dataEnvironments = {{L"Web", {L"DE1", L"DE2"}}, {L"Tools", {L"DE3"}}};
-        manager->connections = {{L"Web/DE1", {L"C1", L"C2"}}, {L"Web/DE2", {L"C3"}}, {L"Tools/DE3", {L"C4"}}};
-        form.setIMgr(IntegrationMgr(com_ptr<_IntegrationMgr>(manager.get())));
-    }
-    void press(int id) { SendMessageW(form.hwnd(), WM_COMMAND, static_cast<WPARAM>(id), 0); }
-    void choose(int combo, int index)
-    {
-        form.selectInList(combo, index);
-        SendMessageW(form.hwnd(), WM_COMMAND, MAKEWPARAM(combo, CBN_SELCHANGE), 0);
-    }
+class conLstCtlTest : public test::ConLstCtlFixture {};
 
-    test::FakeBackend backend;
-    test::Lines journal;
-    com_ptr<test::FakeManager> manager = makeObject<test::FakeManager>(journal);
-    conLstCtl form;
-};
-
-TEST_F(conLstCtlTest, namingACommand_showsTheConnectionsAndItsTexts)
+TEST_F(conLstCtlTest, namingACommand_showsTheConnectionsAndTheOfferedName)
 {
+    form.setupGUI(L"RZConnection", false);
     form.setupGUI(L"RZCommand", true);
     EXPECT_TRUE(form.isVisible(conLstCtl::conCombo));
     EXPECT_TRUE(form.isVisible(conLstCtl::conLbl));
-    EXPECT_EQ(form.caption(), L"#525");
-    EXPECT_EQ(form.text(conLstCtl::descLbl), L"#532");
-    EXPECT_EQ(form.text(conLstCtl::nameLbl), L"#526");
-    EXPECT_EQ(form.text(conLstCtl::conLbl), L"#530");
     EXPECT_EQ(form.text(conLstCtl::nameTxt), L"RZCommand");
 }
 
@@ -47,18 +19,7 @@ TEST_F(conLstCtlTest, namingAConnection_hidesTheConnections)
     form.setupGUI(L"RZConnection", false);
     EXPECT_FALSE(form.isVisible(conLstCtl::conCombo));
     EXPECT_FALSE(form.isVisible(conLstCtl::conLbl));
-    EXPECT_EQ(form.caption(), L"#524");
-    EXPECT_EQ(form.text(conLstCtl::descLbl), L"#531");
-    EXPECT_EQ(form.text(conLstCtl::nameLbl), L"#527");
-}
-
-TEST_F(conLstCtlTest, sharedCaptions_comeFromTheTool)
-{
-    form.setupGUI(L"", false);
-    EXPECT_EQ(form.text(conLstCtl::projLbl), L"#528");
-    EXPECT_EQ(form.text(conLstCtl::dataEnvLbl), L"#529");
-    EXPECT_EQ(form.text(conLstCtl::okBtn), L"#520");
-    EXPECT_EQ(form.text(conLstCtl::cancelBtn), L"#521");
+    EXPECT_EQ(form.text(conLstCtl::nameTxt), L"RZConnection");
 }
 
 TEST_F(conLstCtlTest, lists_areFilledFromTheFirstEntriesDown)
@@ -136,6 +97,26 @@ TEST_F(conLstCtlTest, title_isTheCaption)
 {
     form.setTitle(L"Anything");
     EXPECT_EQ(form.caption(), L"Anything");
+}
+
+TEST_F(conLstCtlTest, decisionBeforeAnyButton_isFalse)
+{
+    EXPECT_EQ(form.userDecision(), L"False");
+    form.setSelectedName(L"given");
+    EXPECT_EQ(form.selectedName(), L"given");
+}
+
+TEST_F(conLstCtlTest, end_letsTheManagerGoAndForgetsTheResults)
+{
+    form.setupGUI(L"x", true);
+    press(conLstCtl::okBtn);
+    form.terminate();
+    EXPECT_FALSE(form.IMgr());
+    manager->AddRef();
+    EXPECT_EQ(manager->Release(), 1u); // the test's own
+    EXPECT_FALSE(form.isLoaded());
+    EXPECT_EQ(form.userDecision(), L"False");
+    EXPECT_EQ(form.selectedName() + form.selectedProj() + form.selectedDataEnv() + form.selectedCon(), L"");
 }
 
 TEST_F(conLstCtlTest, shownModally_waitsUntilAButtonIsPressed)

@@ -16,15 +16,21 @@ namespace {
 constexpr int welcomePicture = 130;
 constexpr int loadingText = 641;
 
-// Pixels. The picture's size is fixed; status line and bar stand below it.
+// Pixels: the picture's size is fixed. What stands below it is measured by the font.
 constexpr int pictureWidth = 396;
 constexpr int pictureHeight = 355;
-constexpr int margin = 8;
-constexpr int barHeight = 16;
-constexpr int statusHeight = 20;
-constexpr int statusTop = pictureHeight + margin;
-constexpr int barTop = statusTop + statusHeight + margin / 2;
-constexpr int formHeight = barTop + barHeight + margin;
+
+// The height of a line of text.
+int lineHeight(HFONT font)
+{
+    const HDC screen = GetDC(nullptr);
+    const HGDIOBJ old = SelectObject(screen, font);
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(screen, &metrics);
+    SelectObject(screen, old);
+    ReleaseDC(nullptr, screen);
+    return metrics.tmHeight;
+}
 
 std::unique_ptr<splashscrnFrm>& splashSlot()
 {
@@ -52,21 +58,13 @@ splashscrnFrm::~splashscrnFrm()
 
 void splashscrnFrm::load()
 {
-    RECT frame{0, 0, pictureWidth, formHeight};
     constexpr DWORD style = WS_POPUP | WS_DLGFRAME | WS_CLIPCHILDREN;
-    AdjustWindowRect(&frame, style, FALSE);
-    const int width = frame.right - frame.left;
-    const int height = frame.bottom - frame.top;
-    RECT work{};
-    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
-    create({dialogOwner(), style, WS_EX_TOOLWINDOW, (work.left + work.right - width) / 2,
-            (work.top + work.bottom - height) / 2, width, height, L""});
+    create({dialogOwner(), style, WS_EX_TOOLWINDOW, 0, 0, 0, 0, L""});
     const HINSTANCE instance = module::instance();
-    m_statusLbl =
-        CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS, margin,
-                        statusTop, pictureWidth - 2 * margin, statusHeight, hwnd(), nullptr, instance, nullptr);
-    m_progressBar1 = CreateWindowExW(0, PROGRESS_CLASSW, L"", WS_CHILD | WS_VISIBLE | PBS_SMOOTH, margin, barTop,
-                                     pictureWidth - 2 * margin, barHeight, hwnd(), nullptr, instance, nullptr);
+    m_statusLbl = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS, 0,
+                                  0, 0, 0, hwnd(), nullptr, instance, nullptr);
+    m_progressBar1 = CreateWindowExW(0, PROGRESS_CLASSW, L"", WS_CHILD | WS_VISIBLE | PBS_SMOOTH, 0, 0, 0, 0, hwnd(),
+                                     nullptr, instance, nullptr);
     throwLastErrorUnless(m_statusLbl && m_progressBar1);
     swallow(L"splashscrnFrm", L"the form serves without its picture",
             [this] { m_welcomeImage = loadPicture(welcomePicture); });
@@ -78,7 +76,27 @@ void splashscrnFrm::Form_Load()
 {
     m_font = makeFont(uiFont());
     SendMessageW(m_statusLbl, WM_SETFONT, reinterpret_cast<WPARAM>(m_font.get()), FALSE);
+    layOut();
     SetWindowTextW(m_statusLbl, getRZString(loadingText).c_str());
+}
+
+// The status line and, half a line apart, the bar: each as high as a line, below the picture.
+void splashscrnFrm::layOut()
+{
+    const int line = lineHeight(m_font.get());
+    const int margin = line / 2;
+    const int barTop = pictureHeight + margin + line + margin;
+    const int inside = pictureWidth - 2 * margin;
+    MoveWindow(m_statusLbl, margin, pictureHeight + margin, inside, line, FALSE);
+    MoveWindow(m_progressBar1, margin, barTop, inside, line, FALSE);
+    RECT frame{0, 0, pictureWidth, barTop + line + margin};
+    AdjustWindowRect(&frame, static_cast<DWORD>(GetWindowLongW(hwnd(), GWL_STYLE)), FALSE);
+    const int width = frame.right - frame.left;
+    const int height = frame.bottom - frame.top;
+    RECT work{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+    SetWindowPos(hwnd(), nullptr, (work.left + work.right - width) / 2, (work.top + work.bottom - height) / 2, width,
+                 height, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void splashscrnFrm::setProgressBarInterval(const int16_t& interval)
@@ -95,14 +113,21 @@ void splashscrnFrm::updateProgress(const std::wstring& text)
     m_value = next;
     SendMessageW(m_progressBar1, PBM_SETPOS, position(next), 0);
     SetWindowTextW(m_statusLbl, text.c_str());
-    // Start-up code does not return to the message loop between its steps.
-    RedrawWindow(hwnd(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    redraw();
 }
 
 void splashscrnFrm::setVisible()
 {
     ShowWindow(hwnd(), SW_SHOWNA);
-    RedrawWindow(hwnd(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    redraw();
+}
+
+// Start-up code does not return to the message loop between its steps.
+void splashscrnFrm::redraw()
+{
+    // The window goes with its owner, and no window would be the desktop.
+    if (hwnd())
+        RedrawWindow(hwnd(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
 void splashscrnFrm::paint()
@@ -116,25 +141,28 @@ void splashscrnFrm::paint()
 
 LRESULT splashscrnFrm::handle(UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if (message == WM_PAINT) {
+    switch (message) {
+    case WM_PAINT:
         paint();
         return 0;
-    }
-    if (message == WM_MOUSEACTIVATE)
+    case WM_MOUSEACTIVATE:
         return MA_NOACTIVATE;
+    case WM_DESTROY:
+        m_statusLbl = m_progressBar1 = nullptr; // another window may get their handles
+    }
     return handleDefault(message, wParam, lParam);
 }
 
 splashscrnFrm& splashScreen()
 {
-    if (!splashSlot())
+    if (!isSplashScreenLoaded())
         splashSlot() = std::make_unique<splashscrnFrm>();
     return *splashSlot();
 }
 
 bool isSplashScreenLoaded() noexcept
 {
-    return splashSlot() != nullptr;
+    return splashSlot() && splashSlot()->hwnd();
 }
 
 void unloadSplashScreen() noexcept

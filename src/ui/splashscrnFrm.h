@@ -9,7 +9,8 @@
 namespace velk {
 
 // The window that is shown while the add-in and the tool start and a project is opened: a picture, a status line and
-// a progress bar that start-up code advances by one a stage. Loading it fills the status line and shows the window.
+// a progress bar that start-up code advances by one a stage. Loading it fills the status line and shows the window. The
+// IDE's window takes it along when it goes: steps are counted then, and nothing shows them.
 class splashscrnFrm : public Window {
 public:
     splashscrnFrm();
@@ -31,6 +32,8 @@ protected:
 private:
     void load();
     void Form_Load();
+    void layOut();
+    void redraw();
     void paint();
 
     com_ptr<IPicture> m_welcomeImage;
@@ -41,7 +44,8 @@ private:
     float m_value = 0.0f;
 };
 
-// The add-in's one splash screen: made with its first use; after an unload the next use makes it afresh.
+// The add-in's one splash screen: made with its first use; after an unload, or after the IDE's window took it along,
+// the next use makes it afresh.
 splashscrnFrm& splashScreen();
 bool isSplashScreenLoaded() noexcept;
 void unloadSplashScreen() noexcept;

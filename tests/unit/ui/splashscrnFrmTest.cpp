@@ -81,15 +81,11 @@ TEST_F(splashscrnFrmTest, useAfterUnload_startsAfresh)
     EXPECT_NO_THROW(splashScreen().updateProgress(L"again"));
 }
 
-TEST_F(splashscrnFrmTest, pictureArea_is396x355AboveTheStatusLine)
+TEST_F(splashscrnFrmTest, interval_isTheBarsMaximum)
 {
-    RECT client{};
-    RECT status{};
-    GetClientRect(splashScreen().hwnd(), &client);
-    GetWindowRect(splashScreen().statusLbl(), &status);
-    MapWindowPoints(nullptr, splashScreen().hwnd(), reinterpret_cast<POINT*>(&status), 2);
-    EXPECT_EQ(client.right, 396);
-    EXPECT_GE(status.top, 355);
+    splashScreen().setProgressBarInterval(6);
+    EXPECT_EQ(SendMessageW(splashScreen().ProgressBar1(), PBM_GETRANGE, FALSE, 0), 6);
+    EXPECT_EQ(SendMessageW(splashScreen().ProgressBar1(), PBM_GETPOS, 0, 0), 0);
 }
 
 } // namespace

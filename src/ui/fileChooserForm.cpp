@@ -37,28 +37,44 @@ std::wstring systemFilter(const std::wstring& filter)
     return text + L'\0';
 }
 
+// The first pattern of the first pair.
+std::wstring firstPattern(const std::wstring& systemFilter)
+{
+    const std::wstring patterns = systemFilter.c_str() + wcslen(systemFilter.c_str()) + 1;
+    return patterns.empty() ? L"*.*" : patterns.substr(0, patterns.find(L';'));
+}
+
 // The system adds the extension without a dot; one that is given with a dot means the same.
 std::wstring systemExtension(const std::wstring& extension)
 {
     return extension.starts_with(L'.') ? extension.substr(1) : extension;
 }
 
-struct Question {
-    const std::wstring& title;
-    const std::wstring& filter;
-    const std::wstring& extension;
-    const std::wstring& folder;
-    DWORD flags;
-    bool isSave;
-};
+bool isFolder(const std::wstring& path)
+{
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+// What stands in the file field at first: a pattern in the folder to begin with. A path there counts on every Windows;
+// instead of the plain setting of the folder, the later ones prefer the folder that was used last. Empty where there is
+// no such folder: the setting is all that is left then.
+std::wstring firstField(const std::wstring& folder, const std::wstring& pattern)
+{
+    const std::wstring path = folder + L"\\";
+    const bool fits = path.size() + pattern.size() < pathRoom;
+    return !folder.empty() && fits && isFolder(path) ? path + pattern : std::wstring();
+}
 
 // The chosen full path; empty when there is none.
-std::wstring ask(const Question& question)
+std::wstring ask(const FileQuestion& question)
 {
     const module::keep_loaded untilAnswered;
     const std::wstring filter = systemFilter(question.filter);
     const std::wstring extension = systemExtension(question.extension);
-    std::wstring file(pathRoom, L'\0');
+    const std::wstring field = firstField(question.folder, firstPattern(filter));
+    std::wstring file = field;
+    file.resize(pathRoom);
     OPENFILENAMEW dialog{};
     dialog.lStructSize = sizeof dialog;
     dialog.hwndOwner = boxOwner();
@@ -66,11 +82,12 @@ std::wstring ask(const Question& question)
     dialog.lpstrFilter = filter.c_str();
     dialog.nFilterIndex = 1;
     dialog.lpstrDefExt = extension.c_str();
-    dialog.lpstrInitialDir = question.folder.empty() ? nullptr : question.folder.c_str();
+    // One of the two, never both: beside a setting that it has seen before, the system overlooks the field's folder.
+    dialog.lpstrInitialDir = question.folder.empty() || !field.empty() ? nullptr : question.folder.c_str();
     dialog.lpstrFile = file.data();
     dialog.nMaxFile = static_cast<DWORD>(file.size());
     dialog.Flags = question.flags | presentDayLook;
-    const bool isChosen = presenter()       ? presenter()(dialog, question.isSave)
+    const bool isChosen = presenter()       ? presenter()(dialog, question)
                           : question.isSave ? GetSaveFileNameW(&dialog) != FALSE
                                             : GetOpenFileNameW(&dialog) != FALSE;
     return isChosen ? std::wstring(file.c_str()) : std::wstring();

@@ -24,11 +24,11 @@ protected:
                 whileMenuIsOpen();
             return chosen;
         });
-        setFileDialogPresenter([this](OPENFILENAMEW& dialog, bool) {
+        setFileDialogPresenter([this](OPENFILENAMEW& dialog, const FileQuestion&) {
             asked = dialog.lpstrInitialDir ? dialog.lpstrInitialDir : L"(none)";
             title = dialog.lpstrTitle;
             filter = std::wstring(dialog.lpstrFilter);
-            chosenFile.copy(dialog.lpstrFile, dialog.nMaxFile);
+            lstrcpynW(dialog.lpstrFile, chosenFile.c_str(), static_cast<int>(dialog.nMaxFile));
             return !chosenFile.empty();
         });
         view.setIMgr(IntegrationMgr(com_ptr<_IntegrationMgr>(manager.get())));

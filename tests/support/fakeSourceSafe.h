@@ -21,7 +21,8 @@ public:
         database->function(L"Open", nothing)->function(L"VSSItem", [this](const std::vector<variant>& arguments) {
             return asVariant(arguments.at(0).asText() == L"$/" ? root : item);
         });
-        root->value(L"Items", asVariant(children))->function(L"NewSubproject", nothing);
+        root->function(L"Items", [this](const std::vector<variant>&) { return asVariant(children); })
+            ->function(L"NewSubproject", nothing);
         root->value(L"Name", variant(L""))->function(L"Add", nothing);
         children->value(L"Count", variant(int32_t{2}))
             ->function(L"Item", [this](const std::vector<variant>& arguments) {
@@ -53,6 +54,7 @@ public:
         setText(L"Software\\Microsoft\\SourceSafe\\Databases", name, folder);
     }
 
+    int madeDatabases = 0; // the same object each time
     FakeObject::Journal journal;
     com_ptr<FakeObject> database = fakeObject(L"Database", &journal);
     com_ptr<FakeObject> root = fakeObject(L"Root", &journal);
@@ -67,6 +69,7 @@ private:
         explicit Factory(FakeSourceSafe& owner) : m_owner(owner) {}
         STDMETHODIMP CreateInstance(IUnknown*, REFIID iid, void** out) noexcept override
         {
+            ++m_owner.madeDatabases;
             return m_owner.database->QueryInterface(iid, out);
         }
         STDMETHODIMP LockServer(BOOL) noexcept override { return S_OK; }

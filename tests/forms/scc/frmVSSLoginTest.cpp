@@ -1,60 +1,11 @@
-#include "scc/frmVSSLogin.h"
-#include "support/fakeBackend.h"
-#include "support/fakeSourceSafe.h"
-#include "ui/messageBox.h"
-
-#include <gmock/gmock.h>
+#include "loginFixture.h"
 
 namespace velk {
 namespace {
 
 using enum frmVSSLogin::Control;
 
-class frmVSSLoginTest : public testing::Test {
-protected:
-    frmVSSLoginTest()
-    {
-        backend.numbersAsTexts = true;
-        setMessagePresenter([this](const std::wstring& text, uint32_t, const std::wstring&) {
-            messages.push_back(text);
-            return IDOK;
-        });
-    }
-    ~frmVSSLoginTest() override
-    {
-        closeSourceSafe();
-        setMessagePresenter({});
-    }
-    void loadWithADatabase()
-    {
-        test::FakeSourceSafe::addDatabase(L"Main", L"C:\\vss");
-        form.Form_Load();
-    }
-    void press(int id) { SendMessageW(form.hwnd(), WM_COMMAND, static_cast<WPARAM>(id), 0); }
-    void notify(int id, int notification) { SendMessageW(form.hwnd(), WM_COMMAND, MAKEWPARAM(id, notification), 0); }
-    bool isEnabled(int id) const { return IsWindowEnabled(form.item(id)) != FALSE; }
-    void logIn()
-    {
-        form.setText(txtUserName, L"ann");
-        form.setText(txtPassword, L"secret");
-        press(loginBtn);
-    }
-
-    test::FakeBackend backend;
-    test::FakeSourceSafe sourceSafe;
-    std::vector<std::wstring> messages;
-    frmVSSLogin form;
-};
-
-TEST_F(frmVSSLoginTest, captions_comeFromTheTool)
-{
-    loadWithADatabase();
-    EXPECT_EQ(form.caption(), L"#523");
-    EXPECT_EQ(form.text(Frame1), L"#522");
-    EXPECT_EQ(form.text(userNameLbl), L"#515");
-    EXPECT_EQ(form.text(loginBtn), L"#518");
-    EXPECT_EQ(form.text(cmdCancel), L"#521");
-}
+class frmVSSLoginTest : public test::LoginFixture {};
 
 TEST_F(frmVSSLoginTest, load_disablesLoginOkAndProjects)
 {
@@ -64,6 +15,53 @@ TEST_F(frmVSSLoginTest, load_disablesLoginOkAndProjects)
     EXPECT_FALSE(isEnabled(projNameCombo));
     EXPECT_EQ(form.selectedInList(DBCombo), L"Main");
     EXPECT_EQ(form.fillResult(), L"");
+}
+
+TEST_F(frmVSSLoginTest, databases_standInTheirOrderAndTheFirstIsSelected)
+{
+    test::FakeSourceSafe::addDatabase(L"Main", L"C:\\vss");
+    test::FakeSourceSafe::addDatabase(L"Old", L"D:\\old");
+    form.Form_Load();
+    form.Form_Load(); // fills the list anew
+    EXPECT_EQ(form.listCount(DBCombo), 2);
+    EXPECT_EQ(form.selectedInList(DBCombo), L"Main");
+    form.selectInList(DBCombo, 1);
+    EXPECT_EQ(form.selectedInList(DBCombo), L"Old");
+}
+
+TEST_F(frmVSSLoginTest, noDatabaseRegistered_selectsNothing)
+{
+    form.Form_Load();
+    EXPECT_EQ(form.listCount(DBCombo), 0);
+    EXPECT_EQ(form.text(DBCombo), L"");
+}
+
+TEST_F(frmVSSLoginTest, noUserName_isNoLogin)
+{
+    loadWithADatabase();
+    notify(DBCombo, CBN_SELCHANGE);
+    EXPECT_FALSE(isEnabled(loginBtn));
+    form.setText(txtPassword, L"secret");
+    EXPECT_FALSE(isEnabled(loginBtn));
+}
+
+TEST_F(frmVSSLoginTest, nameEmptiedAfterALogin_disablesLoginAndLeavesOk)
+{
+    loadWithADatabase();
+    logIn();
+    form.setText(txtUserName, L"");
+    EXPECT_FALSE(isEnabled(loginBtn));
+    EXPECT_TRUE(isEnabled(cmdOK));
+}
+
+TEST_F(frmVSSLoginTest, databaseEmptiedAfterALogin_disablesLoginAndLeavesOk)
+{
+    loadWithADatabase();
+    logIn();
+    form.setText(DBCombo, L"");
+    notify(DBCombo, CBN_EDITCHANGE);
+    EXPECT_FALSE(isEnabled(loginBtn));
+    EXPECT_TRUE(isEnabled(cmdOK));
 }
 
 TEST_F(frmVSSLoginTest, noDatabaseRegistered_leavesTheListEmptyAndLoginDisabledUntilANameIsTyped)
@@ -96,6 +94,31 @@ TEST_F(frmVSSLoginTest, login_fillsTheProjectsAndEnablesOk)
     logIn();
     EXPECT_EQ(form.listCount(projNameCombo), 2);
     EXPECT_EQ(form.selectedInList(projNameCombo), L"Web");
+    EXPECT_TRUE(isEnabled(projNameCombo));
+    EXPECT_TRUE(isEnabled(cmdOK));
+}
+
+TEST_F(frmVSSLoginTest, login_opensTheDatabaseWithWhatWasTyped)
+{
+    loadWithADatabase();
+    logIn();
+    EXPECT_EQ(sourceSafe.journal.front(), L"Database.Open(\"C:\\vss\\srcsafe.ini\", \"ann\", \"secret\")");
+}
+
+TEST_F(frmVSSLoginTest, secondLogin_listsTheProjectsAnew)
+{
+    loadWithADatabase();
+    logIn();
+    press(loginBtn);
+    EXPECT_EQ(form.listCount(projNameCombo), 2);
+}
+
+TEST_F(frmVSSLoginTest, loginToADatabaseWithoutProjects_selectsNoneAndEnablesOk)
+{
+    sourceSafe.children->value(L"Count", variant(int32_t{0}));
+    loadWithADatabase();
+    logIn();
+    EXPECT_EQ(form.text(projNameCombo), L"");
     EXPECT_TRUE(isEnabled(projNameCombo));
     EXPECT_TRUE(isEnabled(cmdOK));
 }
@@ -181,6 +204,37 @@ TEST_F(frmVSSLoginTest, typedProjectName_isCreatedBelowTheRoot)
     press(cmdOK);
     EXPECT_TRUE(form.successfulLogin());
     EXPECT_THAT(sourceSafe.journal, testing::Contains(L"Root.NewSubproject(\"Brand new\", \"\")"));
+}
+
+TEST_F(frmVSSLoginTest, chosenProject_isMadeCurrent)
+{
+    loadWithADatabase();
+    logIn();
+    form.selectInList(projNameCombo, 1);
+    press(cmdOK);
+    EXPECT_EQ(sourceSafe.journal.back(), L"Database.VSSItem(\"$/Tools\", False)");
+}
+
+TEST_F(frmVSSLoginTest, okWhoseProjectCannotBeHad_isSuccessAllTheSameAndCloses)
+{
+    loadWithADatabase();
+    logIn();
+    sourceSafe.database->failing(L"VSSItem", Error(5, L"no rights", L"SourceSafe", E_FAIL));
+    PostMessageW(form.hwnd(), WM_COMMAND, cmdOK, 0);
+    form.showModal();
+    EXPECT_TRUE(form.successfulLogin());
+    EXPECT_TRUE(messages.empty());
+    EXPECT_FALSE(IsWindowVisible(form.hwnd()));
+}
+
+TEST_F(frmVSSLoginTest, escape_closesItWithoutSuccess)
+{
+    loadWithADatabase();
+    logIn();
+    PostMessageW(form.item(txtUserName), WM_KEYDOWN, VK_ESCAPE, 0);
+    form.showModal();
+    EXPECT_FALSE(form.successfulLogin());
+    EXPECT_FALSE(IsWindowVisible(form.hwnd()));
 }
 
 TEST_F(frmVSSLoginTest, cancel_isNoSuccess)

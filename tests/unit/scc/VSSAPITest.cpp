@@ -5,6 +5,7 @@
 #include "ui/messageBox.h"
 
 #include <gmock/gmock.h>
+#include <set>
 
 namespace velk {
 namespace {
@@ -20,8 +21,9 @@ protected:
     VSSAPITest()
     {
         backend.texts = {{675, L"not %1"}, {682, L"log in"}};
-        setMessagePresenter([this](const std::wstring& text, uint32_t style, const std::wstring&) {
+        setMessagePresenter([this](const std::wstring& text, uint32_t style, const std::wstring& title) {
             messages.push_back(text + L"|" + std::to_wstring(style));
+            titles.insert(title);
             return IDOK;
         });
     }
@@ -40,6 +42,7 @@ protected:
     test::FakeBackend backend;
     test::FakeSourceSafe sourceSafe;
     std::vector<std::wstring> messages;
+    std::set<std::wstring> titles;
 };
 
 TEST_F(VSSAPITest, withoutTheKey_sourceSafeIsAbsent)
@@ -138,6 +141,56 @@ TEST_F(VSSAPITest, projects_areTheChildrenOfTheRoot)
     std::vector<std::wstring> projects{L"earlier"};
     EXPECT_TRUE(getSourceSafeProjects(projects));
     EXPECT_THAT(projects, ElementsAre(L"earlier", L"Web", L"Tools"));
+}
+
+TEST_F(VSSAPITest, itemsThatWereDeleted_areNotAskedFor)
+{
+    logIn();
+    std::vector<std::wstring> projects;
+    getSourceSafeProjects(projects);
+    EXPECT_THAT(sourceSafe.journal,
+                ElementsAre(L"Database.VSSItem(\"$/\", False)", L"Root.Items(False)", L"Items.Count", L"Items.Item(1)",
+                            L"First.Name", L"Items.Item(2)", L"Second.Name"));
+}
+
+TEST_F(VSSAPITest, everyLogin_opensANewDatabaseObject)
+{
+    logIn();
+    logIn();
+    EXPECT_EQ(sourceSafe.madeDatabases, 2);
+}
+
+TEST_F(VSSAPITest, messages_haveNoTitleOfTheirOwn)
+{
+    checkInFile(L"C:\\src\\a.sql");
+    sourceSafe.database->failing(L"Open", Error(5, L"Invalid password", L"SourceSafe", E_FAIL));
+    openSourceSafeDatabase(L"ann", L"wrong", L"Main", {{L"Main", L"C:\\vss"}});
+    EXPECT_EQ(messages.size(), 2u);
+    EXPECT_THAT(titles, ElementsAre(applicationTitle));
+}
+
+TEST_F(VSSAPITest, projectThatCannotBeHad_leavesTheCurrentOne)
+{
+    logIn();
+    sourceSafe.database->failing(L"VSSItem", Error(5, L"gone", L"SourceSafe", E_FAIL));
+    setCurrentProject(L"Gone");
+    sourceSafe.database->mend(L"VSSItem");
+    sourceSafe.journal.clear();
+    checkInFile(L"C:\\src\\a.sql");
+    EXPECT_EQ(sourceSafe.journal.back(), L"Item.Checkin(\"\", \"C:\\src\\a.sql\")");
+}
+
+TEST_F(VSSAPITest, end_letsDatabaseAndProjectGo)
+{
+    logIn();
+    closeSourceSafe();
+    EXPECT_FALSE(isSourceSafeDatabaseOpen());
+    const auto references = [](IDispatch& object) {
+        object.AddRef();
+        return object.Release();
+    };
+    EXPECT_EQ(references(*sourceSafe.database.get()), 1u);
+    EXPECT_EQ(references(*sourceSafe.item.get()), 1u);
 }
 
 TEST_F(VSSAPITest, rootWithoutChildren_givesFalse)

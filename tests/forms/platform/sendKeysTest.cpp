@@ -65,6 +65,26 @@ TEST_F(SendKeysTest, badSyntax_sendsNothingAtAll)
     EXPECT_EQ(text(), L"z");
 }
 
+TEST_F(SendKeysTest, shiftWithAKey_selects)
+{
+    sendKeys(L"abc+{HOME}x", true);
+    EXPECT_EQ(text(), L"x");
+}
+
+TEST_F(SendKeysTest, controlWithAKey_goesToTheBeginning)
+{
+    sendKeys(L"a~b^{HOME}x", true);
+    EXPECT_EQ(text(), L"xa\r\nb");
+}
+
+TEST_F(SendKeysTest, heldKeys_areUpAgainAfterwards)
+{
+    sendKeys(L"+^%{F16}", true);
+    EXPECT_GE(GetKeyState(VK_SHIFT) | GetKeyState(VK_CONTROL) | GetKeyState(VK_MENU), 0); // the sign bit is "down"
+    sendKeys(L"b", true);
+    EXPECT_EQ(text(), L"b");
+}
+
 TEST_F(SendKeysTest, withoutWaiting_theKeysComeLater)
 {
     sendKeys(L"q", false);

@@ -3,6 +3,7 @@
 #include "model/conLstCtl.h"
 #include "platform/text.h"
 #include "platform/unique_any.h"
+#include "serverview/publishedView.h"
 
 namespace velk {
 
@@ -11,7 +12,10 @@ bool askDataEnvTarget(const IntegrationMgr& manager, bool forCommand, DataEnvTar
     conLstCtl& dialog = connectionDialog();
     const scope_exit unloaded([&] { dialog.terminate(); });
     dialog.setIMgr(manager);
+    const Session session = publishedView().life;
     dialog.setupGUI(target.name, forCommand);
+    if (session.isOver())
+        return false; // the add-in was unloaded while the manager was asked: a form would open for nobody
     dialog.showModal();
     // The decision comes as the text of a Boolean.
     const bool ok = dialog.userDecision() == booleanText(true);
@@ -20,8 +24,7 @@ bool askDataEnvTarget(const IntegrationMgr& manager, bool forCommand, DataEnvTar
     target.name = dialog.selectedName();
     target.projName = dialog.selectedProj();
     target.dataenvName = dialog.selectedDataEnv();
-    if (forCommand)
-        target.conName = dialog.selectedCon();
+    target.conName = dialog.selectedCon(); // empty where no command is named
     return true;
 }
 

@@ -23,36 +23,46 @@ constexpr wchar_t saveExtension[] = L"rzv";
 
 } // namespace
 
-void openProject(const IntegrationMgr& manager, int32_t projectHandle)
+void openProject(IntegrationMgr manager, int32_t projectHandle)
 {
-    const Session life = publishedView().life;
+    const Session session = publishedView().life;
+    const std::wstring startFolder = parentDir(manager.getRZFileName());
+    if (session.isOver())
+        return;
+    const std::wstring title = getRZString(openTitleText);
     std::wstring name;
     std::wstring folder;
-    if (!fileChooser().openFileDlg(getRZString(openTitleText), openExtension, openExtension,
-                                   parentDir(manager.getRZFileName()), name, folder))
+    if (session.isOver() ||
+        !fileChooser().openFileDlg(title, openExtension, openExtension, startFolder, name, folder) || session.isOver())
         return;
-    if (life.isOver())
-        return; // the IDE went on while the dialog was open, and unloaded the add-in
     RZObjectDoAction(projectHandle, codeCloseProject);
+    if (session.isOver())
+        return;
     // The path goes to the manager only; the IDE's project learns of it by Save As.
     manager.setRZFileName(folder + L"\\" + name);
-    RZProjectDoAccess(folder, name, modeOpen);
+    if (!session.isOver())
+        RZProjectDoAccess(folder, name, modeOpen);
 }
 
-void saveProjectAs(const IntegrationMgr& manager)
+void saveProjectAs(IntegrationMgr manager)
 {
-    const Session life = publishedView().life;
-    std::wstring path;
-    if (!fileChooser().saveFileDlg(getRZString(saveTitleText), saveExtension, saveExtension,
-                                   parentDir(manager.getRZFileName()), path))
+    const Session session = publishedView().life;
+    const std::wstring startFolder = parentDir(manager.getRZFileName());
+    if (session.isOver())
         return;
-    if (life.isOver())
+    const std::wstring title = getRZString(saveTitleText);
+    std::wstring path;
+    if (session.isOver() || !fileChooser().saveFileDlg(title, saveExtension, saveExtension, startFolder, path) ||
+        session.isOver())
         return;
     if (manager.getIdeType() == ideTypeWithStoredName)
         manager.getModel().saveRZFileName(path);
+    if (session.isOver())
+        return;
     manager.setRZFileName(path);
     std::wstring empty;
-    RZProjectDoAccess(path, empty, modeSave);
+    if (!session.isOver())
+        RZProjectDoAccess(path, empty, modeSave);
 }
 
 } // namespace velk

@@ -129,13 +129,13 @@ void Connect::buildEntry()
     MenuHandler.connect(source, clickEvent, [this](const DISPPARAMS&) { MenuHandler_Click(); });
 }
 
-HRESULT Connect::AddToAddInCommandBar(BSTR* sCaption, CommandBarControl* control) noexcept
+HRESULT Connect::AddToAddInCommandBar(BSTR* sCaption, CommandBarControl** control) noexcept
 {
     return atBoundary(L"Connect.AddToAddInCommandBar", [&] {
         if (!sCaption || !control)
             throw Error(errorInvalidCall);
-        *control = nullptr;
-        addEntry(bstr::viewOf(*sCaption)).copyTo(control);
+        // The interface has no members of its own: it is the control's automation interface by another name.
+        *control = static_cast<CommandBarControl*>(addEntry(bstr::viewOf(*sCaption)).detach());
     });
 }
 

@@ -25,7 +25,7 @@ class Connect : public ComObject<Connect, dual<_Connect>, dual<_IDTExtensibility
 public:
     ~Connect() override; // a host that lets go without a word gets the same end
     // _Connect
-    STDMETHODIMP AddToAddInCommandBar(BSTR* sCaption, CommandBarControl* control) noexcept override;
+    STDMETHODIMP AddToAddInCommandBar(BSTR* sCaption, CommandBarControl** control) noexcept override;
     // _IDTExtensibility2
     STDMETHODIMP OnConnection(IDispatch* Application, ext_ConnectMode ConnectMode, IDispatch* AddInInst,
                               SAFEARRAY** custom) noexcept override;

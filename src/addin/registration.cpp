@@ -8,6 +8,7 @@
 #include "platform/registry.h"
 
 #include <array>
+#include <optional>
 #include <typelib/velkviadd.h>
 
 namespace velk {
@@ -68,12 +69,6 @@ void registerClass(const PublishedClass& row)
     write(classesRoot + progId(row) + L"\\CLSID", guidText(*row.clsid));
 }
 
-void unregisterClass(const PublishedClass& row)
-{
-    registry::removeTree(HKEY_LOCAL_MACHINE, classKey(row));
-    registry::removeTree(HKEY_LOCAL_MACHINE, classesRoot + progId(row));
-}
-
 void registerTypeLibrary()
 {
     com_ptr<ITypeLib> library;
@@ -99,35 +94,58 @@ void registerWithIde()
     registry::setNumber(key.get(), L"CommandLineSafe", notCommandLineSafe);
 }
 
-void unregisterWithIde()
-{
-    registry::removeTree(HKEY_LOCAL_MACHINE, addinKey);
-    // The list itself is the IDE's, but without an IDE on the machine it was ours alone.
-    registry::removeEmptyUpTo(HKEY_LOCAL_MACHINE, ideRoot, ideRootStop);
-}
+// Runs steps that do not depend on each other: each is attempted, and the first failure is the result of all.
+class FirstFailure {
+public:
+    template <class Step>
+    void of(Step&& step) noexcept
+    {
+        auto failure = attempt(std::forward<Step>(step));
+        if (!failure)
+            return;
+        reportFailure(L"unregisterAddin", L"what else was registered is still removed", *failure);
+        if (!m_first)
+            m_first = std::move(failure);
+    }
+    void rethrow() const
+    {
+        if (m_first)
+            throw *m_first;
+    }
+
+private:
+    std::optional<Error> m_first;
+};
 
 } // namespace
 
 void registerAddin()
 {
-    try {
+    const auto failure = attempt([] {
         for (const PublishedClass& row : publishedClasses())
             registerClass(row);
         registerTypeLibrary();
         registerWithIde();
-    } catch (const Error&) {
-        swallow(L"registerAddin", L"taking back a failed registration; the first failure is what counts",
-                [] { unregisterAddin(); });
-        throw;
-    }
+    });
+    if (!failure)
+        return;
+    swallow(L"registerAddin", L"taking back a failed registration; the first failure is what counts",
+            [] { unregisterAddin(); });
+    throw *failure;
 }
 
 void unregisterAddin()
 {
-    unregisterWithIde();
-    unregisterTypeLibrary();
-    for (const PublishedClass& row : publishedClasses())
-        unregisterClass(row);
+    FirstFailure failure;
+    failure.of([] { registry::removeTree(HKEY_LOCAL_MACHINE, addinKey); });
+    // The list itself is the IDE's, but without an IDE on the machine it was ours alone.
+    registry::removeEmptyUpTo(HKEY_LOCAL_MACHINE, ideRoot, ideRootStop);
+    failure.of([] { unregisterTypeLibrary(); });
+    for (const PublishedClass& row : publishedClasses()) {
+        failure.of([&] { registry::removeTree(HKEY_LOCAL_MACHINE, classKey(row)); });
+        failure.of([&] { registry::removeTree(HKEY_LOCAL_MACHINE, classesRoot + progId(row)); });
+    }
+    failure.rethrow();
 }
 
 } // namespace velk

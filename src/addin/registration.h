@@ -7,7 +7,8 @@ namespace velk {
 // is taken back then.
 void registerAddin();
 
-// Removes exactly what registerAddin writes; parts that are not there count as removed.
+// Removes exactly what registerAddin writes; parts that are not there count as removed. Each part is attempted,
+// whatever became of the others; then the first failure is thrown.
 void unregisterAddin();
 
 } // namespace velk

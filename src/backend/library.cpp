@@ -1,8 +1,9 @@
 #include "backend/library.h"
 
+#include "backend/library_search.h"
+
 #include "platform/boundary.h"
 #include "platform/error.h"
-#include "platform/module.h"
 #include "platform/never_destroyed.h"
 #include "platform/text.h"
 #include "platform/trace.h"
@@ -10,7 +11,6 @@
 
 #include <array>
 #include <cstring>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -47,78 +47,6 @@ Error libraryError(int32_t number, std::wstring_view more)
         .ofLibrary(libraryName);
 }
 
-bool isFile(const std::wstring& path)
-{
-    const DWORD attributes = GetFileAttributesW(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
-}
-
-// For the routines of the system that fill a buffer and give the length needed when it is too small.
-template <class Routine>
-std::wstring systemText(Routine routine)
-{
-    std::wstring text(MAX_PATH, L'\0');
-    DWORD length = routine(text.data(), static_cast<DWORD>(text.size()));
-    if (length > text.size()) {
-        text.resize(length);
-        length = routine(text.data(), length);
-    }
-    text.resize(length < text.size() ? length : 0);
-    return text;
-}
-
-std::wstring programFolder()
-{
-    std::wstring path = systemText([](wchar_t* text, DWORD size) { return GetModuleFileNameW(nullptr, text, size); });
-    return path.substr(0, path.rfind(L'\\'));
-}
-
-bool isAbsolute(std::wstring_view folder)
-{
-    return folder.size() > 2 && (folder[1] == L':' || folder.substr(0, 2) == L"\\\\");
-}
-
-std::optional<std::wstring> inFolder(std::wstring_view folder)
-{
-    std::wstring path(folder);
-    path += path.ends_with(L'\\') ? L"" : L"\\";
-    path += libraryName;
-    return isFile(path) ? std::optional(path) : std::nullopt;
-}
-
-std::optional<std::wstring> onSearchPath()
-{
-    const std::wstring folders =
-        systemText([](wchar_t* text, DWORD size) { return GetEnvironmentVariableW(L"PATH", text, size); });
-    std::wstring_view rest = folders;
-    while (!rest.empty()) {
-        std::wstring_view folder = rest.substr(0, rest.find(L';'));
-        rest.remove_prefix(folder.size() < rest.size() ? folder.size() + 1 : folder.size());
-        if (folder.size() > 1 && folder.front() == L'"' && folder.back() == L'"')
-            folder = folder.substr(1, folder.size() - 2);
-        if (isAbsolute(folder))
-            if (auto path = inFolder(folder))
-                return path;
-    }
-    return std::nullopt;
-}
-
-// The system's own search also looks into the current directory, which is wherever the user opened a file last; a
-// planted library must not be found there. So the other folders of that search are gone through here.
-std::optional<std::wstring> findLibrary()
-{
-    const std::wstring folders[] = {
-        module::folder(),
-        programFolder(),
-        systemText([](wchar_t* text, DWORD size) { return GetSystemDirectoryW(text, size); }),
-        systemText([](wchar_t* text, DWORD size) { return GetWindowsDirectoryW(text, size); }),
-    };
-    for (const std::wstring& folder : folders)
-        if (auto path = inFolder(folder))
-            return path;
-    return onSearchPath();
-}
-
 // "Error in loading DLL: velkvsadd.dll" and why; the system leaves a gap for the file's name in some of its texts.
 Error loadError(DWORD code, const std::wstring& path)
 {
@@ -130,19 +58,34 @@ Error loadError(DWORD code, const std::wstring& path)
     return libraryError(errorLoadingDll, L": " + std::wstring(libraryName) + L". " + reason);
 }
 
-unique_module load()
+// The library, loaded in a process whose current directory is the system's meanwhile. For the libraries that this one
+// needs the system looks beside it, then into its own folders, the current directory and the search path, where "."
+// means the current directory, too. Every Windows since XP does so; the flags by which newer ones leave the current
+// directory out leave out the search path as well, where a database's own libraries often are.
+unique_module loadFrom(const std::wstring& path)
 {
-    const auto path = findLibrary();
-    if (!path)
-        throw libraryError(errorFileNotFound, L": " + std::wstring(libraryName));
+    const std::wstring before = currentDirectory();
+    const scope_exit back([&] {
+        if (!before.empty())
+            SetCurrentDirectoryW(before.c_str());
+    });
+    SetCurrentDirectoryW(systemFolder().c_str());
     // A damaged library must not make the system show a box of its own over the IDE.
     const UINT mode = SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
-    unique_module module(LoadLibraryExW(path->c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
+    unique_module module(LoadLibraryExW(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
     const DWORD code = GetLastError();
     SetErrorMode(mode);
     if (!module)
-        throw loadError(code, *path);
+        throw loadError(code, path);
     return module;
+}
+
+unique_module load()
+{
+    const auto path = findLibrary(libraryName);
+    if (!path)
+        throw libraryError(errorFileNotFound, L": " + std::wstring(libraryName));
+    return loadFrom(*path);
 }
 
 } // namespace

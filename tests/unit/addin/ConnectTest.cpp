@@ -97,7 +97,7 @@ TEST_F(ConnectTest, addToAddInCommandBar_givesAControlWithTheCaption)
 {
     load();
     bstr caption(L"Extra");
-    com_ptr<IDispatch> control;
+    com_ptr<CommandBarControl> control;
     EXPECT_EQ(connect->AddToAddInCommandBar(caption.ref(), control.put()), S_OK);
     EXPECT_EQ(control.get(), ide.entry.get());
     EXPECT_EQ(ide.entry->read(L"Caption").asText(), L"Extra");
@@ -108,7 +108,7 @@ TEST_F(ConnectTest, addToAddInCommandBarWithoutTheBar_givesNothing)
     load();
     bstr caption(L"Extra");
     ide.bars->function(L"Item", [](const auto&) { return variant(); });
-    com_ptr<IDispatch> control(ide.entry.get());
+    com_ptr<CommandBarControl> control;
     EXPECT_EQ(connect->AddToAddInCommandBar(caption.ref(), control.put()), S_OK);
     EXPECT_FALSE(control);
     ide.bars->failing(L"Item", Error(errorInvalidCall));

@@ -3,8 +3,8 @@
 #include "backend/calls.h"
 #include "backend/fetch.h"
 #include "backend/texts.h"
+#include "libraryRoom.h"
 #include "platform/boundary.h"
-#include "platform/module.h"
 #include "support/failureLog.h"
 
 #include <gmock/gmock.h>
@@ -17,8 +17,6 @@ using test::FailureLog;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::StartsWith;
-
-const std::wstring beside = module::folder() + L"\\";
 
 // The smallest file that the system takes for a program of that machine.
 std::string emptyImage(uint16_t machine)
@@ -37,50 +35,7 @@ std::string emptyImage(uint16_t machine)
     return image;
 }
 
-// A test room: nothing beside the program, nothing loaded, the search path and current directory as they were.
-class backendLibrary : public testing::Test {
-protected:
-    void SetUp() override
-    {
-        clear();
-        m_path.resize(32767);
-        m_path.resize(GetEnvironmentVariableW(L"PATH", m_path.data(), static_cast<DWORD>(m_path.size())));
-        CreateDirectoryW(elsewhere.c_str(), nullptr);
-    }
-    void TearDown() override
-    {
-        clear();
-        SetEnvironmentVariableW(L"PATH", m_path.c_str());
-        SetCurrentDirectoryW(beside.c_str());
-        RemoveDirectoryW(elsewhere.c_str());
-    }
-
-    void put(const std::wstring& library, const std::wstring& folder = beside)
-    {
-        ASSERT_TRUE(CopyFileW((beside + library).c_str(), (folder + L"velkvsadd.dll").c_str(), FALSE));
-    }
-    void putBytes(const std::string& bytes)
-    {
-        const HANDLE file = CreateFileW((beside + L"velkvsadd.dll").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                        FILE_ATTRIBUTE_NORMAL, nullptr);
-        DWORD written = 0;
-        WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
-        CloseHandle(file);
-        ASSERT_EQ(written, bytes.size());
-    }
-
-    const std::wstring elsewhere = beside + L"elsewhere\\";
-
-private:
-    void clear()
-    {
-        unloadBackend();
-        DeleteFileW((beside + L"velkvsadd.dll").c_str());
-        DeleteFileW((elsewhere + L"velkvsadd.dll").c_str());
-    }
-
-    std::wstring m_path;
-};
+using backendLibrary = test::LibraryRoom;
 
 template <class Call>
 std::optional<Error> errorOf(Call call)

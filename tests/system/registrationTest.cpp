@@ -3,8 +3,6 @@
 namespace velk {
 namespace {
 
-constexpr wchar_t addinKey[] = L"Software\\Microsoft\\VisualStudio\\6.0\\AddIns\\velkviadd.Connect";
-
 class RegistrationTest : public test::DllFixture {
 protected:
     ~RegistrationTest() override { callEntry("DllUnregisterServer"); }
@@ -32,13 +30,6 @@ TEST_F(RegistrationTest, registeringTwice_writesTheSame)
     const std::set<std::wstring> once = registry();
     EXPECT_EQ(callEntry("DllRegisterServer"), S_OK);
     EXPECT_EQ(registry(), once);
-}
-
-TEST_F(RegistrationTest, addinKey_hasTheDisplayName)
-{
-    callEntry("DllRegisterServer");
-    EXPECT_EQ(valueOf(addinKey, L"FriendlyName"), L"Velk Development Add-In for Visual Interdev");
-    EXPECT_NE(valueOf(addinKey, L"Description"), L"");
 }
 
 TEST_F(RegistrationTest, everyClass_isFoundByItsName)

@@ -5,7 +5,16 @@
 namespace velk {
 namespace {
 
-class UnloadTest : public test::DllFixture {};
+class UnloadTest : public test::DllFixture {
+protected:
+    com_ptr<IClassFactory> factory() const
+    {
+        com_ptr<IClassFactory> made;
+        entry<HRESULT(WINAPI*)(REFCLSID, REFIID, void**)>("DllGetClassObject")(CLSID_Connect, IID_IClassFactory,
+                                                                               made.putVoid());
+        return made;
+    }
+};
 
 TEST_F(UnloadTest, freshDll_mayGo)
 {
@@ -21,15 +30,31 @@ TEST_F(UnloadTest, livingObject_keepsTheDll)
     EXPECT_EQ(callEntry("DllCanUnloadNow"), S_OK);
 }
 
-TEST_F(UnloadTest, serverLock_keepsTheDll)
+TEST_F(UnloadTest, serverLock_keepsTheDllUntilItIsUndone)
 {
-    com_ptr<IClassFactory> factory;
-    const auto getClassObject = entry<HRESULT(WINAPI*)(REFCLSID, REFIID, void**)>("DllGetClassObject");
-    EXPECT_EQ(getClassObject(CLSID_Connect, IID_IClassFactory, factory.putVoid()), S_OK);
-    factory->LockServer(TRUE);
-    factory->LockServer(FALSE);
-    factory.reset();
+    factory()->LockServer(TRUE);
+    EXPECT_EQ(callEntry("DllCanUnloadNow"), S_FALSE);
+    factory()->LockServer(TRUE);
+    factory()->LockServer(FALSE);
+    EXPECT_EQ(callEntry("DllCanUnloadNow"), S_FALSE);
+    factory()->LockServer(FALSE);
     EXPECT_EQ(callEntry("DllCanUnloadNow"), S_OK);
+}
+
+TEST_F(UnloadTest, classFactory_keepsTheDll)
+{
+    com_ptr<IClassFactory> held = factory();
+    EXPECT_EQ(callEntry("DllCanUnloadNow"), S_FALSE);
+    held.reset();
+    EXPECT_EQ(callEntry("DllCanUnloadNow"), S_OK);
+}
+
+TEST_F(UnloadTest, partOfAnother_isRefused)
+{
+    const com_ptr<_ModelUtil> outer = make<_ModelUtil>(CLSID_ModelUtil);
+    com_ptr<IUnknown> inner;
+    EXPECT_EQ(factory()->CreateInstance(outer.get(), IID_IUnknown, inner.putVoid()), CLASS_E_NOAGGREGATION);
+    EXPECT_FALSE(inner);
 }
 
 TEST_F(UnloadTest, unknownClass_isRefused)

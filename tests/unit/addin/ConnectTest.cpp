@@ -99,7 +99,7 @@ TEST_F(ConnectTest, addToAddInCommandBar_givesAControlWithTheCaption)
     bstr caption(L"Extra");
     com_ptr<CommandBarControl> control;
     EXPECT_EQ(connect->AddToAddInCommandBar(caption.ref(), control.put()), S_OK);
-    EXPECT_EQ(control.get(), ide.entry.get());
+    EXPECT_EQ(static_cast<IDispatch*>(control.get()), ide.entry.get());
     EXPECT_EQ(ide.entry->read(L"Caption").asText(), L"Extra");
 }
 

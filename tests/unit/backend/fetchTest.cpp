@@ -250,6 +250,17 @@ TEST(fetchSQLText, longText_isFetchedWhole)
     EXPECT_THAT(backend.calls, ElementsAre("RZGetSQLText(4)", "RZGetSQLText(4)"));
 }
 
+TEST(fetchADOText, otherTexts_areStillCutAfterTheSecondAttempt)
+{
+    FakeBackend backend;
+    backend.adoTexts[4] = {.strVSProject = L"web", .strVSFile = L"a.asp", .strText = std::wstring(70000, L'a')};
+    trzADOText record;
+    EXPECT_EQ(fetchADOText(4, record), 1);
+    EXPECT_EQ(record.strVSProject, L"web");
+    EXPECT_EQ(record.strVSFile, L"a.asp");
+    EXPECT_EQ(record.lTextSz, 70000);
+}
+
 TEST(fetchADOText, textBelow65536_isAskedForOnce)
 {
     FakeBackend backend;
@@ -299,6 +310,15 @@ TEST(fetchProcedure, statusOfTheBackend_isPassedOnUnchanged)
     backend.answers["RZProcedureGet"] = -3;
     trzProcedure record;
     EXPECT_EQ(fetchProcedure(101, record), -3);
+}
+
+TEST(fetchProcedure, statusBeyond16Bits_isPassedOnWhole)
+{
+    FakeBackend backend;
+    backend.procedures[101] = {};
+    backend.answers["RZProcedureGet"] = 0x10000;
+    trzProcedure record;
+    EXPECT_EQ(fetchProcedure(101, record), 0x10000);
 }
 
 TEST(fetchProcedure, status0_stillBringsBackWhatWasWritten)

@@ -94,6 +94,11 @@ TEST(splitPath, relativeFolder_partsThere)
     EXPECT_EQ(joined(splitPath(L"w\\a.rzv")), L"|w|a.rzv");
 }
 
+TEST(splitPath, colonBehindTheFolder_partsThereFirst)
+{
+    EXPECT_EQ(joined(splitPath(L"\\a\\b:c\\d")), L"\\a\\b:|c|d");
+}
+
 TEST(splitPath, twoLeadingBackslashes_partsAtTheSecond)
 {
     EXPECT_EQ(joined(splitPath(L"\\\\server")), L"|\\|server");
@@ -102,6 +107,16 @@ TEST(splitPath, twoLeadingBackslashes_partsAtTheSecond)
 TEST(parentDir, driveFolderFile_isAllBeforeTheLastBackslash)
 {
     EXPECT_EQ(parentDir(L"C:\\Work\\a.rzv"), L"C:\\Work");
+}
+
+TEST(parentDir, fileAtTheRootOfADrive_isTheDrive)
+{
+    EXPECT_EQ(parentDir(L"C:\\a.rzv"), L"C:");
+}
+
+TEST(parentDir, trailingBackslash_isAllBeforeIt)
+{
+    EXPECT_EQ(parentDir(L"C:\\Work\\"), L"C:\\Work");
 }
 
 TEST(parentDir, backslashFirst_isEmpty)

@@ -194,6 +194,43 @@ TEST(getRZStringP1, noText_stillBringsTheParameterBack)
     EXPECT_EQ(name, L"Bbc");
 }
 
+TEST(getRZStringP1, anyNumber_handsOverNumberRoomAndCapacity)
+{
+    FakeBackend backend;
+    std::vector<int64_t> given;
+    backend.on.RZGetStringP1 = [&](int32_t number, char* buffer, int32_t capacity, char**) {
+        given = {number, test::roomOf(buffer), capacity};
+        return 0;
+    };
+    std::wstring name = L"a";
+    getRZStringP1(652, name);
+    EXPECT_EQ(given, (std::vector<int64_t>{652, 1024, 1024}));
+}
+
+TEST(getRZStringP2, anyNumber_handsOverNumberRoomAndCapacity)
+{
+    FakeBackend backend;
+    std::vector<int64_t> given;
+    backend.on.RZGetStringP2 = [&](int32_t number, char* buffer, int32_t capacity, char**, char**) {
+        given = {number, test::roomOf(buffer), capacity};
+        return 0;
+    };
+    std::wstring name = L"a";
+    getRZStringP2(669, name, name);
+    EXPECT_EQ(given, (std::vector<int64_t>{669, 1024, 1024}));
+}
+
+TEST(getRZStringP2, countBelowWhatIsWritten_endsThere)
+{
+    FakeBackend backend;
+    backend.on.RZGetStringP2 = [](int32_t, char* buffer, int32_t, char**, char**) {
+        std::memcpy(buffer, "abcdef", 6);
+        return 4;
+    };
+    std::wstring name;
+    EXPECT_EQ(getRZStringP2(1, name, name), L"abcd");
+}
+
 TEST(getRZStringP2, twoParameters_goIntoTheirPlaces)
 {
     FakeBackend backend;

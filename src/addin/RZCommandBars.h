@@ -19,7 +19,9 @@ struct EntryRow; // an entry of the add-in's tables
 class RZCommandBars {
 public:
     // The session's end inside one of the IDE's calls stops the building step with Error 5.
-    RZCommandBars(com_ptr<IDispatch> ide, Session session = {}) : m_ide(std::move(ide)), m_session(std::move(session)) {}
+    RZCommandBars(com_ptr<IDispatch> ide, Session session = {}) : m_ide(std::move(ide)), m_session(std::move(session))
+    {
+    }
     RZCommandBars(const RZCommandBars&) = delete;
     RZCommandBars& operator=(const RZCommandBars&) = delete;
     ~RZCommandBars() { remove(); }

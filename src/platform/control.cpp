@@ -28,6 +28,11 @@ void Control::setFont(HFONT font) const noexcept
     send(WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
 }
 
+void Control::setName(const std::wstring& name) const noexcept
+{
+    SetWindowTextW(m_hwnd, name.c_str());
+}
+
 bool Control::hasFocus() const noexcept
 {
     const HWND focused = GetFocus();

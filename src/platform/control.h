@@ -17,6 +17,8 @@ public:
     HWND hwnd() const noexcept { return m_hwnd; }
     LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const noexcept;
     void setFont(HFONT font) const noexcept;
+    // What a screen reader calls the control, which shows no caption of its own: its window's text.
+    void setName(const std::wstring& name) const noexcept;
     bool hasFocus() const noexcept;
 
 private:

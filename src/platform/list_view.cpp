@@ -1,15 +1,34 @@
 #include "platform/list_view.h"
 
+#include <algorithm>
+
 namespace velk {
 namespace {
 
-// Room between a text and the borders of its column, as the control draws it.
-constexpr int cellPadding = 14;
+// Dialog units: room between a text and the borders of its column, as the control draws it, and beside a picture.
+constexpr int cellPadding = 10;
+constexpr int picturePadding = 3;
+constexpr int unitsOfACharacter = 4;
 
-unique_bitmap arrowPicture(bool isUp)
+// The font's average character, as dialogs measure it, and its height.
+SIZE charactersOf(HWND window, HFONT font)
 {
-    constexpr int width = 9;
-    constexpr int height = 5;
+    constexpr wchar_t letters[] = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+    constexpr int count = 52;
+    const HDC dc = GetDC(window);
+    const HGDIOBJ before = SelectObject(dc, font ? font : GetStockObject(SYSTEM_FONT));
+    SIZE size{};
+    GetTextExtentPoint32W(dc, letters, count, &size);
+    SelectObject(dc, before);
+    ReleaseDC(window, dc);
+    return {(size.cx / (count / 2) + 1) / 2, size.cy};
+}
+
+// A triangle two thirds as wide as a line of text is high.
+unique_bitmap arrowPicture(bool isUp, int lineHeight)
+{
+    const int height = std::max(1, (lineHeight + 2) / 3);
+    const int width = 2 * height - 1;
     const HDC screen = GetDC(nullptr);
     unique_bitmap picture(CreateCompatibleBitmap(screen, width, height));
     const unique_memory_dc dc(CreateCompatibleDC(screen));
@@ -35,6 +54,24 @@ list_view::list_view(HWND parent)
 {
     constexpr DWORD extended = LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP;
     send(LVM_SETEXTENDEDLISTVIEWSTYLE, extended, extended);
+    measure(reinterpret_cast<HFONT>(send(WM_GETFONT)));
+}
+
+void list_view::measure(HFONT font) noexcept
+{
+    const SIZE character = charactersOf(hwnd(), font);
+    m_characterWidth = character.cx;
+    m_characterHeight = character.cy;
+}
+
+void list_view::setFont(HFONT font) noexcept
+{
+    Control::setFont(font);
+    measure(font);
+    for (int column = 0; column < m_columns; ++column)
+        setSortMark(column, SortMark::none);
+    m_upArrow.reset();
+    m_downArrow.reset();
 }
 
 void list_view::setImages(HIMAGELIST images) const noexcept
@@ -79,7 +116,8 @@ void list_view::setColumnWidth(int column, int pixels) const noexcept
 
 int list_view::widthOf(const std::wstring& text) const noexcept
 {
-    return static_cast<int>(send(LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(text.c_str()))) + cellPadding;
+    return static_cast<int>(send(LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(text.c_str()))) +
+           dialogUnits(cellPadding);
 }
 
 int list_view::widthOf(const std::wstring& text, HFONT font) const noexcept
@@ -90,10 +128,23 @@ int list_view::widthOf(const std::wstring& text, HFONT font) const noexcept
     GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &size);
     SelectObject(dc, before);
     ReleaseDC(hwnd(), dc);
-    return size.cx + cellPadding;
+    return size.cx + dialogUnits(cellPadding);
 }
 
-void list_view::setSortMark(int column, SortMark mark)
+int list_view::pictureWidth() const noexcept
+{
+    int width = 0;
+    int height = 0;
+    ImageList_GetIconSize(reinterpret_cast<HIMAGELIST>(send(LVM_GETIMAGELIST, LVSIL_SMALL)), &width, &height);
+    return width + dialogUnits(picturePadding);
+}
+
+int list_view::dialogUnits(int units) const noexcept
+{
+    return MulDiv(units, m_characterWidth, unitsOfACharacter);
+}
+
+void list_view::setSortMark(int column, SortMark mark) noexcept
 {
     const auto header = reinterpret_cast<HWND>(send(LVM_GETHEADER));
     HDITEMW item{};
@@ -104,7 +155,7 @@ void list_view::setSortMark(int column, SortMark mark)
     if (mark != SortMark::none) {
         unique_bitmap& arrow = mark == SortMark::up ? m_upArrow : m_downArrow;
         if (!arrow)
-            arrow = arrowPicture(mark == SortMark::up);
+            arrow = arrowPicture(mark == SortMark::up, m_characterHeight);
         item.mask |= HDI_BITMAP;
         item.fmt |= HDF_BITMAP | HDF_BITMAP_ON_RIGHT;
         item.hbm = arrow.get();
@@ -169,6 +220,11 @@ void list_view::focusRow(int row) const noexcept
     state.stateMask = LVIS_FOCUSED;
     state.state = LVIS_FOCUSED;
     send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&state));
+}
+
+void list_view::bringIntoView(int row) const noexcept
+{
+    send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
 }
 
 int list_view::rowAt(POINT place) const noexcept

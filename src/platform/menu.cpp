@@ -39,7 +39,7 @@ unique_menu made(const std::vector<MenuLine>& lines)
 int showPopupMenu(const std::vector<MenuLine>& lines, HWND owner, POINT place)
 {
     if (presenter())
-        return presenter()(lines);
+        return presenter()(lines, place);
     const unique_menu menu = made(lines);
     return TrackPopupMenu(menu.get(), TPM_LEFTALIGN | TPM_RETURNCMD | TPM_NONOTIFY, place.x, place.y, 0, owner,
                           nullptr);

@@ -22,7 +22,7 @@ int showPopupMenu(const std::vector<MenuLine>& lines, HWND owner, POINT place);
 
 // What showPopupMenu shows and answers instead of the system's menu, for tests without a user. An empty function
 // restores the system's menu.
-using MenuPresenter = std::function<int(const std::vector<MenuLine>& lines)>;
+using MenuPresenter = std::function<int(const std::vector<MenuLine>& lines, POINT place)>;
 void setMenuPresenter(MenuPresenter presenter);
 
 } // namespace velk

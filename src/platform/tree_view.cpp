@@ -52,13 +52,59 @@ void tree_view::insert(HTREEITEM parent, TreeNode node)
 
 void tree_view::remove(const std::wstring& key)
 {
-    send(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(entry(key).item));
+    const HTREEITEM gone = entry(key).item;
+    const HTREEITEM selection = related(TVGN_CARET, nullptr);
+    const bool isSelectionGone = selection && isWithin(selection, gone);
+    deleteItems(gone, isSelectionGone ? heirOf(gone) : selection);
+    // Last: whoever hears it may end this tree.
+    if (isSelectionGone)
+        tellSelection();
 }
 
 void tree_view::clear()
 {
-    send(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(TVI_ROOT));
+    deleteItems(TVI_ROOT, nullptr);
     m_nodes.clear();
+}
+
+void tree_view::deleteItems(HTREEITEM items, HTREEITEM selection) noexcept
+{
+    m_isRemoving = true;
+    if (selection != related(TVGN_CARET, nullptr))
+        send(TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(selection));
+    send(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(items));
+    if (selection != related(TVGN_CARET, nullptr))
+        send(TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(selection));
+    m_isRemoving = false;
+}
+
+void tree_view::tellSelection() const noexcept
+{
+    NMTREEVIEWW notification{};
+    notification.hdr.hwndFrom = hwnd();
+    notification.hdr.code = TVN_SELCHANGEDW;
+    notification.action = TVC_UNKNOWN;
+    SendMessageW(GetParent(hwnd()), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notification));
+}
+
+HTREEITEM tree_view::related(UINT relation, HTREEITEM item) const noexcept
+{
+    return reinterpret_cast<HTREEITEM>(send(TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(item)));
+}
+
+bool tree_view::isWithin(HTREEITEM item, HTREEITEM branch) const noexcept
+{
+    while (item && item != branch)
+        item = related(TVGN_PARENT, item);
+    return item != nullptr;
+}
+
+HTREEITEM tree_view::heirOf(HTREEITEM item) const noexcept
+{
+    for (const UINT relation : {UINT{TVGN_NEXT}, UINT{TVGN_PREVIOUS}, UINT{TVGN_PARENT}})
+        if (const HTREEITEM heir = related(relation, item))
+            return heir;
+    return nullptr;
 }
 
 void tree_view::setText(const std::wstring& key, const std::wstring& text)
@@ -102,7 +148,7 @@ void tree_view::select(const std::wstring& key) const
 
 const TreeNode* tree_view::selected() const noexcept
 {
-    const auto item = reinterpret_cast<HTREEITEM>(send(TVM_GETNEXTITEM, TVGN_CARET, 0));
+    const HTREEITEM item = related(TVGN_CARET, nullptr);
     const Entry* found = item ? entryOf(item) : nullptr;
     return found ? &found->node : nullptr;
 }
@@ -112,7 +158,8 @@ const TreeNode* tree_view::nodeAt(POINT place) const noexcept
     TVHITTESTINFO test{};
     test.pt = place;
     send(TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&test));
-    constexpr UINT onTheNode = TVHT_ONITEM | TVHT_ONITEMRIGHT | TVHT_ONITEMINDENT | TVHT_ONITEMBUTTON;
+    // What a user sees of a node. The room beside it in its line looks empty, and is.
+    constexpr UINT onTheNode = TVHT_ONITEM | TVHT_ONITEMBUTTON;
     const Entry* found = test.hItem && (test.flags & onTheNode) ? entryOf(test.hItem) : nullptr;
     return found ? &found->node : nullptr;
 }
@@ -121,17 +168,22 @@ RECT tree_view::placeOfSelected() const noexcept
 {
     RECT place{};
     // The message takes the item where it leaves the rectangle.
-    const LRESULT item = send(TVM_GETNEXTITEM, TVGN_CARET, 0);
+    const HTREEITEM item = related(TVGN_CARET, nullptr);
     std::memcpy(&place, &item, sizeof item);
     if (!send(TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&place)))
         place = {};
     return place;
 }
 
+void tree_view::bringSelectedIntoView() const noexcept
+{
+    if (const HTREEITEM item = related(TVGN_CARET, nullptr))
+        send(TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
+}
+
 std::wstring tree_view::parentOf(const std::wstring& key) const
 {
-    const auto parent =
-        reinterpret_cast<HTREEITEM>(send(TVM_GETNEXTITEM, TVGN_PARENT, reinterpret_cast<LPARAM>(entry(key).item)));
+    const HTREEITEM parent = related(TVGN_PARENT, entry(key).item);
     const Entry* found = parent ? entryOf(parent) : nullptr;
     return found ? found->node.key : std::wstring();
 }

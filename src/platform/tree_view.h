@@ -26,8 +26,13 @@ public:
     // Add a node as the last root, or as the last child of a node that is there.
     void addRoot(TreeNode node);
     void add(const std::wstring& parentKey, TreeNode node);
+    // When the selected node goes, the next sibling is selected instead, else the one before, else the node above. That
+    // is settled before anything is deleted, and told to the parent window once, when all is done: how a system's tree
+    // would move its selection while nodes go does not matter.
     void remove(const std::wstring& key);
     void clear();
+    // While true, notifications of a changed selection mean nothing: nodes are on their way out.
+    bool isRemoving() const noexcept { return m_isRemoving; }
     size_t size() const noexcept { return m_nodes.size(); }
 
     bool has(const std::wstring& key) const { return m_nodes.contains(key); }
@@ -42,6 +47,7 @@ public:
     // The node at a place of the control (pixels), null when there is none; and where the selected node's text stands.
     const TreeNode* nodeAt(POINT place) const noexcept;
     RECT placeOfSelected() const noexcept;
+    void bringSelectedIntoView() const noexcept;
     // The key of the node above, empty for a root.
     std::wstring parentOf(const std::wstring& key) const;
 
@@ -56,8 +62,14 @@ private:
     void insert(HTREEITEM parent, TreeNode node);
     Entry& entry(const std::wstring& key) const;
     const Entry* entryOf(HTREEITEM item) const noexcept;
+    HTREEITEM related(UINT relation, HTREEITEM item) const noexcept;
+    bool isWithin(HTREEITEM item, HTREEITEM branch) const noexcept;
+    HTREEITEM heirOf(HTREEITEM item) const noexcept;
+    void deleteItems(HTREEITEM items, HTREEITEM selection) noexcept;
+    void tellSelection() const noexcept;
 
     std::unordered_map<std::wstring, std::unique_ptr<Entry>> m_nodes;
+    bool m_isRemoving = false;
 };
 
 } // namespace velk

@@ -7,10 +7,9 @@
 namespace velk {
 namespace {
 
-// A first fill looks at that many rows to find the widths of the columns, and keeps them within bounds (pixels).
+// A first fill looks at that many rows to find the widths of the columns, and keeps them within bounds (dialog units).
 constexpr size_t measuredRows = 200;
-constexpr int widestColumn = 320;
-constexpr int pictureWidth = 20;
+constexpr int widestColumn = 220;
 
 } // namespace
 
@@ -21,6 +20,7 @@ void DetailsList::setFont(HFONT font)
     GetObjectW(font, sizeof description, &description);
     description.lfWeight = FW_BOLD;
     m_boldFont.reset(CreateFontIndirectW(&description));
+    showOrder();
 }
 
 void DetailsList::showColumns(int32_t folderKind, const std::vector<std::wstring>& headers)
@@ -155,9 +155,10 @@ void DetailsList::showRows()
 
 int DetailsList::widthOfCell(const Row& row, int column) const
 {
-    const std::wstring& text = row.cells.at(static_cast<size_t>(column));
+    const auto cell = static_cast<size_t>(column);
+    const std::wstring text = cell < row.cells.size() ? row.cells[cell] : std::wstring();
     const int width = row.bold ? m_view.widthOf(text, m_boldFont.get()) : m_view.widthOf(text);
-    return column == 0 ? width + pictureWidth : width;
+    return column == 0 ? width + m_view.pictureWidth() : width;
 }
 
 void DetailsList::fitColumns()
@@ -167,7 +168,7 @@ void DetailsList::fitColumns()
         int width = m_view.columnWidth(column);
         for (size_t row = 0; row < looked; ++row)
             width = std::max(width, widthOfCell(m_rows.at(row), column));
-        m_view.setColumnWidth(column, std::min(width, widestColumn));
+        m_view.setColumnWidth(column, std::min(width, m_view.dialogUnits(widestColumn)));
     }
     m_areWidthsKnown = true;
 }

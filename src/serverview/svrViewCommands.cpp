@@ -62,6 +62,16 @@ void addCommandObject(const IntegrationMgr& manager, int32_t handle)
         RZCommandDoGetDE(handle, target.projName, target.dataenvName, target.conName, target.name);
 }
 
+// Carries out what the user chose; a failure is told as its description and number. The life is a copy: the control may
+// be gone when the command comes back.
+template <class Command>
+void carryOut(const Session life, const wchar_t* where, Command&& command) noexcept
+{
+    if (const auto failure = attempt(command))
+        swallow(where, L"there is no other way to tell the user",
+                [&] { tell(life, failure->description() + L":" + numberText(failure->number())); });
+}
+
 } // namespace
 
 void svrViewCtl::clickMenuItem(MenuItem item)
@@ -82,14 +92,14 @@ void svrViewCtl::clickMenuItem(MenuItem item)
     // clang-format on
     for (const HandlerRow& row : ownHandlers)
         if (row.item == item)
-            return (this->*row.handler)();
+            // They have no trap of their own. Here one is needed: a project that was not saved must not seem to be.
+            return carryOut(m_life, L"clickMenuItem", [&] { (this->*row.handler)(); });
     doMenuCommand(item, actsOnTheTree(menuRows()[static_cast<size_t>(item)].menu));
 }
 
 void svrViewCtl::doMenuCommand(MenuItem item, bool fromTree) noexcept
 {
-    const Session life = m_life; // the control may be gone when the command comes back
-    const auto failure = attempt([&] {
+    carryOut(m_life, L"doMenuCommand", [&] {
         const int32_t code = textToLong(m_menus[item].tag);
         const TreeNode* node = m_serverTreeView->selected();
         const Row* row = m_serverDetailsView->selected();
@@ -97,9 +107,6 @@ void svrViewCtl::doMenuCommand(MenuItem item, bool fromTree) noexcept
             throw Error(errorObjectNotSet);
         runCommand(code, keyToHandle(fromTree ? node->key : row->key));
     });
-    if (failure)
-        swallow(L"doMenuCommand", L"there is no other way to tell the user",
-                [&] { tell(life, failure->description() + L":" + numberText(failure->number())); });
 }
 
 void svrViewCtl::runCommand(int32_t code, int32_t handle)

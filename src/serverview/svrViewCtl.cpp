@@ -16,7 +16,8 @@ namespace {
 constexpr int picturesResource = 120;
 constexpr int pictureSize = 16; // pixels
 constexpr COLORREF pictureMask = RGB(255, 0, 255);
-constexpr int firstTreeWidth = 3600; // twips
+constexpr int firstTreeWidth = 3600;  // twips
+constexpr int32_t viewNameText = 400; // the tool window's caption
 
 // Headers that several kinds of folder share are fetched once.
 constexpr int32_t firstHeaderText = 500;
@@ -75,6 +76,7 @@ void svrViewCtl::setupGUI()
     publishedView() = {m_serverTreeView.get(), m_serverDetailsView.get(), ImageList1.get(), m_IMgr, m_life};
     m_menus.setUp(isSourceSafeInstalled(), m_IMgr ? m_IMgr.getIdeType() : ideTypeVisualInterDev);
     fillColumnSets();
+    m_serverTreeView->setName(getRZString(viewNameText));
 }
 
 void svrViewCtl::fillColumnSets()
@@ -107,36 +109,47 @@ void svrViewCtl::selectNode(bool force)
     const auto columns = m_columnSets.find(kind);
     m_serverDetailsView->showColumns(kind,
                                      columns == m_columnSets.end() ? std::vector<std::wstring>() : columns->second);
+    m_serverDetailsView->view().setName(node->text);
     RZSetCurrentFolder(handle, kind);
 }
 
-void svrViewCtl::forgetNode(const std::wstring& key)
+void svrViewCtl::forgetNode()
 {
-    if (key != m_previousNode)
-        return;
     m_previousNode.clear();
+    m_serverDetailsView->view().setName({});
     m_serverDetailsView->showColumns(0, {});
 }
 
 LRESULT svrViewCtl::onTreeNotify(const NMHDR& header, LPARAM lParam)
 {
-    if (header.code == TVN_SELCHANGEDW)
+    if (header.code == TVN_SELCHANGEDW && !m_serverTreeView->isRemoving())
         selectNode(false);
     if (header.code == TVN_DELETEITEMW) {
         const auto& notification = *reinterpret_cast<const NMTREEVIEWW*>(lParam);
-        if (const auto* entry = reinterpret_cast<const TreeNode*>(notification.itemOld.lParam))
-            forgetNode(entry->key);
+        const auto* node = reinterpret_cast<const TreeNode*>(notification.itemOld.lParam);
+        const bool isRemembered = node && node->key == m_previousNode;
         m_serverTreeView->onDeleteItem(notification);
+        if (isRemembered)
+            forgetNode();
     }
     return 0;
+}
+
+void svrViewCtl::notePane(const NMHDR& header) noexcept
+{
+    if (header.code == NM_SETFOCUS)
+        m_wasInList = header.hwndFrom == m_serverDetailsView->view().hwnd();
 }
 
 LRESULT svrViewCtl::onNotify(const NMHDR& header, LPARAM lParam)
 {
     // Both controls tell things while they are being made.
-    if (m_serverTreeView && header.hwndFrom == m_serverTreeView->hwnd())
+    if (!m_serverTreeView || !m_serverDetailsView)
+        return 0;
+    notePane(header);
+    if (header.hwndFrom == m_serverTreeView->hwnd())
         return onTreeNotify(header, lParam);
-    if (m_serverDetailsView && header.hwndFrom == m_serverDetailsView->view().hwnd())
+    if (header.hwndFrom == m_serverDetailsView->view().hwnd())
         return onListNotify(header, lParam);
     return 0;
 }
@@ -213,12 +226,15 @@ LRESULT svrViewCtl::handle(UINT message, WPARAM wParam, LPARAM lParam)
         resizeGUI();
         return 0;
     case WM_CONTEXTMENU:
-        onContextMenu(reinterpret_cast<HWND>(wParam),
-                      {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))}, lParam == -1);
+        // Whatever becomes of it: a message that counts as not handled would open the IDE's own menu.
+        swallow(L"svrViewCtl menu", L"no menu opens; what its items do tells its own failures", [&] {
+            onContextMenu(reinterpret_cast<HWND>(wParam),
+                          {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))}, lParam == -1);
+        });
         return 0;
     case WM_SETFOCUS:
-        if (m_serverTreeView)
-            SetFocus(m_serverTreeView->hwnd());
+        if (m_serverTreeView && m_serverDetailsView)
+            SetFocus(m_wasInList ? m_serverDetailsView->view().hwnd() : m_serverTreeView->hwnd());
         return 0;
     default:
         return handleDefault(message, wParam, lParam);

@@ -42,7 +42,7 @@ public:
     void selectNode(bool force);
 
     PopupMenus& menus() noexcept { return m_menus; }
-    // What the user's choice of a menu item does.
+    // What the user's choice of a menu item does. A failure is told in a message box.
     void clickMenuItem(MenuItem item);
     // Carries out an item's action code on the tree's selected node, or on the list's selected row. A failure is told
     // in a message box.
@@ -58,10 +58,11 @@ private:
     void UserControl_MouseUp(int x, int y);                      // twips
     void resizeGUI();
     void fillColumnSets();
-    void forgetNode(const std::wstring& key);
+    void forgetNode();
     LRESULT onNotify(const NMHDR& header, LPARAM lParam);
     LRESULT onTreeNotify(const NMHDR& header, LPARAM lParam);
     LRESULT onListNotify(const NMHDR& header, LPARAM lParam);
+    void notePane(const NMHDR& header) noexcept;
     void onContextMenu(HWND source, POINT place, bool isByKeyboard); // pixels of the screen
     void serverTreeView_MouseUp(POINT place, bool isByKeyboard);
     void serverDetailsView_MouseUp(POINT place, bool isByKeyboard);
@@ -100,6 +101,7 @@ private:
     int m_treeWidth;                                           // twips
     int m_barLeft;                                             // twips, while dragged elsewhere than the tree's edge
     bool m_isDragging = false;
+    bool m_wasInList = false; // the pane that had the focus last
 };
 
 } // namespace velk

@@ -55,9 +55,9 @@ void svrViewCtl::resizeGUI()
         return;
     RECT inner{};
     GetClientRect(hwnd(), &inner);
-    m_barLeft = m_treeWidth;
-    // A view narrower than its tree shows as much of the tree as there is; the tree's width itself stays.
-    const int treeWidth = std::min<int>(toPixels(m_treeWidth), inner.right);
+    // The tree's own width stays, however much of it a narrow view shows.
+    const int treeWidth = std::min<int>(toPixels(rules().barAt(m_treeWidth)), inner.right);
+    m_barLeft = toTwips(treeWidth);
     const int barWidth = std::min<int>(toPixels(barWidthTwips), inner.right - treeWidth);
     const int listLeft = treeWidth + barWidth;
     const int height = inner.bottom;

@@ -4,6 +4,8 @@
 #include "serverview/kinds.h"
 #include "serverview/svrViewCtl.h"
 
+#include <algorithm>
+
 namespace velk {
 namespace {
 
@@ -17,6 +19,14 @@ POINT onScreen(HWND window, POINT place)
 {
     ClientToScreen(window, &place);
     return place;
+}
+
+// Where a menu that is asked for by the keyboard opens: below an item's text, as far as that is in sight.
+POINT below(HWND window, const RECT& text)
+{
+    RECT inner{};
+    GetClientRect(window, &inner);
+    return onScreen(window, {std::clamp(text.left, 0L, inner.right), std::clamp(text.bottom, 0L, inner.bottom)});
 }
 
 POINT inWindow(HWND window, POINT place)
@@ -60,8 +70,8 @@ void svrViewCtl::serverTreeView_MouseUp(POINT place, bool isByKeyboard)
     if (m_life.isOver())
         return;
     if (isByKeyboard) {
-        const RECT text = m_serverTreeView->placeOfSelected();
-        place = onScreen(window, {text.left, text.bottom});
+        m_serverTreeView->bringSelectedIntoView();
+        place = below(window, m_serverTreeView->placeOfSelected());
     }
     popUp(PopupMenus::menuOfNode(selectedKind()), place);
 }
@@ -74,8 +84,8 @@ void svrViewCtl::serverDetailsView_MouseUp(POINT place, bool isByKeyboard)
         return;
     list.selectRow(row);
     if (isByKeyboard) {
-        const RECT text = list.placeOf(row);
-        place = onScreen(list.hwnd(), {text.left, text.bottom});
+        list.bringIntoView(row);
+        place = below(list.hwnd(), list.placeOf(row));
     }
     if (const std::optional<PopupMenu> menu = menuOfSelectedRow())
         popUp(*menu, place);

@@ -18,8 +18,9 @@ protected:
             messages.push_back(text + L"|" + caption);
             return IDOK;
         });
-        setMenuPresenter([this](const std::vector<MenuLine>& lines) {
+        setMenuPresenter([this](const std::vector<MenuLine>& lines, POINT place) {
             menu = lines;
+            menuPlace = place;
             if (whileMenuIsOpen)
                 whileMenuIsOpen();
             return chosen;
@@ -57,6 +58,11 @@ protected:
         ClientToScreen(window, &place);
         SendMessageW(window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window), MAKELPARAM(place.x, place.y));
     }
+    // The menu key, or Shift+F10.
+    void askForMenuByKeyboard(HWND window)
+    {
+        SendMessageW(window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window), -1);
+    }
     void rightClickRow(int row)
     {
         const RECT place = list().view().placeOf(row);
@@ -73,6 +79,7 @@ protected:
     com_ptr<FakeManager> manager = makeObject<FakeManager>(journal);
     Lines messages;
     std::vector<MenuLine> menu;
+    POINT menuPlace{}; // pixels of the screen
     int chosen = 0;
     std::function<void()> whileMenuIsOpen;
     std::wstring asked, title, filter, chosenFile;

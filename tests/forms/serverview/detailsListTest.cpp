@@ -41,6 +41,13 @@ protected:
         clearListRows();
         addViews(wanted);
     }
+    static std::vector<std::wstring> manyNames()
+    {
+        std::vector<std::wstring> many;
+        for (int number = 0; number < 500; ++number)
+            many.push_back(L"view" + std::to_wstring(number));
+        return many;
+    }
     LRESULT find(const wchar_t* text, int from)
     {
         NMLVFINDITEMW question{};
@@ -130,9 +137,7 @@ TEST_F(DetailsListTest, refreshWithoutTheSelectedRow_selectsNothing)
 
 TEST_F(DetailsListTest, refreshOfALongList_keepsTheFirstVisibleRow)
 {
-    std::vector<std::wstring> many;
-    for (int number = 0; number < 500; ++number)
-        many.push_back(L"view" + std::to_wstring(number));
+    const std::vector<std::wstring> many = manyNames();
     refresh(many);
     list().view().scrollToTop(200);
     EXPECT_EQ(list().view().topRow(), 200);
@@ -153,6 +158,31 @@ TEST_F(DetailsListTest, typing_findsTheNextNameWithoutRegardToCaseAndWraps)
     EXPECT_EQ(find(L"CH", 0), 2);
     EXPECT_EQ(find(L"al", 2), 1);
     EXPECT_EQ(find(L"x", 0), -1);
+}
+
+TEST_F(DetailsListTest, singleAddedRow_keepsSelectionFocusAndPlace)
+{
+    refresh(manyNames());
+    list().view().selectRow(210);
+    list().view().focusRow(212);
+    list().view().scrollToTop(200);
+    addViewRow({.lHdl = 2000, .strName = L"a"});
+    EXPECT_EQ(list().view().selectedRow(), 210);
+    EXPECT_EQ(list().view().focusedRow(), 212);
+    EXPECT_EQ(list().view().topRow(), 200);
+}
+
+TEST_F(DetailsListTest, singleRowAddedAboveThem_movesSelectionFocusAndPlaceAlong)
+{
+    refresh(manyNames());
+    clickHeader(0);
+    list().view().selectRow(210);
+    list().view().focusRow(212);
+    list().view().scrollToTop(200);
+    addViewRow({.lHdl = 2000, .strName = L"a"});
+    EXPECT_EQ(list().view().selectedRow(), 211);
+    EXPECT_EQ(list().view().focusedRow(), 213);
+    EXPECT_EQ(list().view().topRow(), 201);
 }
 
 TEST_F(DetailsListTest, otherFoldersRows_areNotTakenForARefresh)

@@ -70,6 +70,29 @@ TEST_F(KeysTest, deleteOnATable_isLeftToTheIde)
     EXPECT_FALSE(press(VK_DELETE));
 }
 
+TEST_F(KeysTest, focusThatComesBack_goesToThePaneThatHadIt)
+{
+    SetFocus(view.hwnd());
+    EXPECT_EQ(GetFocus(), tree().hwnd());
+    SetFocus(list().view().hwnd());
+    SetFocus(host);
+    SetFocus(view.hwnd());
+    EXPECT_EQ(GetFocus(), list().view().hwnd());
+    SetFocus(tree().hwnd());
+    SetFocus(host);
+    SetFocus(view.hwnd());
+    EXPECT_EQ(GetFocus(), tree().hwnd());
+}
+
+TEST_F(KeysTest, tab_movesBetweenTreeAndList)
+{
+    SetFocus(tree().hwnd());
+    EXPECT_TRUE(press(VK_TAB));
+    EXPECT_EQ(GetFocus(), list().view().hwnd());
+    EXPECT_TRUE(press(VK_TAB));
+    EXPECT_EQ(GetFocus(), tree().hwnd());
+}
+
 struct ModifiedKey {
     int modifier;
     WPARAM key;

@@ -15,7 +15,7 @@ protected:
     MenusTest()
     {
         backend.numbersAsTexts = true;
-        setMenuPresenter([this](const std::vector<MenuLine>& lines) {
+        setMenuPresenter([this](const std::vector<MenuLine>& lines, POINT) {
             shown = lines;
             return answer;
         });

@@ -63,6 +63,28 @@ TEST_F(serverViewDocTest, terminatedDocument_emptiesTheManagersReferencesAndItsO
     EXPECT_FALSE(serverViewWindow().document);
 }
 
+TEST_F(serverViewDocTest, earlierDocumentThatEnds_leavesTheNextOnesReferences)
+{
+    const auto next = makeObject<serverViewDoc>().tryAs<IDispatch>();
+    serverViewWindow() = {next, next};
+    document->putref_IMgr(manager.get());
+    document->Close(OLECLOSE_NOSAVE);
+    document.reset();
+    EXPECT_EQ(serverViewWindow().window.get(), next.get());
+    EXPECT_EQ(serverViewWindow().document.get(), next.get());
+}
+
+TEST_F(serverViewDocTest, manager_isKeptAndGivenBack)
+{
+    com_ptr<_IntegrationMgr> held;
+    EXPECT_EQ(document->get_IMgr(held.put()), S_OK);
+    EXPECT_FALSE(held);
+    document->putref_IMgr(manager.get());
+    EXPECT_EQ(document->get_IMgr(held.put()), S_OK);
+    EXPECT_EQ(held.get(), manager.get());
+    EXPECT_EQ(document->get_IMgr(nullptr), E_POINTER);
+}
+
 TEST_F(serverViewDocTest, setUpBeforeAnythingIsShown_waitsForTheControl)
 {
     document->putref_IMgr(manager.get());
@@ -84,6 +106,12 @@ protected:
         host->close();
         DestroyWindow(window);
     }
+    std::pair<LONG, LONG> sizeOfTheControl() const
+    {
+        RECT place{};
+        GetWindowRect(document->svrViewCtl1()->hwnd(), &place);
+        return {place.right - place.left, place.bottom - place.top};
+    }
     static _IntegrationMgr* managerOfTheView() { return publishedView().IMgr.object().get(); }
 
     HWND window = nullptr;
@@ -101,6 +129,32 @@ TEST_F(ShownDocumentTest, setUp_givesTheControlItsManagerAndPublishesIt)
     EXPECT_TRUE(document->svrViewCtl1()->menus()[MenuItem::adoConObjMnuItem].visible); // for this kind of IDE alone
 }
 
+TEST_F(ShownDocumentTest, control_coversTheWholeDocumentAndFollowsIt)
+{
+    EXPECT_EQ(sizeOfTheControl(), (std::pair<LONG, LONG>{320, 200}));
+    for (const RECT place : {RECT{0, 0, 700, 33}, RECT{0, 0, 0, 90}, RECT{0, 0, 500, 0}}) {
+        RECT wanted = place;
+        host->view->SetRect(&wanted);
+        EXPECT_EQ(sizeOfTheControl(), (std::pair<LONG, LONG>{place.right, place.bottom}));
+    }
+}
+
+TEST_F(ShownDocumentTest, documentThatReplacesAnother_isTheOneThatIsPublished)
+{
+    document->putref_IMgr(manager.get());
+    document->setupGUI();
+    const auto second = makeObject<serverViewDoc>();
+    second->putref_IMgr(manager.get());
+    second->setupGUI();
+    const auto secondHost = makeObject<test::DocumentHost>(window);
+    secondHost->show(second.tryAs<IUnknown>().get());
+    host->close();
+    host = secondHost;
+    document = second;
+    EXPECT_EQ(publishedView().serverTreeView, &document->svrViewCtl1()->serverTreeView());
+    EXPECT_EQ(managerOfTheView(), manager.get());
+}
+
 TEST_F(ShownDocumentTest, secondSetUp_repeatsTheHandOverAndTheSetUp)
 {
     document->putref_IMgr(manager.get());
@@ -113,7 +167,7 @@ TEST_F(ShownDocumentTest, secondSetUp_repeatsTheHandOverAndTheSetUp)
     EXPECT_EQ(document->setupGUI(), S_OK);
     EXPECT_EQ(document->svrViewCtl1(), control);
     EXPECT_EQ(managerOfTheView(), second.get());
-    EXPECT_EQ(backend.counts["RZGetString"], 15 + 25); // every header and every caption once more
+    EXPECT_EQ(backend.counts["RZGetString"], 15 + 25 + 1); // every header and caption, and the tree's name, once more
     EXPECT_TRUE(control->menus()[MenuItem::adoConObjMnuItem].visible);
 }
 

@@ -1,5 +1,8 @@
 #include "viewFixture.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace velk {
 namespace {
 
@@ -144,11 +147,19 @@ TEST_F(svrViewCtlTest, widthThatTheUserGave_isKeptForTheKindOfFolder)
     EXPECT_EQ(list().view().columnWidth(0), 217);
 }
 
-TEST_F(svrViewCtlTest, sharedHeaders_areFetchedOnce)
+TEST_F(svrViewCtlTest, headers_areFetchedOnceEach)
 {
-    backend.counts.clear();
+    backend.unjournaled.erase("RZGetString");
+    backend.calls.clear();
     view.setupGUI();
-    EXPECT_EQ(backend.counts["RZGetString"], 15 + 25); // 500 to 505 once, 506 to 514 each in one set; menu captions
+    Calls asked;
+    std::copy_if(backend.calls.begin(), backend.calls.end(), std::back_inserter(asked),
+                 [](const std::string& call) { return call.starts_with("RZGetString(5"); });
+    std::sort(asked.begin(), asked.end());
+    EXPECT_EQ(asked, (Calls{"RZGetString(500)", "RZGetString(501)", "RZGetString(502)", "RZGetString(503)",
+                            "RZGetString(504)", "RZGetString(505)", "RZGetString(506)", "RZGetString(507)",
+                            "RZGetString(508)", "RZGetString(509)", "RZGetString(510)", "RZGetString(511)",
+                            "RZGetString(512)", "RZGetString(513)", "RZGetString(514)"}));
 }
 
 TEST_F(svrViewCtlTest, destroyedView_isWithdrawn)

@@ -144,6 +144,38 @@ TEST_F(MenusTest, runWithDebug_isOfferedWhateverTheTagSays)
     }
 }
 
+// What a row's menu sets: each item is switched off before and must be on after it.
+class RowItemTest : public MenusTest, public testing::WithParamInterface<MenuItem> {};
+
+TEST_P(RowItemTest, rowsMenu_enablesTheItem)
+{
+    menus.setUp(true, 3);
+    menus[GetParam()].enabled = false;
+    menus.menuOfRow(7, L"SQL", L"True#a.sql");
+    EXPECT_TRUE(menus[GetParam()].enabled);
+    menus[GetParam()].enabled = false;
+    menus.menuOfRow(11, L"SQL", L"");
+    EXPECT_FALSE(menus[GetParam()].enabled); // a trigger's menu sets nothing
+}
+INSTANTIATE_TEST_SUITE_P(Items, RowItemTest,
+                         testing::Values(devObjViewSrcMnuItem, devObjEditSrcMnuItem, devObjBuildMnuItem,
+                                         devObjBuildWDebugMnuItem, devObjRunWDebugMnuItem, devObjDropMnuItem,
+                                         devObjCopyMnuItem, devObjScmMnuItem, devObjChkInMnuItem, devObjChkOutMnuItem,
+                                         devObjAddFileMnuItem));
+
+class SourceSafeItemTest : public MenusTest, public testing::WithParamInterface<MenuItem> {};
+
+TEST_P(SourceSafeItemTest, start_enablesTheItemWithSourceSafeOnly)
+{
+    menus.setUp(false, 3);
+    EXPECT_FALSE(menus[GetParam()].enabled);
+    menus.setUp(true, 3);
+    EXPECT_TRUE(menus[GetParam()].enabled);
+}
+INSTANTIATE_TEST_SUITE_P(Items, SourceSafeItemTest,
+                         testing::Values(scmPropsMnuItem, devObjScmMnuItem, devObjChkInMnuItem, devObjChkOutMnuItem,
+                                         devObjAddFileMnuItem));
+
 TEST_F(MenusTest, nodeKinds_haveTheirMenus)
 {
     EXPECT_EQ(PopupMenus::menuOfNode(5), PopupMenu::conFolderMnu);

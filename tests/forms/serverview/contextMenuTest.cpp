@@ -34,6 +34,17 @@ protected:
         backend.calls.clear();
         return place;
     }
+    // Where the button that opens a node stands, from the text leftwards.
+    POINT buttonBeside(const RECT& text)
+    {
+        TVHITTESTINFO test{};
+        test.pt = {text.left, (text.top + text.bottom) / 2};
+        while (test.pt.x > 0 && !(test.flags & TVHT_ONITEMBUTTON)) {
+            --test.pt.x;
+            tree().send(TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&test));
+        }
+        return test.pt;
+    }
     static bool isWithin(HWND window, POINT place)
     {
         RECT area{};
@@ -128,6 +139,15 @@ TEST_F(ContextMenuTest, pictureOfANode_belongsToIt)
     tree().select(L"K10");
     const RECT text = textOf(L"K1");
     rightClick(tree().hwnd(), {text.left - 8, text.top + 4});
+    EXPECT_EQ(tree().selected()->key, L"K1");
+    EXPECT_EQ(menu.size(), 7u);
+}
+
+TEST_F(ContextMenuTest, buttonOfANode_belongsToIt)
+{
+    const RECT text = textOf(L"K1");
+    tree().select(L"K10");
+    rightClick(tree().hwnd(), buttonBeside(text));
     EXPECT_EQ(tree().selected()->key, L"K1");
     EXPECT_EQ(menu.size(), 7u);
 }

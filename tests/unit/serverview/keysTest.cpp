@@ -99,5 +99,15 @@ TEST(SplitterRules, mouseOverTheBar_reachesFiveBeyondItsWidth)
     EXPECT_FALSE(rules.isOver(1000, 1030, 0));
 }
 
+TEST(SplitterRules, bar_standsAtTheTreesWidthAsFarAsTheListsRoomLetsIt)
+{
+    const SplitterRules rules{60, 6000};
+    EXPECT_EQ(rules.barAt(3600), 3600);
+    EXPECT_EQ(rules.barAt(5540), 5540);
+    EXPECT_EQ(rules.barAt(5541), 5540);
+    EXPECT_EQ((SplitterRules{60, 460}.barAt(3600)), 0);
+    EXPECT_EQ((SplitterRules{60, 0}.barAt(3600)), 0);
+}
+
 } // namespace
 } // namespace velk

@@ -126,7 +126,10 @@ void Connect::buildEntry()
     const com_ptr<IDispatch> events = automation::getObject(m_ide, L"Events");
     const com_ptr<IDispatch> source = automation::getObject(events, L"CommandBarEvents", {variant(m_menuEntry)});
     m_session.throwIfOver();
-    MenuHandler.connect(source, clickEvent, [this](const DISPPARAMS&) { MenuHandler_Click(); });
+    MenuHandler.connect(source, clickEvent, [this](const click_event& click) {
+        if (!click.isHandled)
+            MenuHandler_Click();
+    });
 }
 
 HRESULT Connect::AddToAddInCommandBar(BSTR* sCaption, CommandBarControl** control) noexcept

@@ -2,6 +2,7 @@
 
 #include "platform/com_object.h"
 #include "platform/module.h"
+#include "platform/variant.h"
 
 namespace velk {
 namespace {
@@ -14,6 +15,29 @@ constexpr IID knownSources[] = {
     {0x00020400, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}}, // IDispatch itself
 };
 // clang-format on
+
+// The arguments of Click(CommandBarControl, handled, CancelDefault), which come backwards.
+enum FromTheEnd : UINT { controlArgument = 2, handledArgument = 1 };
+
+// An argument without its reference; empty for one that is missing or refers to nothing.
+variant argumentOf(const DISPPARAMS* arguments, FromTheEnd place)
+{
+    variant value;
+    if (!arguments || place >= arguments->cArgs)
+        return value;
+    const VARIANTARG& raw = arguments->rgvarg[place];
+    const bool refersToNothing = (raw.vt & VT_BYREF) && !raw.byref;
+    if (!refersToNothing)
+        VariantCopyInd(value.put(), const_cast<VARIANTARG*>(&raw));
+    return value;
+}
+
+bool isTrue(const variant& value) noexcept
+{
+    bool truth = false;
+    const auto unreadable = attempt([&] { truth = value.asBool(); });
+    return !unreadable && truth;
+}
 
 // Answers to whatever event interface the source was found to have.
 class Sink : public ComObject<Sink, IDispatch> {
@@ -39,12 +63,14 @@ public:
     STDMETHODIMP Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* arguments, VARIANT*, EXCEPINFO*,
                         UINT*) noexcept override
     {
-        if (id != m_event || !arguments)
+        if (id != m_event)
             return S_OK;
-        // The handler may disconnect and so drop the last reference to this sink.
+        // The handler may disconnect and so drop the last other reference to this sink, which holds it.
         const com_ptr<IUnknown> untilDone(identity());
-        const event_connection::Handler handler = m_handler;
-        swallow(L"event sink", L"a host must not hear of our failures", [&] { handler(*arguments); });
+        swallow(L"event sink", L"a host must not hear of our failures", [&] {
+            m_handler(
+                {argumentOf(arguments, controlArgument).asObject(), isTrue(argumentOf(arguments, handledArgument))});
+        });
         return S_OK;
     }
 

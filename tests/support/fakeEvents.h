@@ -3,15 +3,17 @@
 #include "platform/com_object.h"
 #include "platform/variant.h"
 
+#include <span>
+
 namespace velk::test {
 
 // A source of command bar events with one connection, as an IDE hands it out for a control.
 class FakeEvents : public ComObject<FakeEvents, IDispatch, IConnectionPointContainer, IConnectionPoint> {
 public:
-    // What the IDE does when the user clicks; nothing when nobody listens.
-    void click(IDispatch* control)
+    // What the IDE does when the user clicks; nothing when nobody listens. Handled: by another add-in, before.
+    void click(IDispatch* control, bool isHandled = false)
     {
-        VARIANT_BOOL handled = VARIANT_FALSE;
+        VARIANT_BOOL handled = isHandled ? VARIANT_TRUE : VARIANT_FALSE;
         VARIANT_BOOL cancel = VARIANT_FALSE;
         VARIANTARG arguments[3]{};
         arguments[0].vt = VT_BYREF | VT_BOOL;
@@ -20,9 +22,18 @@ public:
         arguments[1].pboolVal = &handled;
         arguments[2].vt = VT_DISPATCH;
         arguments[2].pdispVal = control;
-        DISPPARAMS parameters{arguments, nullptr, 3, 0};
+        raise(1, arguments);
+    }
+    // An event with these arguments, backwards as automation has them.
+    void raise(DISPID event, std::span<VARIANTARG> backwards)
+    {
+        DISPPARAMS parameters{backwards.data(), nullptr, static_cast<UINT>(backwards.size()), 0};
+        raise(event, &parameters);
+    }
+    void raise(DISPID event, DISPPARAMS* parameters)
+    {
         if (const com_ptr<IDispatch> sink = m_sink)
-            sink->Invoke(1, IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr, nullptr, nullptr);
+            sink->Invoke(event, IID_NULL, 0, DISPATCH_METHOD, parameters, nullptr, nullptr, nullptr);
     }
     bool isConnected() const { return static_cast<bool>(m_sink); }
 

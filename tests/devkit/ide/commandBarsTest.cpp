@@ -99,7 +99,7 @@ protected:
     {
         const auto events = automation::getObject(root, L"Events");
         connection.connect(automation::getObject(events, L"CommandBarEvents", {variant(control)}), 1,
-                           [this](const DISPPARAMS& arguments) { clicked.push_back(arguments.rgvarg[2].pdispVal); });
+                           [this](const click_event& click) { clicked.push_back(click.control.get()); });
     }
     event_connection connection;
     std::vector<IDispatch*> clicked;
@@ -148,7 +148,7 @@ TEST_F(ClicksTest, sinkThatDisconnectsItself_isSafe)
     automation::put(button, L"OnAction", variant(L"x"));
     const auto events = automation::getObject(root, L"Events");
     connection.connect(automation::getObject(events, L"CommandBarEvents", {variant(button)}), 1,
-                       [this](const DISPPARAMS&) { connection.disconnect(); });
+                       [this](const click_event&) { connection.disconnect(); });
     automation::call(button, L"Execute");
     EXPECT_THAT(recorder().lines(), testing::Contains(L"CommandBarButton \"\" click disconnected"));
 }

@@ -32,7 +32,8 @@ public:
     }
     void raise(DISPID event, DISPPARAMS* parameters)
     {
-        if (const com_ptr<IDispatch> sink = m_sink)
+        // Not held during the call: a sink has to look after itself.
+        if (IDispatch* sink = m_sink.get())
             sink->Invoke(event, IID_NULL, 0, DISPATCH_METHOD, parameters, nullptr, nullptr, nullptr);
     }
     bool isConnected() const { return static_cast<bool>(m_sink); }

@@ -4,6 +4,9 @@
 #include "support/fakeEvents.h"
 
 #include <gmock/gmock.h>
+#include <memory>
+#include <span>
+#include <vector>
 
 namespace velk {
 namespace {
@@ -35,6 +38,7 @@ protected:
     event_connection connection;
     std::vector<IDispatch*> controls;
     std::vector<bool> handled;
+    const std::shared_ptr<int> token = std::make_shared<int>(0);
 };
 
 TEST_F(EventSinkTest, click_tellsItsControlAndThatNobodyHandledIt)
@@ -108,14 +112,15 @@ TEST_F(EventSinkTest, handlerThatThrows_isReportedOnly)
 
 TEST_F(EventSinkTest, handlerThatDisconnects_isStillThereUntilItIsDone)
 {
-    const auto token = std::make_shared<int>(7);
-    int seen = 0;
-    connection.connect(source(), 1, [this, token, &seen](const click_event&) {
+    long holders = 0;
+    connection.connect(source(), 1, [this, &holders, held = token](const click_event&) {
+        const std::shared_ptr<int>& observed = token; // what the handler holds itself may be gone below
+        long& result = holders;
         connection.disconnect();
-        seen = *token;
+        result = observed.use_count();
     });
     events->click(control());
-    EXPECT_EQ(seen, 7);
+    EXPECT_EQ(holders, 2);
     EXPECT_EQ(token.use_count(), 1);
 }
 

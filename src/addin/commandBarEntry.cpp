@@ -4,23 +4,42 @@
 #include "platform/automation.h"
 #include "platform/boundary.h"
 #include "platform/picture.h"
-#include "ui/messageBox.h"
 
 namespace velk {
 
+namespace {
+
+constexpr COLORREF faceBackground = RGB(192, 192, 192); // of the bitmaps, and what pasting takes for nothing
+
+// The mask comes after the picture, which resets it. False for a control that has no such properties or refuses them.
+bool putPictures(const com_ptr<IDispatch>& control, HBITMAP picture)
+{
+    if (!automation::hasMember(control.get(), L"Picture") || !automation::hasMember(control.get(), L"Mask"))
+        return false;
+    return swallow(L"EntryFaces.paste", L"the face goes by the clipboard instead", [&] {
+        automation::put(control, L"Picture", variant(pictureObject(copyOfBitmap(picture))));
+        automation::put(control, L"Mask", variant(pictureObject(maskOf(picture, faceBackground))));
+    });
+}
+
+} // namespace
+
 void EntryFaces::paste(const com_ptr<IDispatch>& control, int face)
+{
+    const unique_bitmap picture = loadBitmap(face);
+    if (!putPictures(control, picture.get()))
+        pasteFromClipboard(control, picture.get());
+}
+
+void EntryFaces::pasteFromClipboard(const com_ptr<IDispatch>& control, HBITMAP picture)
 {
     constexpr int attempts = 5;
     constexpr DWORD pause = 20; // milliseconds
-    if (!m_usersOwn)
-        m_usersOwn.emplace(dialogOwner());
-    if (!m_usersOwn->isKept())
-        return;
-    const unique_bitmap picture = loadBitmap(face);
-    for (int left = attempts; left > 0; --left) {
+    for (int left = attempts; left > 0 && m_mayUseClipboard; --left) {
         const auto failure = attempt([&] {
-            putBitmapOnClipboard(dialogOwner(), picture.get());
-            automation::call(control, L"PasteFace");
+            m_mayUseClipboard = m_clipboard.put(picture);
+            if (m_mayUseClipboard)
+                automation::call(control, L"PasteFace");
         });
         if (!failure)
             return;

@@ -7,7 +7,6 @@
 #include "platform/win32.h"
 
 #include <cstdint>
-#include <optional>
 #include <string_view>
 
 namespace velk {
@@ -16,16 +15,19 @@ inline constexpr int32_t controlTypeButton = 1;
 inline constexpr int32_t controlTypePopup = 10;
 inline constexpr int noFace = 0;
 
-// Pastes faces (bitmap resources of the add-in) by way of the clipboard, the only way that the IDE's bars take. What
-// the user had on the clipboard comes back at the end of this object's life; where it cannot be kept, because another
-// program holds the clipboard, entries stay without a face instead.
+// Gives entries their faces (bitmap resources of the add-in): by the picture properties of a control that has them,
+// else by way of the clipboard, the only one that the IDE's bars take. What the user had on the clipboard comes back at
+// the end of this object's life; where it cannot be kept entries stay without a face instead.
 class EntryFaces {
 public:
     // Throws what the control refuses, after a few attempts: another program may look at the clipboard at that moment.
     void paste(const com_ptr<IDispatch>& control, int face);
 
 private:
-    std::optional<clipboard_keeper> m_usersOwn; // from the first face on
+    void pasteFromClipboard(const com_ptr<IDispatch>& control, HBITMAP picture);
+
+    clipboard_keeper m_clipboard;
+    bool m_mayUseClipboard = true;
 };
 
 // Gives a control its caption from the tool, its face (noFace: none), and its action text. Error 5 when the session

@@ -1,36 +1,52 @@
 #pragma once
 
-#include "platform/win32.h"
+#include "platform/unique_any.h"
 
+#include <utility>
 #include <vector>
 
 namespace velk {
 
-// Puts a bitmap on the clipboard (a copy; the caller keeps its own), not for any history of it. Throws when another
-// program holds the clipboard.
-void putBitmapOnClipboard(HWND owner, HBITMAP bitmap);
-
-// Keeps what stands on the clipboard and puts it back at its end, so that the user loses nothing; what another program
-// has put there meanwhile stays. Formats that only their program can make (drawn by the owner, private handles) cannot
-// be kept. Another program may hold the clipboard for a moment: it is waited for up to a fifth of a second, then left
-// as it is.
+// Shows bitmaps to whoever looks at the clipboard, and gives the user's own content back at its end; what another
+// program has put there meanwhile stays. The owner in between is a hidden window of its own.
+//
+// What stands there is kept whole or not touched at all. Keeping it means to ask its owner for what that has only
+// promised so far, so the system's conversions are left to the system, and there are limits: in formats, bytes and
+// time. An owner that does not answer is not asked. What only its own program can make (drawn by the owner, private
+// handles, the marks of an OLE source) cannot be kept, and does not come back.
 class clipboard_keeper {
 public:
-    explicit clipboard_keeper(HWND owner) noexcept;
+    clipboard_keeper() = default;
     clipboard_keeper(const clipboard_keeper&) = delete;
     clipboard_keeper& operator=(const clipboard_keeper&) = delete;
     ~clipboard_keeper();
 
-    // False when the clipboard could not be read: who empties it now takes from the user.
-    bool isKept() const noexcept { return m_wasRead; }
+    // Puts a copy of the bitmap there, not for any history of the clipboard. False, with nothing changed, when another
+    // program holds the clipboard for more than a fifth of a second, or when what stands there cannot be kept; the
+    // same content is not asked for again then. Throws when the system refuses the bitmap.
+    bool put(HBITMAP bitmap);
 
 private:
-    struct Kept {
-        UINT format;
-        HANDLE data; // owned until it is put back
+    // A format and a copy of its data.
+    class Kept {
+    public:
+        Kept(UINT format, HANDLE data) noexcept : m_format(format), m_data(data) {}
+        Kept(Kept&& other) noexcept : m_format(other.m_format), m_data(std::exchange(other.m_data, nullptr)) {}
+        Kept(const Kept&) = delete;
+        Kept& operator=(const Kept&) = delete;
+        ~Kept();
+        bool isThere() const noexcept { return m_data != nullptr; }
+        void putBack() noexcept;
+
+    private:
+        UINT m_format;
+        HANDLE m_data; // null once the clipboard owns it
     };
-    HWND m_owner;
-    bool m_wasRead = false;
+    bool isOurs() const noexcept { return m_window && GetClipboardOwner() == m_window.get(); }
+    bool keep();
+    bool readAll(std::vector<Kept>& kept) const;
+
+    unique_window m_window; // from the first bitmap on
     std::vector<Kept> m_kept;
 };
 

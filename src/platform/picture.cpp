@@ -54,4 +54,39 @@ unique_bitmap loadBitmap(int resource)
     return bitmap;
 }
 
+unique_bitmap copyOfBitmap(HBITMAP bitmap)
+{
+    unique_bitmap copy(static_cast<HBITMAP>(CopyImage(bitmap, IMAGE_BITMAP, 0, 0, 0)));
+    throwLastErrorUnless(static_cast<bool>(copy));
+    return copy;
+}
+
+unique_bitmap maskOf(HBITMAP bitmap, COLORREF nothing)
+{
+    const SIZE size = sizeOf(bitmap);
+    unique_bitmap mask(CreateBitmap(size.cx, size.cy, 1, 1, nullptr));
+    throwLastErrorUnless(static_cast<bool>(mask));
+    const unique_memory_dc source(CreateCompatibleDC(nullptr));
+    const unique_memory_dc target(CreateCompatibleDC(nullptr));
+    const HGDIOBJ oldSource = SelectObject(source.get(), bitmap);
+    const HGDIOBJ oldTarget = SelectObject(target.get(), mask.get());
+    SetBkColor(source.get(), nothing); // what has this colour becomes white in two colours
+    BitBlt(target.get(), 0, 0, size.cx, size.cy, source.get(), 0, 0, SRCCOPY);
+    SelectObject(target.get(), oldTarget);
+    SelectObject(source.get(), oldSource);
+    return mask;
+}
+
+com_ptr<IDispatch> pictureObject(unique_bitmap bitmap)
+{
+    PICTDESC description{};
+    description.cbSizeofstruct = sizeof description;
+    description.picType = PICTYPE_BITMAP;
+    description.bmp.hbitmap = bitmap.get();
+    com_ptr<IDispatch> picture;
+    throwIfFailed(OleCreatePictureIndirect(&description, IID_IPictureDisp, TRUE, picture.putVoid()));
+    bitmap.release();
+    return picture;
+}
+
 } // namespace velk

@@ -1,13 +1,6 @@
-#include "platform/clipboard.h"
+#include "clipboardFixture.h"
 
-#include "platform/unique_any.h"
-
-#include <cwchar>
-#include <future>
-#include <gtest/gtest.h>
 #include <optional>
-#include <string>
-#include <thread>
 
 namespace velk {
 namespace {
@@ -36,8 +29,7 @@ public:
 private:
     void hold(std::chrono::milliseconds longest)
     {
-        const unique_window window(
-            CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr));
+        const unique_window window = test::hiddenWindow();
         const bool isOpen = OpenClipboard(window.get()) != FALSE;
         m_opened.set_value();
         m_enough.get_future().wait_for(longest);
@@ -50,128 +42,146 @@ private:
     std::thread m_thread; // the last member: it uses the others
 };
 
-class ClipboardTest : public testing::Test {
-protected:
-    ~ClipboardTest() override
-    {
-        if (OpenClipboard(window.get())) {
-            EmptyClipboard();
-            CloseClipboard();
-        }
-    }
-    // The clipboard holds a text and a registered format then, and nothing else.
-    void fill(const std::wstring& text, const std::wstring& special)
-    {
-        ASSERT_TRUE(OpenClipboard(window.get()));
-        EmptyClipboard();
-        put(CF_UNICODETEXT, text);
-        put(ownFormat, special);
-        CloseClipboard();
-    }
-    static void put(UINT format, const std::wstring& text)
-    {
-        const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(wchar_t));
-        std::wcscpy(static_cast<wchar_t*>(GlobalLock(block)), text.c_str());
-        GlobalUnlock(block);
-        SetClipboardData(format, block);
-    }
-    std::wstring content(UINT format) const
-    {
-        if (!OpenClipboard(window.get()))
-            return L"(held)";
-        const scope_exit closed([] { CloseClipboard(); });
-        const HANDLE block = GetClipboardData(format);
-        if (!block)
-            return L"(none)";
-        const std::wstring text = static_cast<const wchar_t*>(GlobalLock(block));
-        GlobalUnlock(block);
-        return text;
-    }
+class ClipboardTest : public test::ClipboardFixture {};
 
-    const UINT ownFormat = RegisterClipboardFormatW(L"velkviadd test format");
-    const unique_window window{
-        CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr)};
-};
+TEST_F(ClipboardTest, bitmapThatIsPut_standsThereAloneAndForNoHistory)
+{
+    copy(user.get(), L"the user's text", L"the user's format");
+    clipboard_keeper keeper;
+    EXPECT_TRUE(keeper.put(bitmap.get()));
+    EXPECT_TRUE(IsClipboardFormatAvailable(CF_BITMAP));
+    EXPECT_FALSE(IsClipboardFormatAvailable(CF_UNICODETEXT));
+    EXPECT_FALSE(IsClipboardFormatAvailable(ownFormat));
+    EXPECT_TRUE(IsClipboardFormatAvailable(RegisterClipboardFormatW(L"ExcludeClipboardContentFromMonitorProcessing")));
+}
+
+TEST_F(ClipboardTest, ownerInBetween_isAHiddenWindowOfItsOwn)
+{
+    copy(user.get(), L"the user's text", L"the user's format");
+    clipboard_keeper keeper;
+    keeper.put(bitmap.get());
+    const HWND owner = GetClipboardOwner();
+    EXPECT_TRUE(IsWindow(owner));
+    EXPECT_NE(owner, user.get());
+    EXPECT_EQ(GetAncestor(owner, GA_PARENT), GetAncestor(user.get(), GA_PARENT)); // of no program's windows
+}
 
 TEST_F(ClipboardTest, textAndARegisteredFormat_comeBack)
 {
-    fill(L"the user's text", L"the user's format");
+    copy(user.get(), L"the user's text", L"the user's format");
+    EXPECT_TRUE(showBitmap());
+    EXPECT_EQ(content(CF_UNICODETEXT), L"the user's text");
+    EXPECT_EQ(content(ownFormat), L"the user's format");
+    EXPECT_FALSE(IsClipboardFormatAvailable(CF_BITMAP));
+}
+
+TEST_F(ClipboardTest, severalBitmaps_giveTheUsersContentBackOnce)
+{
+    copy(user.get(), L"the user's text", L"the user's format");
     {
-        const clipboard_keeper keeper(window.get());
-        EXPECT_TRUE(keeper.isKept());
-        fill(L"other", L"another");
+        clipboard_keeper keeper;
+        EXPECT_TRUE(keeper.put(bitmap.get()));
+        EXPECT_TRUE(keeper.put(bitmap.get()));
     }
     EXPECT_EQ(content(CF_UNICODETEXT), L"the user's text");
     EXPECT_EQ(content(ownFormat), L"the user's format");
 }
 
-TEST_F(ClipboardTest, formatThatWasNotThere_isGoneAgain)
+TEST_F(ClipboardTest, emptyClipboard_isEmptyAgain)
 {
-    ASSERT_TRUE(OpenClipboard(window.get()));
-    EmptyClipboard();
-    put(CF_UNICODETEXT, L"the user's text");
+    empty();
+    EXPECT_TRUE(showBitmap());
+    EXPECT_EQ(CountClipboardFormats(), 0);
+}
+
+TEST_F(ClipboardTest, picture_comesBack)
+{
+    copyOne(CF_BITMAP, CreateBitmap(7, 5, 1, 24, nullptr));
+    EXPECT_TRUE(showBitmap());
+    ASSERT_TRUE(OpenClipboard(user.get()));
+    BITMAP size{};
+    GetObjectW(GetClipboardData(CF_BITMAP), sizeof size, &size);
     CloseClipboard();
+    EXPECT_EQ(size.bmWidth, 7);
+    EXPECT_EQ(size.bmHeight, 5);
+}
+
+TEST_F(ClipboardTest, drawing_comesBack)
+{
+    copyOne(CF_ENHMETAFILE, CloseEnhMetaFile(CreateEnhMetaFileW(nullptr, nullptr, nullptr, L"a drawing")));
+    EXPECT_TRUE(showBitmap());
+    ASSERT_TRUE(OpenClipboard(user.get()));
+    wchar_t name[32]{};
+    GetEnhMetaFileDescriptionW(static_cast<HENHMETAFILE>(GetClipboardData(CF_ENHMETAFILE)), 32, name);
+    CloseClipboard();
+    EXPECT_STREQ(name, L"a drawing");
+}
+
+TEST_F(ClipboardTest, keeperThatShowedNothing_leavesTheClipboardAlone)
+{
+    copy(user.get(), L"the user's text", L"the user's format");
+    const DWORD before = GetClipboardSequenceNumber();
     {
-        const clipboard_keeper keeper(window.get());
-        fill(L"other", L"another");
+        const clipboard_keeper keeper;
     }
-    EXPECT_EQ(content(CF_UNICODETEXT), L"the user's text");
-    EXPECT_EQ(content(ownFormat), L"(none)");
+    EXPECT_EQ(GetClipboardSequenceNumber(), before);
+    EXPECT_EQ(GetClipboardOwner(), user.get());
 }
 
 TEST_F(ClipboardTest, heldForAMomentWhileItIsRead_isWaitedFor)
 {
-    fill(L"the user's text", L"the user's format");
-    {
-        Holder holder(50ms);
-        const clipboard_keeper keeper(window.get());
-        EXPECT_TRUE(keeper.isKept());
-        holder.letGo();
-        fill(L"other", L"another");
-    }
+    copy(user.get(), L"the user's text", L"the user's format");
+    Holder holder(50ms);
+    EXPECT_TRUE(showBitmap());
+    holder.letGo();
     EXPECT_EQ(content(CF_UNICODETEXT), L"the user's text");
 }
 
 TEST_F(ClipboardTest, heldForAMomentWhileItIsPutBack_isWaitedFor)
 {
-    fill(L"the user's text", L"the user's format");
+    copy(user.get(), L"the user's text", L"the user's format");
     std::optional<Holder> holder; // outlives the keeper
     {
-        const clipboard_keeper keeper(window.get());
-        fill(L"other", L"another");
+        clipboard_keeper keeper;
+        EXPECT_TRUE(keeper.put(bitmap.get()));
         holder.emplace(50ms);
     }
     EXPECT_EQ(content(CF_UNICODETEXT), L"the user's text");
 }
 
-TEST_F(ClipboardTest, whatAnotherWindowCopiedMeanwhile_stays)
+TEST_F(ClipboardTest, heldThroughout_isNotChanged)
 {
-    fill(L"the user's text", L"the user's format");
-    const unique_window other{
-        CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr)};
-    {
-        const clipboard_keeper keeper(window.get());
-        fill(L"ours", L"another");
-        ASSERT_TRUE(OpenClipboard(other.get()));
-        EmptyClipboard();
-        put(CF_UNICODETEXT, L"copied meanwhile");
-        CloseClipboard();
-    }
-    EXPECT_EQ(content(CF_UNICODETEXT), L"copied meanwhile");
+    copy(user.get(), L"the user's text", L"the user's format");
+    Holder holder(10s);
+    EXPECT_FALSE(showBitmap());
+    holder.letGo();
+    EXPECT_EQ(content(CF_UNICODETEXT), L"the user's text");
+    EXPECT_EQ(GetClipboardOwner(), user.get());
 }
 
-TEST_F(ClipboardTest, heldThroughout_isNotKeptAndNotChanged)
+TEST_F(ClipboardTest, whatAnotherWindowCopiedMeanwhile_stays)
 {
-    fill(L"the user's text", L"the user's format");
+    copy(user.get(), L"the user's text", L"the user's format");
+    const unique_window other = test::hiddenWindow();
     {
-        Holder holder(10s);
-        const clipboard_keeper keeper(window.get());
-        EXPECT_FALSE(keeper.isKept());
-        holder.letGo();
-        fill(L"copied meanwhile", L"as well");
+        clipboard_keeper keeper;
+        EXPECT_TRUE(keeper.put(bitmap.get()));
+        copy(other.get(), L"copied meanwhile", L"as well");
     }
     EXPECT_EQ(content(CF_UNICODETEXT), L"copied meanwhile");
-    EXPECT_EQ(content(ownFormat), L"as well");
+    EXPECT_EQ(GetClipboardOwner(), other.get());
+}
+
+TEST_F(ClipboardTest, whatAnotherWindowCopiedBetweenTwoBitmaps_comesBack)
+{
+    copy(user.get(), L"the user's text", L"the user's format");
+    {
+        clipboard_keeper keeper;
+        EXPECT_TRUE(keeper.put(bitmap.get()));
+        copy(user.get(), L"copied meanwhile", L"as well");
+        EXPECT_TRUE(keeper.put(bitmap.get()));
+    }
+    EXPECT_EQ(content(CF_UNICODETEXT), L"copied meanwhile");
 }
 
 } // namespace

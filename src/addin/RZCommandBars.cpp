@@ -1,6 +1,7 @@
 #include "addin/RZCommandBars.h"
 
 #include "addin/commandBarEntry.h"
+#include "addin/ownToolbar.h"
 #include "backend/texts.h"
 #include "platform/automation.h"
 #include "platform/boundary.h"
@@ -22,7 +23,6 @@ namespace {
 constexpr DISPID clickEvent = 1;
 constexpr int32_t toolbarNameText = 300;
 constexpr int32_t menuNameText = 201;
-constexpr int32_t positionTop = 1;
 
 // clang-format off
 constexpr EntryRow toolbarRows[] = {
@@ -80,12 +80,15 @@ void RZCommandBars::addButton(const com_ptr<IDispatch>& control, const EntryRow&
     m_session.throwIfOver();
     dressEntry(m_session, control, row.caption, faces, row.face, row.action);
     m_session.throwIfOver();
+    swallow(L"RZCommandBars.addButton", L"a toolbar that a crash leaves behind is not known again",
+            [&] { automation::put(control, L"Tag", variant(ownControlTag)); });
+    m_session.throwIfOver();
     const com_ptr<IDispatch> events = automation::getObject(m_ide, L"Events");
     const com_ptr<IDispatch> source = automation::getObject(events, L"CommandBarEvents", {variant(control)});
     m_session.throwIfOver();
     // What the handler does may take the entry away: it works on copies.
-    entry.clicks->connect(source, clickEvent, [control, session = m_session](const auto&) {
-        if (session.isOver())
+    entry.clicks->connect(source, clickEvent, [control, session = m_session](const click_event& click) {
+        if (click.isHandled || session.isOver())
             return;
         const std::wstring action = automation::get(control, L"OnAction").asText();
         if (!session.isOver())
@@ -99,18 +102,7 @@ void RZCommandBars::addToolbar()
     const com_ptr<IDispatch> bars = automation::getObject(m_ide, L"CommandBars");
     const std::wstring name = getRZString(toolbarNameText);
     m_session.throwIfOver();
-    // One that a crash left behind is used again; its buttons would do nothing any more.
-    swallow(L"RZCommandBars.addToolbar", L"there is usually no such toolbar yet", [&] {
-        m_toolbar = automation::getObject(bars, L"Item", {variant(std::wstring_view(name))});
-        const com_ptr<IDispatch> stale = controlsOf(m_toolbar);
-        for (int32_t left = automation::get(stale, L"Count").asLong(); left > 0 && !m_session.isOver(); --left)
-            automation::call(automation::getObject(stale, L"Item", {variant(left)}), L"Delete");
-    });
-    if (!m_toolbar)
-        m_toolbar =
-            automation::call(bars, L"Add",
-                             {variant(std::wstring_view(name)), variant(positionTop), variant(false), variant(true)})
-                .asObject();
+    m_toolbar = ownToolbar(bars, name, m_session);
     m_session.throwIfOver();
     // The buttons that could be made are shown although one of them fails.
     const scope_exit shown([this] {
@@ -119,7 +111,7 @@ void RZCommandBars::addToolbar()
         swallow(L"RZCommandBars.addToolbar", L"the menus have the same entries",
                 [this] { automation::put(m_toolbar, L"Visible", variant(true)); });
     });
-    EntryFaces faces;
+    EntryFaces faces(m_session);
     for (const EntryRow& row : toolbarRows) {
         const com_ptr<IDispatch> button =
             automation::call(controlsOf(m_toolbar), L"Add", {variant(controlTypeButton)}).asObject();
@@ -158,8 +150,9 @@ void RZCommandBars::addViews()
     const std::wstring caption = getRZString(viewsPopupText);
     m_session.throwIfOver();
     automation::put(views, L"Caption", variant(std::wstring_view(caption)));
+    m_session.throwIfOver();
     automation::put(views, L"BeginGroup", variant(true));
-    EntryFaces faces;
+    EntryFaces faces(m_session);
     for (const EntryRow& row : viewRows) {
         m_views.push_back(addToMenu(views, controlTypeButton));
         addButton(m_views.back(), row, faces);
@@ -170,7 +163,7 @@ void RZCommandBars::addGroup(std::span<const EntryRow> rows)
 {
     // Each group asks for the name of the menu that it extends.
     const com_ptr<IDispatch> menu = menuNamed(getRZString(menuNameText));
-    EntryFaces faces;
+    EntryFaces faces(m_session);
     for (const EntryRow& row : rows) {
         const com_ptr<IDispatch> button = addToMenu(menu, controlTypeButton);
         addButton(button, row, faces);
@@ -209,7 +202,8 @@ void RZCommandBars::remove() noexcept
         m_entries.pop_back();
         if (entry.clicks)
             entry.clicks->disconnect();
-        swallow(L"RZCommandBars.remove", why, [&] { automation::call(entry.control, L"Delete"); });
+        // For this session only: the IDE is not to remember it as a change that the user made.
+        swallow(L"RZCommandBars.remove", why, [&] { automation::call(entry.control, L"Delete", {variant(true)}); });
     }
     if (const com_ptr<IDispatch> toolbar = std::move(m_toolbar))
         swallow(L"RZCommandBars.remove", why, [&] { automation::call(toolbar, L"Delete"); });

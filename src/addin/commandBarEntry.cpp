@@ -11,23 +11,26 @@ namespace {
 
 constexpr COLORREF faceBackground = RGB(192, 192, 192); // of the bitmaps, and what pasting takes for nothing
 
+} // namespace
+
 // The mask comes after the picture, which resets it. False for a control that has no such properties or refuses them.
-bool putPictures(const com_ptr<IDispatch>& control, HBITMAP picture)
+bool EntryFaces::putPictures(const com_ptr<IDispatch>& control, HBITMAP picture)
 {
     if (!automation::hasMember(control.get(), L"Picture") || !automation::hasMember(control.get(), L"Mask"))
         return false;
     return swallow(L"EntryFaces.paste", L"the face goes by the clipboard instead", [&] {
         automation::put(control, L"Picture", variant(pictureObject(copyOfBitmap(picture))));
+        m_session.throwIfOver();
         automation::put(control, L"Mask", variant(pictureObject(maskOf(picture, faceBackground))));
     });
 }
 
-} // namespace
-
 void EntryFaces::paste(const com_ptr<IDispatch>& control, int face)
 {
     const unique_bitmap picture = loadBitmap(face);
-    if (!putPictures(control, picture.get()))
+    const bool isThere = putPictures(control, picture.get());
+    m_session.throwIfOver();
+    if (!isThere)
         pasteFromClipboard(control, picture.get());
 }
 
@@ -43,7 +46,7 @@ void EntryFaces::pasteFromClipboard(const com_ptr<IDispatch>& control, HBITMAP p
         });
         if (!failure)
             return;
-        if (left == 1 || failure->number() == errorNoSuchMember)
+        if (left == 1 || m_session.isOver() || failure->number() == errorNoSuchMember)
             throw *failure;
         Sleep(pause);
     }

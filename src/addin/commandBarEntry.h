@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <string_view>
+#include <utility>
 
 namespace velk {
 
@@ -20,12 +21,16 @@ inline constexpr int noFace = 0;
 // the end of this object's life; where it cannot be kept entries stay without a face instead.
 class EntryFaces {
 public:
+    // Each face is given for a session, whose end stops it with Error 5.
+    explicit EntryFaces(Session session = {}) : m_session(std::move(session)) {}
     // Throws what the control refuses, after a few attempts: another program may look at the clipboard at that moment.
     void paste(const com_ptr<IDispatch>& control, int face);
 
 private:
     void pasteFromClipboard(const com_ptr<IDispatch>& control, HBITMAP picture);
+    bool putPictures(const com_ptr<IDispatch>& control, HBITMAP picture);
 
+    Session m_session;
     clipboard_keeper m_clipboard;
     bool m_mayUseClipboard = true;
 };

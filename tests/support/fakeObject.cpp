@@ -29,15 +29,27 @@ std::vector<variant> inOrder(const DISPPARAMS& parameters)
     return arguments;
 }
 
-std::wstring shown(const std::vector<variant>& arguments)
+std::wstring joined(const std::wstring& before, const std::wstring& next)
 {
-    std::wstring text;
-    for (const variant& argument : arguments)
-        text += (text.empty() ? L"" : L", ") + shown(argument);
-    return text;
+    return before.empty() ? next : before + L", " + next;
 }
 
 } // namespace
+
+// Positional arguments in reading order, then named ones as "name:=value".
+std::wstring FakeObject::shownArguments(const DISPPARAMS& parameters) const
+{
+    const std::vector<variant> arguments = inOrder(parameters);
+    const size_t positional = arguments.size() - parameters.cNamedArgs;
+    std::wstring text;
+    for (size_t place = 0; place < positional; ++place)
+        text = joined(text, shown(arguments[place]));
+    for (size_t place = arguments.size(); place-- > positional;) {
+        const DISPID name = parameters.rgdispidNamedArgs[arguments.size() - 1 - place];
+        text = joined(text, m_members[static_cast<size_t>(name)] + L":=" + shown(arguments[place]));
+    }
+    return text;
+}
 
 DISPID FakeObject::idOf(const std::wstring& member)
 {
@@ -47,8 +59,10 @@ DISPID FakeObject::idOf(const std::wstring& member)
     return found->second;
 }
 
-HRESULT FakeObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) noexcept
+HRESULT FakeObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) noexcept
 {
+    for (UINT place = 1; place < count; ++place)
+        ids[place] = idOf(names[place]); // any name of an argument will do
     const auto found = m_ids.find(names[0]);
     ids[0] = found == m_ids.end() ? DISPID_UNKNOWN : found->second;
     return found == m_ids.end() ? DISP_E_UNKNOWNNAME : S_OK;
@@ -73,14 +87,14 @@ HRESULT FakeObject::answer(DISPID id, WORD flags, const DISPPARAMS& parameters, 
     const std::wstring member = m_members[static_cast<size_t>(id)];
     const std::vector<variant> arguments = inOrder(parameters);
     if (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) {
-        write(member + L" = " + shown(arguments));
+        write(member + L" = " + shown(arguments.at(0)));
         m_values[id] = arguments.at(0);
         if (const auto deed = m_deeds.find(id); deed != m_deeds.end())
             deed->second();
         return S_OK;
     }
     const auto function = m_functions.find(id);
-    write(function == m_functions.end() ? member : member + L"(" + shown(arguments) + L")");
+    write(function == m_functions.end() ? member : member + L"(" + shownArguments(parameters) + L")");
     try {
         const variant value = function == m_functions.end() ? m_values[id] : function->second(arguments);
         return result ? VariantCopy(result, const_cast<VARIANT*>(&value.get())) : S_OK;

@@ -62,6 +62,7 @@ private:
         if (m_journal)
             m_journal->push_back(m_name + L"." + text);
     }
+    std::wstring shownArguments(const DISPPARAMS& parameters) const;
     HRESULT answer(DISPID id, WORD flags, const DISPPARAMS& parameters, VARIANT* result);
 
     std::wstring m_name;

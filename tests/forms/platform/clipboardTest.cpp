@@ -55,6 +55,13 @@ TEST_F(ClipboardTest, bitmapThatIsPut_standsThereAloneAndForNoHistory)
     EXPECT_TRUE(IsClipboardFormatAvailable(RegisterClipboardFormatW(L"ExcludeClipboardContentFromMonitorProcessing")));
 }
 
+TEST_F(ClipboardTest, bitmapThatIsPut_isACopy)
+{
+    clipboard_keeper keeper;
+    keeper.put(unique_bitmap(CreateBitmap(7, 5, 1, 24, nullptr)).get());
+    EXPECT_EQ(widthOfThePicture(), 7);
+}
+
 TEST_F(ClipboardTest, ownerInBetween_isAHiddenWindowOfItsOwn)
 {
     copy(user.get(), L"the user's text", L"the user's format");
@@ -98,12 +105,7 @@ TEST_F(ClipboardTest, picture_comesBack)
 {
     copyOne(CF_BITMAP, CreateBitmap(7, 5, 1, 24, nullptr));
     EXPECT_TRUE(showBitmap());
-    ASSERT_TRUE(OpenClipboard(user.get()));
-    BITMAP size{};
-    GetObjectW(GetClipboardData(CF_BITMAP), sizeof size, &size);
-    CloseClipboard();
-    EXPECT_EQ(size.bmWidth, 7);
-    EXPECT_EQ(size.bmHeight, 5);
+    EXPECT_EQ(widthOfThePicture(), 7);
 }
 
 TEST_F(ClipboardTest, drawing_comesBack)

@@ -9,12 +9,23 @@
 
 namespace velk::test {
 
-// The controls of a bar or menu: new ones can be added, all but one that the test may name.
+// The controls of a bar or menu: new ones can be added, all but one that the test may name, and deleted.
 struct FakeControls {
-    com_ptr<FakeObject> face = fakeObject(L"Controls");
+    FakeObject::Journal journal; // how they are added and deleted
+    com_ptr<FakeObject> face = fakeObject(L"Controls", &journal);
     std::vector<com_ptr<FakeObject>> made;
     int refused = 0; // the control of this number, from 1 on, cannot be added
     int asked = 0;
+
+    FakeControls()
+    {
+        face->function(L"Count", [this](const auto&) { return variant(static_cast<int32_t>(made.size())); })
+            ->function(L"Item", [this](const auto& arguments) {
+                return asVariant(made.at(static_cast<size_t>(arguments.at(0).asLong()) - 1));
+            });
+    }
+    FakeControls(const FakeControls&) = delete;
+    FakeControls& operator=(const FakeControls&) = delete;
 
     std::vector<std::wstring> captions() const
     {
@@ -22,6 +33,10 @@ struct FakeControls {
         for (const com_ptr<FakeObject>& control : made)
             all.push_back(control->read(L"Caption").asText());
         return all;
+    }
+    void erase(const FakeObject* control)
+    {
+        std::erase_if(made, [control](const auto& one) { return one.get() == control; });
     }
 };
 
@@ -41,34 +56,44 @@ inline std::vector<DWORD> pixelsOf(HBITMAP bitmap)
 }
 
 // Gives an IDE command bars that take a toolbar, and a menu bar with the menu that the add-in extends. What stands on
-// the clipboard when a control is told to paste its face is that control's face.
+// the clipboard when a control is told to paste its face is that control's face. Each control has events of its own.
 struct FakeBars {
-    com_ptr<FakeObject> toolbar = fakeObject(L"Toolbar");
-    FakeControls buttons;                             // of the toolbar
-    FakeControls menu;                                // in the add-in's menu
-    FakeControls views;                               // in the popups of that menu
-    std::map<std::wstring, std::vector<DWORD>> faces; // by caption
-    int refusedFaces = 0;                             // so many times pasting fails, as while others hold the clipboard
+    com_ptr<FakeObject> toolbar = fakeObject(L"Toolbar"); // the one that can be added
+    FakeControls buttons;                                 // of that toolbar
+    FakeControls menus;                                   // of the menu bar; the add-in's is the first
+    FakeControls menu;                                    // in the add-in's menu
+    FakeControls views;                                   // in the popups that are added
+    std::map<std::wstring, com_ptr<FakeObject>> named;    // the bars that can be found by name
+    std::map<std::wstring, std::vector<DWORD>> faces;     // by caption
+    int refusedFaces = 0; // so many times pasting fails, as while others hold the clipboard
 
     FakeBars(FakeIde& ide, const std::wstring& menuCaption)
     {
-        for (FakeControls* controls : {&buttons, &menu, &views})
+        for (FakeControls* controls : {&buttons, &menus, &menu, &views})
             controls->face->function(L"Add", [this, controls](const auto&) { return asVariant(add(*controls)); });
         toolbar->value(L"Controls", asVariant(buttons.face))
             ->value(L"Visible", variant(false))
+            ->value(L"BuiltIn", variant(false))
             ->function(L"Delete", [](const auto&) { return variant(); });
-        menuPopup->value(L"Caption", variant(std::wstring_view(menuCaption)))->value(L"Controls", asVariant(menu.face));
-        menuBarControls->value(L"Count", variant(int32_t{1}))->function(L"Item", [this](const auto&) {
-            return asVariant(menuPopup);
-        });
-        menuBar->value(L"Controls", asVariant(menuBarControls));
-        ide.bars->value(L"ActiveMenuBar", asVariant(menuBar))->function(L"Add", [this](const auto&) {
-            return asVariant(toolbar);
+        add(menus)
+            ->value(L"Caption", variant(std::wstring_view(menuCaption)))
+            ->value(L"Controls", asVariant(menu.face));
+        menuBar->value(L"Controls", asVariant(menus.face));
+        ide.bars->value(L"ActiveMenuBar", asVariant(menuBar))
+            ->function(L"Item", [this, bar = ide.bar](const auto& arguments) { return item(arguments.at(0), bar); })
+            ->function(L"Add", [this](const auto& arguments) { return addBar(arguments.at(0).asText()); });
+        ide.events->function(L"CommandBarEvents", [this](const auto& arguments) {
+            return variant(static_cast<IDispatch*>(eventsOf(arguments.at(0).asObject().get()).get()));
         });
     }
     FakeBars(const FakeBars&) = delete;
     FakeBars& operator=(const FakeBars&) = delete;
 
+    // What the IDE does when the user clicks a control.
+    void click(const com_ptr<FakeObject>& control, bool isHandled = false)
+    {
+        eventsOf(control.get())->click(control.get(), isHandled);
+    }
     // Makes a control keep its face here.
     void watchFace(FakeObject* control)
     {
@@ -84,26 +109,65 @@ struct FakeBars {
             return variant();
         });
     }
+    // A bar that is there already, with a control for each tag.
+    com_ptr<FakeObject> putBar(const std::wstring& name, FakeControls& controls,
+                               const std::vector<const wchar_t*>& tags)
+    {
+        for (const wchar_t* tag : tags)
+            add(controls)->value(L"Tag", variant(tag));
+        const com_ptr<FakeObject> bar = fakeObject(L"Bar");
+        bar->value(L"Controls", asVariant(controls.face))
+            ->value(L"Visible", variant(false))
+            ->value(L"BuiltIn", variant(false))
+            ->function(L"Delete", [](const auto&) { return variant(); });
+        controls.face->function(L"Add", [this, &controls](const auto&) { return asVariant(add(controls)); });
+        return named[name] = bar;
+    }
 
 private:
     com_ptr<FakeObject> add(FakeControls& controls)
     {
         if (++controls.asked == controls.refused)
             throw Error(errorPermissionDenied);
-        const com_ptr<FakeObject> control = fakeObject(L"Control");
+        const com_ptr<FakeObject> control = fakeObject(L"Control", &controls.journal);
         control->value(L"Caption", variant(L""))
             ->value(L"OnAction", variant(L""))
+            ->value(L"Tag", variant(L""))
             ->value(L"BeginGroup", variant(false))
             ->value(L"Controls", asVariant(views.face))
-            ->function(L"Delete", [](const auto&) { return variant(); });
+            ->function(L"Delete", [&controls, made = control.get()](const auto&) {
+                controls.erase(made);
+                return variant();
+            });
         watchFace(control.get());
         controls.made.push_back(control);
         return control;
     }
+    variant item(const variant& index, const com_ptr<FakeObject>& numbered) const
+    {
+        if (index.type() != VT_BSTR)
+            return asVariant(numbered);
+        const auto found = named.find(index.asText());
+        if (found == named.end())
+            throw Error(errorInvalidCall);
+        return asVariant(found->second);
+    }
+    variant addBar(const std::wstring& name)
+    {
+        if (!named.try_emplace(name, toolbar).second)
+            throw Error(errorInvalidCall);
+        return asVariant(toolbar);
+    }
+    com_ptr<FakeEvents> eventsOf(IDispatch* control)
+    {
+        com_ptr<FakeEvents>& events = m_events[control];
+        if (!events)
+            events = makeObject<FakeEvents>();
+        return events;
+    }
 
     com_ptr<FakeObject> menuBar = fakeObject(L"MenuBar");
-    com_ptr<FakeObject> menuBarControls = fakeObject(L"MenuBarControls");
-    com_ptr<FakeObject> menuPopup = fakeObject(L"Menu");
+    std::map<IDispatch*, com_ptr<FakeEvents>> m_events;
 };
 
 } // namespace velk::test

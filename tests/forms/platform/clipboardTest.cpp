@@ -42,7 +42,19 @@ private:
     std::thread m_thread; // the last member: it uses the others
 };
 
-class ClipboardTest : public test::ClipboardFixture {};
+class ClipboardTest : public test::ClipboardFixture {
+protected:
+    // 0 where there is no picture.
+    int widthOfThePicture() const
+    {
+        BITMAP size{};
+        if (!OpenClipboard(user.get()))
+            return 0;
+        GetObjectW(GetClipboardData(CF_BITMAP), sizeof size, &size);
+        CloseClipboard();
+        return size.bmWidth;
+    }
+};
 
 TEST_F(ClipboardTest, bitmapThatIsPut_standsThereAloneAndForNoHistory)
 {

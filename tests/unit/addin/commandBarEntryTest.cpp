@@ -7,6 +7,7 @@
 #include "ui/messageBox.h"
 #include "ui/uiFont.h"
 
+#include <algorithm>
 #include <cwchar>
 #include <gtest/gtest.h>
 
@@ -27,6 +28,7 @@ protected:
         GlobalUnlock(block);
         SetClipboardData(CF_UNICODETEXT, block);
         CloseClipboard();
+        before = GetClipboardSequenceNumber();
     }
     ~EntryFacesTest() override
     {
@@ -48,11 +50,24 @@ protected:
         GlobalUnlock(block);
         return isSame;
     }
+    bool isClipboardUntouched() const
+    {
+        return GetClipboardOwner() == window.get() && GetClipboardSequenceNumber() == before;
+    }
+    // The pixels of a picture that a control was given.
+    std::vector<DWORD> given(const wchar_t* property) const
+    {
+        const com_ptr<IDispatch> object = bars.menu.made.at(0)->read(property).asObject();
+        OLE_HANDLE handle = 0;
+        object.tryAs<IPicture>()->get_Handle(&handle);
+        return test::pixelsOf(reinterpret_cast<HBITMAP>(static_cast<UINT_PTR>(handle)));
+    }
     static std::vector<DWORD> picture(int resource) { return test::pixelsOf(loadBitmap(resource).get()); }
 
     static constexpr wchar_t usersText[] = L"the user's text";
     const unique_window window{
         CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr)};
+    DWORD before = 0; // the clipboard's number with the user's text
     test::FakeBackend backend;
     test::FakeIde ide;
     test::FakeBars bars{ide, L"#201"};
@@ -104,7 +119,7 @@ TEST_F(EntryFacesTest, viewsOfTheMenu_haveNoPicture)
     RZCommandBars own(ide.dte.get());
     own.addViews();
     EXPECT_TRUE(bars.faces.empty());
-    EXPECT_TRUE(isUsersTextBack());
+    EXPECT_TRUE(isClipboardUntouched());
 }
 
 TEST_F(EntryFacesTest, faceThatIsRefusedForAMoment_isTriedAgain)
@@ -133,6 +148,75 @@ TEST_F(EntryFacesTest, buildingThatFailsAfterAFace_bringsTheUsersTextBackToo)
     EXPECT_THROW(own.addToolbar(), Error);
     EXPECT_FALSE(bars.faces.empty());
     EXPECT_TRUE(isUsersTextBack());
+}
+
+TEST_F(EntryFacesTest, clipboardThatCannotBeKept_leavesEntriesWithoutFaceButWhole)
+{
+    OpenClipboard(window.get());
+    EmptyClipboard();
+    SetClipboardData(CF_UNICODETEXT, GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, 17 * 1024 * 1024));
+    CloseClipboard();
+    RZCommandBars own(ide.dte.get());
+    own.addTools();
+    EXPECT_TRUE(bars.faces.empty());
+    EXPECT_EQ(bars.menu.made.size(), 6u);
+    EXPECT_EQ(bars.menu.made.back()->read(L"OnAction").asText(), L"10");
+    EXPECT_EQ(GetClipboardOwner(), window.get());
+}
+
+TEST_F(EntryFacesTest, controlWithPictures_needsNoClipboard)
+{
+    bars.hasPictures = true;
+    RZCommandBars own(ide.dte.get());
+    own.addHelp();
+    own.addTools();
+    own.addToolbar();
+    EXPECT_TRUE(bars.faces.empty());
+    EXPECT_TRUE(isClipboardUntouched());
+}
+
+TEST_F(EntryFacesTest, controlWithPictures_getsItsFaceAndThenTheMask)
+{
+    bars.hasPictures = true;
+    RZCommandBars own(ide.dte.get());
+    own.addTools();
+    EXPECT_EQ(given(L"Picture"), picture(100));
+    EXPECT_EQ(given(L"Mask"), test::pixelsOf(maskOf(loadBitmap(100).get(), RGB(192, 192, 192)).get()));
+    const std::vector<std::wstring>& steps = bars.menu.journal;
+    EXPECT_LT(std::find(steps.begin(), steps.end(), L"Control.Picture = <object>"),
+              std::find(steps.begin(), steps.end(), L"Control.Mask = <object>"));
+}
+
+TEST_F(EntryFacesTest, controlThatRefusesPictures_isPastedItsFace)
+{
+    bars.hasPictures = true;
+    bars.controlsFail = L"Mask";
+    RZCommandBars own(ide.dte.get());
+    own.addTools();
+    EXPECT_EQ(bars.faces[L"#206"], picture(100));
+    EXPECT_TRUE(isUsersTextBack());
+}
+
+TEST_F(EntryFacesTest, sessionThatEndsWhilePasting_isNotPastedAgain)
+{
+    const Session session;
+    int pasted = 0;
+    ide.entry->function(L"PasteFace", [&](const auto&) -> variant {
+        ++pasted;
+        session.enter(SessionState::ending);
+        throw Error(errorPermissionDenied);
+    });
+    EXPECT_THROW(EntryFaces(session).paste(ide.entry.get(), 100), Error);
+    EXPECT_EQ(pasted, 1);
+    EXPECT_TRUE(isUsersTextBack());
+}
+
+TEST(maskOf, colourThatStandsForNothing_isWhiteAndAllElseBlack)
+{
+    const DWORD pixels[] = {0x00C0C0C0, 0x00FF0000, 0x00C0C0C0, 0x00C0C0C1};
+    const unique_bitmap face(CreateBitmap(2, 2, 1, 32, pixels));
+    EXPECT_EQ(test::pixelsOf(maskOf(face.get(), RGB(192, 192, 192)).get()),
+              (std::vector<DWORD>{0x00FFFFFF, 0, 0x00FFFFFF, 0}));
 }
 
 } // namespace

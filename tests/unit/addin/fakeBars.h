@@ -3,6 +3,7 @@
 #include "fakeIde.h"
 #include "platform/unique_any.h"
 
+#include <algorithm>
 #include <map>
 #include <string>
 #include <vector>
@@ -64,8 +65,11 @@ struct FakeBars {
     FakeControls menu;                                    // in the add-in's menu
     FakeControls views;                                   // in the popups that are added
     std::map<std::wstring, com_ptr<FakeObject>> named;    // the bars that can be found by name
+    std::vector<std::wstring> deleted;                    // their names
     std::map<std::wstring, std::vector<DWORD>> faces;     // by caption
-    int refusedFaces = 0; // so many times pasting fails, as while others hold the clipboard
+    const wchar_t* controlsFail = nullptr;                // the member that controls made from now on refuse
+    bool hasPictures = false; // controls that are made from now on take pictures beside pasting
+    int refusedFaces = 0;     // so many times pasting fails, as while others hold the clipboard
 
     FakeBars(FakeIde& ide, const std::wstring& menuCaption)
     {
@@ -74,7 +78,7 @@ struct FakeBars {
         toolbar->value(L"Controls", asVariant(buttons.face))
             ->value(L"Visible", variant(false))
             ->value(L"BuiltIn", variant(false))
-            ->function(L"Delete", [](const auto&) { return variant(); });
+            ->function(L"Delete", [this](const auto&) { return erase(toolbar.get()); });
         add(menus)
             ->value(L"Caption", variant(std::wstring_view(menuCaption)))
             ->value(L"Controls", asVariant(menu.face));
@@ -119,7 +123,7 @@ struct FakeBars {
         bar->value(L"Controls", asVariant(controls.face))
             ->value(L"Visible", variant(false))
             ->value(L"BuiltIn", variant(false))
-            ->function(L"Delete", [](const auto&) { return variant(); });
+            ->function(L"Delete", [this, made = bar.get()](const auto&) { return erase(made); });
         controls.face->function(L"Add", [this, &controls](const auto&) { return asVariant(add(controls)); });
         return named[name] = bar;
     }
@@ -140,6 +144,10 @@ private:
                 return variant();
             });
         watchFace(control.get());
+        if (controlsFail)
+            control->failing(controlsFail, Error(errorPermissionDenied));
+        if (hasPictures)
+            control->value(L"Picture", variant())->value(L"Mask", variant());
         controls.made.push_back(control);
         return control;
     }
@@ -157,6 +165,14 @@ private:
         if (!named.try_emplace(name, toolbar).second)
             throw Error(errorInvalidCall);
         return asVariant(toolbar);
+    }
+    variant erase(const FakeObject* bar)
+    {
+        const auto found =
+            std::find_if(named.begin(), named.end(), [bar](const auto& row) { return row.second.get() == bar; });
+        deleted.push_back(found->first);
+        named.erase(found);
+        return variant();
     }
     com_ptr<FakeEvents> eventsOf(IDispatch* control)
     {

@@ -63,10 +63,17 @@ void answerAll(ScriptRunner& script, Text name)
         answer(script, name);
 }
 
-void addBar(ScriptRunner& script, Text name)
+// "NAME", or "NAME tagged TAG" for a button with that tag.
+void addBar(ScriptRunner& script, Text rest)
 {
-    script.onShell(
-        [&] { return script.shell().dte().bars->add(name, barTop, true)->add(controlButton, 0, true) != nullptr; });
+    constexpr std::wstring_view word = L" tagged ";
+    const size_t end = rest.find(word);
+    const std::wstring tag = end == std::wstring::npos ? L"" : rest.substr(end + word.size());
+    script.onShell([&] {
+        CommandBar* bar = script.shell().dte().bars->add(rest.substr(0, end), barTop, true);
+        bar->add(controlButton, 0, true)->tag = tag;
+        return true;
+    });
 }
 
 void expectEntry(ScriptRunner& script, Text rest)

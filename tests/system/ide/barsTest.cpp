@@ -58,12 +58,20 @@ TEST_F(BarsTest, unloading_leavesNoBarAndNoMenu)
 
 TEST_F(BarsTest, toolbarThatACrashLeft_isUsedAgainAndNotDoubled)
 {
-    EXPECT_EQ(run("add-bar Rozel\n" + std::string(start) +
+    EXPECT_EQ(run("add-bar Rozel tagged velkviadd\n" + std::string(start) +
                   "click Rozel/SQL Assist\nexpect-message Application 2\n"
                   "answer ok\n" +
                   end),
               0u);
     EXPECT_THAT(ideJournal(), Not(Contains(HasSubstr("CommandBars.Add("))));
+}
+
+TEST_F(BarsTest, toolbarOfTheUsersOwnWithItsName_staysBesideIt)
+{
+    EXPECT_EQ(run("add-bar Rozel\n" + std::string(start) +
+                  "click Rozel (2)/SQL Assist\nexpect-message Application 2\nanswer ok\n" + end +
+                  "expect-entry Rozel/#1 enabled\nexpect-entry Rozel (2)/SQL Assist absent\n"),
+              0u);
 }
 
 // Each member that the add-in uses, missing or failing: it stays loaded with what it has and disconnects cleanly.
@@ -98,10 +106,11 @@ INSTANTIATE_TEST_SUITE_P(
                     "Windows.Item", "Windows.CreateToolWindow", "Window.Type", "Window.HWnd", "Window.Visible",
                     "Window.Close", "Solution.Count", "Solution.FullName", "Events.CommandBarEvents",
                     "CommandBars.Item", "CommandBars.Add", "CommandBars.ActiveMenuBar", "CommandBar.Controls",
-                    "CommandBar.Visible", "CommandBar.Delete", "CommandBarControls.Add", "CommandBarControls.Count",
-                    "CommandBarControls.Item", "CommandBarControl.Caption", "CommandBarControl.OnAction",
-                    "CommandBarControl.Enabled", "CommandBarControl.Visible", "CommandBarControl.BeginGroup",
-                    "CommandBarControl.PasteFace", "CommandBarControl.Controls", "CommandBarControl.Delete"));
+                    "CommandBar.Visible", "CommandBar.BuiltIn", "CommandBar.Delete", "CommandBarControls.Add",
+                    "CommandBarControls.Count", "CommandBarControls.Item", "CommandBarControl.Caption",
+                    "CommandBarControl.OnAction", "CommandBarControl.Enabled", "CommandBarControl.Visible",
+                    "CommandBarControl.BeginGroup", "CommandBarControl.PasteFace", "CommandBarControl.Tag",
+                    "CommandBarControl.Controls", "CommandBarControl.Delete"));
 
 } // namespace
 } // namespace velk

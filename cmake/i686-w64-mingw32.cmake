@@ -1,4 +1,4 @@
-# Cross compiler for the 32-bit product: GCC 12 with the posix thread model, as Debian 12 ships it.
+# Cross compiler for the 32-bit product: GCC 12 or later with the posix thread model, as Debian ships it.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR i686)
 set(CMAKE_C_COMPILER i686-w64-mingw32-gcc-posix)

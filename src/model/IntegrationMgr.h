@@ -4,6 +4,7 @@
 #include "platform/com_ptr.h"
 #include "platform/session.h"
 
+#include <cstdint>
 #include <string>
 #include <typelib/velkviadd.h>
 #include <vector>

@@ -2,6 +2,7 @@
 
 #include "platform/com_ptr.h"
 
+#include <cstdint>
 #include <string>
 #include <typelib/velkviadd.h>
 

@@ -2,6 +2,7 @@
 
 #include "platform/win32.h"
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>

@@ -4,6 +4,7 @@
 #include "platform/unique_any.h"
 #include "platform/window.h"
 
+#include <cstdint>
 #include <string>
 
 namespace velk {

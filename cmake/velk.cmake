@@ -13,6 +13,8 @@ target_compile_definitions(velk_settings INTERFACE
 target_compile_options(velk_settings INTERFACE
   $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra -Wconversion -Wsign-conversion -Wshadow
     -Woverloaded-virtual -Werror -fvisibility=hidden>
+  # 32-bit Windows enters exports, COM methods, window procedures and timers with a stack aligned to 4 bytes only.
+  $<$<COMPILE_LANGUAGE:C,CXX>:-mincoming-stack-boundary=2>
   -ffile-prefix-map=${CMAKE_SOURCE_DIR}=. -ffile-prefix-map=${CMAKE_BINARY_DIR}=.
   $<$<AND:$<CONFIG:Debug>,$<COMPILE_LANGUAGE:CXX>>:-D_GLIBCXX_ASSERTIONS -fsanitize=undefined
     -fsanitize-undefined-trap-on-error -fstack-protector-strong>)

@@ -103,8 +103,10 @@ OdbcConnection::OdbcConnection(const std::wstring& connectionString, Cancellatio
     SQLSetConnectAttrW(m_connection, SQL_ATTR_LOGIN_TIMEOUT, reinterpret_cast<SQLPOINTER>(timeLimit), 0);
     const SQLRETURN result = SQLDriverConnectW(m_connection, nullptr, odbcText(connectionString), SQL_NTS, nullptr, 0,
                                                nullptr, SQL_DRIVER_NOPROMPT);
-    if (SQL_SUCCEEDED(result))
+    if (SQL_SUCCEEDED(result)) {
+        prepareToBeCancelled();
         return;
+    }
     const std::wstring reason = messageOf(SQL_HANDLE_DBC, m_connection);
     SQLFreeHandle(SQL_HANDLE_DBC, m_connection);
     SQLFreeHandle(SQL_HANDLE_ENV, m_environment);
@@ -113,9 +115,23 @@ OdbcConnection::OdbcConnection(const std::wstring& connectionString, Cancellatio
 
 OdbcConnection::~OdbcConnection()
 {
+    if (m_idle != SQL_NULL_HSTMT)
+        SQLFreeHandle(SQL_HANDLE_STMT, m_idle);
     SQLDisconnect(m_connection);
     SQLFreeHandle(SQL_HANDLE_DBC, m_connection);
     SQLFreeHandle(SQL_HANDLE_ENV, m_environment);
+}
+
+// A driver manager may keep a statement locked while it runs (Wine's does since version 9), and then whoever cancels it
+// waits for its end. SQLite ends everything of a connection, so there a statement is cancelled that never runs.
+void OdbcConnection::prepareToBeCancelled()
+{
+    wchar_t product[32] = L"";
+    SQLSMALLINT size = 0;
+    if (!m_cancellation || !SQL_SUCCEEDED(SQLGetInfoW(m_connection, SQL_DBMS_NAME, product, sizeof product, &size)))
+        return;
+    if (std::wstring(product).starts_with(L"SQLite"))
+        SQLAllocHandle(SQL_HANDLE_STMT, m_connection, &m_idle);
 }
 
 void OdbcConnection::throwIfCancelled()
@@ -132,7 +148,7 @@ void OdbcConnection::setRunning(SQLHSTMT statement)
     if (!m_cancellation)
         return;
     const std::lock_guard held(m_cancellation->m_lock);
-    m_cancellation->m_running = statement;
+    m_cancellation->m_running = statement != SQL_NULL_HSTMT && m_idle != SQL_NULL_HSTMT ? m_idle : statement;
 }
 
 SQLRETURN OdbcConnection::execute(SQLHSTMT statement, const std::wstring& sql)

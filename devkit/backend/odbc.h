@@ -35,7 +35,7 @@ public:
 private:
     friend class OdbcConnection;
     std::mutex m_lock;
-    SQLHSTMT m_running = SQL_NULL_HSTMT;
+    SQLHSTMT m_running = SQL_NULL_HSTMT; // what to cancel
     bool m_isCancelled = false;
 };
 
@@ -62,12 +62,14 @@ public:
 
 private:
     SQLRETURN execute(SQLHSTMT statement, const std::wstring& sql);
+    void prepareToBeCancelled();
     void setRunning(SQLHSTMT statement);
     void throwIfCancelled();
 
     Cancellation* m_cancellation;
     SQLHENV m_environment = SQL_NULL_HENV;
     SQLHDBC m_connection = SQL_NULL_HDBC;
+    SQLHSTMT m_idle = SQL_NULL_HSTMT; // by which all of the connection is cancelled, where that is possible
 };
 
 // The connection string with its Database= made absolute (relative to a folder) and, under Wine, a Unix path, which is

@@ -28,14 +28,8 @@ public:
 #include "devkit/contract/exports.inc"
 #undef BACKEND_EXPORT
 
-    bool isWorking() const
-    {
-        return m_session && m_session->isWorking();
-    }
-    Journal& journal() noexcept
-    {
-        return m_journal;
-    }
+    bool isWorking() const { return m_session && m_session->isWorking(); }
+    Journal& journal() noexcept { return m_journal; }
 
 private:
     struct Enumeration {
@@ -49,19 +43,10 @@ private:
     template <class... Arguments>
     bool enter(const wchar_t* name, Arguments... arguments);
     bool mayUseSession(const std::wstring& call);
-    void breach(const std::wstring& what)
-    {
-        m_journal.breach(m_call + L": " + what);
-    }
+    void breach(const std::wstring& what) { m_journal.breach(m_call + L": " + what); }
 
-    std::wstring shown(int32_t number) const
-    {
-        return std::to_wstring(number);
-    }
-    std::wstring shown(char* text) const
-    {
-        return L"\"" + CountedString(text).text() + L"\"";
-    }
+    std::wstring shown(int32_t number) const { return std::to_wstring(number); }
+    std::wstring shown(char* text) const { return L"\"" + CountedString(text).text() + L"\""; }
     // A string argument of the caller, checked.
     std::wstring input(char* text);
     bool checkPreset(const std::wstring& name, char* text, size_t capacity);

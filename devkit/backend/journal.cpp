@@ -38,8 +38,7 @@ void append(std::wstring_view text)
     if (!file)
         return;
     std::wstring line = withoutSecrets(std::wstring(text));
-    std::replace_if(
-        line.begin(), line.end(), [](wchar_t c) { return c == L'\r' || c == L'\n'; }, L' ');
+    std::replace_if(line.begin(), line.end(), [](wchar_t c) { return c == L'\r' || c == L'\n'; }, L' ');
     const std::string bytes = toUtf8(line) + "\n";
     DWORD written = 0;
     WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);

@@ -7,10 +7,7 @@
 namespace velk::devkit {
 namespace {
 
-#define ROW(record, field, capacity)                                                                                   \
-    {                                                                                                                  \
-        L## #record L"." L## #field, offsetof(wire::record, field), capacity                                           \
-    }
+#define ROW(record, field, capacity) {L## #record L"." L## #field, offsetof(wire::record, field), capacity}
 
 // clang-format off
 constexpr PresetRow textRows[] = {

@@ -27,8 +27,7 @@ std::pair<std::wstring, std::wstring> fileAndText(Text rest)
 void expectFileText(ScriptRunner& script, Text rest)
 {
     const auto [file, text] = fileAndText(rest);
-    script.expect(
-        rest, [&] { return content(file).find(text) != std::wstring::npos; }, [&] { return content(file); });
+    script.expect(rest, [&] { return content(file).find(text) != std::wstring::npos; }, [&] { return content(file); });
 }
 
 void expectNoFileText(ScriptRunner& script, Text rest)
@@ -92,8 +91,7 @@ void expectFileState(ScriptRunner& script, Text rest)
                : (attributes & FILE_ATTRIBUTE_READONLY) != 0 ? L"read-only"
                                                              : L"writable";
     };
-    script.expect(
-        rest, [&, &wanted = wanted] { return state() == wanted; }, state);
+    script.expect(rest, [&, &wanted = wanted] { return state() == wanted; }, state);
 }
 
 // clang-format off

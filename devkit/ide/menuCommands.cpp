@@ -49,8 +49,7 @@ std::wstring menuText(HMENU menu)
 void expectMenu(ScriptRunner& script, Text wanted)
 {
     const auto shown = [] { return menuText(openMenu()); };
-    script.expect(
-        L"a menu " + wanted, [&] { return shown() == wanted; }, shown);
+    script.expect(L"a menu " + wanted, [&] { return shown() == wanted; }, shown);
 }
 
 void pressKey(WORD key)
@@ -126,8 +125,7 @@ void chooseMenu(ScriptRunner& script, Text path)
         script.expect(
             L"the menu below " + parts[depth], [&] { return highlighted(menu).has_value(); }, [] { return L"none"; });
     }
-    script.expect(
-        L"the menu to go", [] { return !openMenu(); }, [] { return menuText(openMenu()); });
+    script.expect(L"the menu to go", [] { return !openMenu(); }, [] { return menuText(openMenu()); });
 }
 
 // A pixel of the screen in the mouse's own units: 65536 for the whole width or height.
@@ -171,8 +169,7 @@ void rightClickNode(ScriptRunner& script, Text path)
 void rightClickRow(ScriptRunner& script, Text name)
 {
     const HWND list = control(script, WC_LISTVIEWW);
-    script.expect(
-        L"a row " + name, [&] { return probe::row(list, name).has_value(); }, [] { return L"none"; });
+    script.expect(L"a row " + name, [&] { return probe::row(list, name).has_value(); }, [] { return L"none"; });
     rightClick(list, probe::placeOfRow(list, *probe::row(list, name)));
 }
 
@@ -210,8 +207,7 @@ void clickHeader(ScriptRunner& script, Text caption)
 void fileDialog(ScriptRunner& script, Text path)
 {
     const auto edit = [] { return probe::dialog() ? probe::childOfClass(probe::dialog(), L"Edit") : nullptr; };
-    script.expect(
-        L"a file dialog", [&] { return edit() != nullptr; }, [] { return L"none"; });
+    script.expect(L"a file dialog", [&] { return edit() != nullptr; }, [] { return L"none"; });
     const HWND dialog = probe::dialog();
     SendMessageW(edit(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
     PostMessageW(dialog, WM_COMMAND, IDOK, 0);

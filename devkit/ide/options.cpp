@@ -7,11 +7,11 @@ namespace {
 
 struct TextOption {
     const wchar_t* name;
-    std::wstring Options::*field;
+    std::wstring Options::* field;
 };
 struct Switch {
     const wchar_t* name;
-    bool Options::*field;
+    bool Options::* field;
 };
 
 // clang-format off

@@ -40,8 +40,7 @@ std::wstring entryState(ScriptRunner& script, Text path)
 
 void click(ScriptRunner& script, Text path)
 {
-    script.expect(
-        L"an entry " + path, [&] { return entryState(script, path) != L"absent"; }, [] { return L"none"; });
+    script.expect(L"an entry " + path, [&] { return entryState(script, path) != L"absent"; }, [] { return L"none"; });
     script.shell().postToShell([&shell = script.shell(), path] {
         if (const com_ptr<CommandBarControl> control = controlAt(shell.dte(), path))
             control->execute();
@@ -81,8 +80,7 @@ void expectEntry(ScriptRunner& script, Text rest)
     const size_t space = rest.rfind(L' ');
     const std::wstring path = rest.substr(0, space);
     const std::wstring state = rest.substr(space + 1);
-    script.expect(
-        rest, [&] { return entryState(script, path) == state; }, [&] { return entryState(script, path); });
+    script.expect(rest, [&] { return entryState(script, path) == state; }, [&] { return entryState(script, path); });
 }
 
 void expectMessage(ScriptRunner& script, Text text)
@@ -95,8 +93,7 @@ void expectMessage(ScriptRunner& script, Text text)
 
 void answer(ScriptRunner& script, Text name)
 {
-    script.expect(
-        L"a message", [] { return probe::dialog() != nullptr; }, [] { return L"none"; });
+    script.expect(L"a message", [] { return probe::dialog() != nullptr; }, [] { return L"none"; });
     const HWND dialog = probe::dialog();
     if (name == L"escape") {
         PostMessageW(dialog, WM_KEYDOWN, VK_ESCAPE, 0);
@@ -109,8 +106,7 @@ void answer(ScriptRunner& script, Text name)
             throw ScriptFailure(L"the message has no such button");
         PostMessageW(button, BM_CLICK, 0, 0);
     }
-    script.expect(
-        L"the message to go", [&] { return probe::dialog() != dialog; }, [] { return L"it stays"; });
+    script.expect(L"the message to go", [&] { return probe::dialog() != dialog; }, [] { return L"it stays"; });
 }
 
 // Presses a button of a dialog that stays open.
@@ -131,8 +127,7 @@ void fill(ScriptRunner& script, Text rest)
     const size_t space = rest.find(L' ');
     const std::wstring text = space == std::wstring::npos ? L"" : rest.substr(space + 1);
     const auto field = [&] { return probe::dialog() ? probe::field(probe::dialog(), number) : nullptr; };
-    script.expect(
-        L"a field " + std::to_wstring(number), [&] { return field() != nullptr; }, [] { return L"none"; });
+    script.expect(L"a field " + std::to_wstring(number), [&] { return field() != nullptr; }, [] { return L"none"; });
     SendMessageW(field(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
@@ -154,24 +149,21 @@ void expectWindow(ScriptRunner& script, Text rest)
             return !window ? L"absent" : window->isShown() ? L"visible" : L"hidden";
         });
     };
-    script.expect(
-        rest, [&] { return state() == rest.substr(space + 1); }, state);
+    script.expect(rest, [&] { return state() == rest.substr(space + 1); }, state);
 }
 
 void expectClass(ScriptRunner& script, Text rest)
 {
     const size_t space = rest.rfind(L' ');
     const auto state = [&] { return probe::topWindow(rest.substr(0, space)) ? L"present" : L"absent"; };
-    script.expect(
-        rest, [&] { return rest.substr(space + 1) == state(); }, state);
+    script.expect(rest, [&] { return rest.substr(space + 1) == state(); }, state);
 }
 
 void expectModule(ScriptRunner& script, Text rest)
 {
     const size_t space = rest.rfind(L' ');
     const auto state = [&] { return GetModuleHandleW(rest.substr(0, space).c_str()) ? L"loaded" : L"unloaded"; };
-    script.expect(
-        rest, [&] { return rest.substr(space + 1) == state(); }, state);
+    script.expect(rest, [&] { return rest.substr(space + 1) == state(); }, state);
 }
 
 void load(ScriptRunner& script, Text progId)

@@ -12,8 +12,7 @@ using Text = const std::wstring&;
 HWND control(ScriptRunner& script, const wchar_t* className)
 {
     const auto find = [&] { return probe::childOfClass(script.shell().hwnd(), className); };
-    script.expect(
-        std::wstring(L"a control ") + className, [&] { return find() != nullptr; }, [] { return L"none"; });
+    script.expect(std::wstring(L"a control ") + className, [&] { return find() != nullptr; }, [] { return L"none"; });
     return find();
 }
 
@@ -120,8 +119,7 @@ void expectFirstRow(ScriptRunner& script, Text name)
 void expectNoRow(ScriptRunner& script, Text name)
 {
     const HWND window = list(script);
-    script.expect(
-        L"no row " + name, [&] { return !probe::row(window, name); }, [&] { return rowsText(window); });
+    script.expect(L"no row " + name, [&] { return !probe::row(window, name); }, [&] { return rowsText(window); });
 }
 
 void expectRows(ScriptRunner& script, Text number)

@@ -17,7 +17,7 @@ int32_t stateOf(HWND window)
     return IsIconic(window) ? 1 : IsZoomed(window) ? 2 : 0;
 }
 
-template <LONG RECT::*edge>
+template <LONG RECT::* edge>
 variant edgeOf(IdeWindow& window, Arguments)
 {
     RECT place{};

@@ -17,7 +17,7 @@ constexpr int32_t ideTypeWithStoredName = 1;
 
 struct FolderRow {
     int32_t caption;
-    int32_t trzConnection::*handle;
+    int32_t trzConnection::* handle;
     int32_t kind;
 };
 

@@ -12,8 +12,7 @@
 namespace velk {
 
 template <class... Interfaces>
-struct interface_list {
-};
+struct interface_list {};
 
 // The interfaces that an interface extends and that are asked for by name, too.
 template <class Interface>
@@ -57,10 +56,7 @@ struct interface_of {
     using type = Interface;
 };
 template <class Interface>
-    requires requires
-    {
-        typename Interface::Described;
-    }
+    requires requires { typename Interface::Described; }
 struct interface_of<Interface> {
     using type = typename Interface::Described;
 };

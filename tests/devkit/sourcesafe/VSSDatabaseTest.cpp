@@ -51,9 +51,8 @@ TEST_F(VSSDatabaseTest, unknownUser_isRefused)
 TEST_F(VSSDatabaseTest, missingDatabase_isRefusedByItsIniFile)
 {
     const com_ptr<IDispatch> database = automation::createObject(L"SourceSafe");
-    const Error error = failureOf([&] {
-        automation::call(database, L"Open", {text(folder + L"\\none\\srcsafe.ini"), L"ann", L""});
-    });
+    const Error error =
+        failureOf([&] { automation::call(database, L"Open", {text(folder + L"\\none\\srcsafe.ini"), L"ann", L""}); });
     EXPECT_EQ(error.result(), static_cast<HRESULT>(0x8004D75D));
     EXPECT_THAT(error.description(), HasSubstr(L"\\none\\srcsafe.ini"));
 }

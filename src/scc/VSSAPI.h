@@ -3,6 +3,7 @@
 #include "platform/win32.h"
 
 #include <array>
+#include <cstdint>
 #include <string>
 #include <vector>
 

@@ -28,6 +28,7 @@ public:
 #include "devkit/contract/exports.inc"
 #undef BACKEND_EXPORT
 
+    bool isOpen() const { return m_session != nullptr; }
     bool isWorking() const { return m_session && m_session->isWorking(); }
     Journal& journal() noexcept { return m_journal; }
 

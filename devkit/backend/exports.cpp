@@ -1,4 +1,5 @@
 // The library's exports: each one forwards to the desk, and no exception leaves it.
+#include "devkit/backend/callWatch.h"
 #include "devkit/backend/desk.h"
 #include "platform/boundary.h"
 
@@ -24,6 +25,19 @@ int32_t served(std::wstring_view name, Body body) noexcept
     return 0;
 }
 
+// One call with what comes in between: a session that ends inside it cannot serve the rest of it, and that is no breach
+// of the caller's, who made the call before the end. Texts are there without a session, too.
+template <class Body>
+int32_t watched(const wchar_t* name, Body body) noexcept
+{
+    const bool wasOpen = desk().isOpen();
+    passMoment(name, CallMoment::begins);
+    const bool isLost = wasOpen && !desk().isOpen() && !std::wstring_view(name).starts_with(L"RZGetString");
+    const int32_t answer = isLost ? 0 : served(name, body);
+    passMoment(name, CallMoment::ends);
+    return answer;
+}
+
 } // namespace
 
 extern "C" {
@@ -31,7 +45,7 @@ extern "C" {
 #define BACKEND_EXPORT(name, parameters, arguments)                                                                    \
     __declspec(dllexport) int32_t __stdcall name parameters noexcept                                                   \
     {                                                                                                                  \
-        return served(L"" #name, [&](Desk& desk) { return desk.name arguments; });                                     \
+        return watched(L"" #name, [&](Desk& desk) { return desk.name arguments; });                                    \
     }
 #include "devkit/contract/exports.inc"
 #undef BACKEND_EXPORT
@@ -45,6 +59,13 @@ __declspec(dllexport) int32_t __stdcall RZStandinIsWorking() noexcept
 __declspec(dllexport) int32_t __stdcall RZStandinBreaches() noexcept
 {
     return served(L"RZStandinBreaches", [](Desk& desk) { return desk.journal().breaches(); });
+}
+
+// For tests: a function of the host's that hears of every call; null for none.
+__declspec(dllexport) int32_t __stdcall RZStandinSetCallHook(CallHook hook) noexcept
+{
+    setCallHook(hook);
+    return 1;
 }
 
 } // extern "C"

@@ -65,24 +65,48 @@ com_ptr<AddIn> AddInManager::describe(const std::wstring& progId) const
     return made;
 }
 
-void AddInManager::load(const std::wstring& progId, ConnectMode mode)
+AddInManager::Loaded AddInManager::make(const std::wstring& progId) const
 {
-    if (isLoaded(progId))
-        return;
     const com_ptr<IDispatch> object = automation::createObject(progId);
     void* raw = nullptr;
     throwIfFailed(object->QueryInterface(extensibilityIid, &raw));
     com_ptr<Extensibility> extensibility;
     extensibility.attach(static_cast<Extensibility*>(raw));
-    const com_ptr<AddIn> description = describe(progId);
+    return {com_ptr<IDispatch>(extensibility.get()), describe(progId)};
+}
+
+void AddInManager::connect(const Loaded& addIn, ConnectMode mode)
+{
     SAFEARRAY* custom = nullptr;
     recorder().write(L"-- OnConnection");
-    throwIfFailed(extensibility->OnConnection(&m_dte, static_cast<int>(mode), description.get(), &custom));
-    description->connected = true;
-    m_loaded[progId] = {com_ptr<IDispatch>(extensibility.get()), description};
-    if (mode == ConnectMode::startup)
-        extensibility->OnStartupComplete(&custom);
+    throwIfFailed(static_cast<Extensibility*>(addIn.object.get())
+                      ->OnConnection(&m_dte, static_cast<int>(mode), addIn.description.get(), &custom));
+}
+
+// It counts as loaded from the beginning of its connection on: an IDE that is closed meanwhile disconnects it.
+void AddInManager::load(const std::wstring& progId, ConnectMode mode)
+{
+    if (isLoaded(progId))
+        return;
+    const Loaded addIn = make(progId);
+    m_loaded[progId] = addIn;
+    try {
+        connect(addIn, mode);
+    } catch (const Error&) {
+        m_loaded.erase(progId);
+        throw;
+    }
+    addIn.description->connected = isLoaded(progId);
+    SAFEARRAY* custom = nullptr;
+    if (mode == ConnectMode::startup && isLoaded(progId))
+        static_cast<Extensibility*>(addIn.object.get())->OnStartupComplete(&custom);
     barsChanged();
+}
+
+void AddInManager::loadAnother(const std::wstring& progId)
+{
+    m_others.push_back(make(progId));
+    connect(Loaded(m_others.back()), ConnectMode::afterStartup);
 }
 
 std::vector<std::wstring> AddInManager::loadAtStart()
@@ -100,32 +124,59 @@ std::vector<std::wstring> AddInManager::loadAtStart()
     return failures;
 }
 
-void AddInManager::unload(const std::wstring& progId, DisconnectMode mode)
+void AddInManager::disconnect(Loaded addIn, DisconnectMode mode)
 {
-    const auto place = m_loaded.find(progId);
-    if (place == m_loaded.end())
-        return;
-    Loaded loaded = std::move(place->second);
-    m_loaded.erase(place);
     SAFEARRAY* custom = nullptr;
-    auto* extensibility = static_cast<Extensibility*>(loaded.object.get());
+    auto* extensibility = static_cast<Extensibility*>(addIn.object.get());
     recorder().write(L"-- OnDisconnection");
     if (mode == DisconnectMode::hostShutdown)
         extensibility->OnBeginShutdown(&custom);
     extensibility->OnDisconnection(static_cast<int>(mode), &custom);
-    loaded.description->connected = false;
-    m_dte.windows->closeOwnedBy(loaded.description.get());
-    loaded.object.reset();
+    forget(std::move(addIn));
+}
+
+void AddInManager::forget(Loaded addIn)
+{
+    addIn.description->connected = false;
+    m_dte.windows->closeOwnedBy(addIn.description.get());
+    addIn.object.reset();
     // The first call marks the library, the second one unloads it.
     CoFreeUnusedLibrariesEx(0, 0);
     CoFreeUnusedLibrariesEx(0, 0);
     barsChanged();
 }
 
+void AddInManager::unload(const std::wstring& progId, DisconnectMode mode)
+{
+    if (auto taken = m_loaded.extract(progId))
+        disconnect(std::move(taken.mapped()), mode);
+}
+
+void AddInManager::letGo(const std::wstring& progId)
+{
+    if (auto taken = m_loaded.extract(progId))
+        forget(std::move(taken.mapped()));
+}
+
+void AddInManager::unloadOthers()
+{
+    for (Loaded& addIn : std::exchange(m_others, {}))
+        disconnect(std::move(addIn), DisconnectMode::userClosed);
+}
+
 void AddInManager::unloadAll()
 {
+    unloadOthers();
     while (!m_loaded.empty())
         unload(m_loaded.begin()->first, DisconnectMode::hostShutdown);
+}
+
+std::vector<std::wstring> AddInManager::loaded() const
+{
+    std::vector<std::wstring> progIds;
+    for (const auto& [progId, addIn] : m_loaded)
+        progIds.push_back(progId);
+    return progIds;
 }
 
 } // namespace velk::devkit

@@ -32,7 +32,14 @@ public:
     // Disconnects, closes what windows the add-in left, and lets COM unload its library.
     void unload(const std::wstring& progId, DisconnectMode mode);
     void unloadAll();
+    // Connects a second object of a class beside the one that is loaded; it is disconnected with the IDE's end or by
+    // unloadOthers.
+    void loadAnother(const std::wstring& progId);
+    void unloadOthers();
+    // Lets go of an add-in without a word to it, as an IDE does that fails in its own end.
+    void letGo(const std::wstring& progId);
     bool isLoaded(const std::wstring& progId) const { return m_loaded.contains(progId); }
+    std::vector<std::wstring> loaded() const;
 
 private:
     struct Loaded {
@@ -40,9 +47,14 @@ private:
         com_ptr<AddIn> description;
     };
     com_ptr<AddIn> describe(const std::wstring& progId) const;
+    Loaded make(const std::wstring& progId) const;
+    void connect(const Loaded& addIn, ConnectMode mode);
+    void disconnect(Loaded addIn, DisconnectMode mode);
+    void forget(Loaded addIn);
 
     Dte& m_dte;
     std::map<std::wstring, Loaded> m_loaded;
+    std::vector<Loaded> m_others;
 };
 
 } // namespace velk::devkit

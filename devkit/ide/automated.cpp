@@ -1,6 +1,7 @@
 #include "devkit/ide/automated.h"
 
 #include "devkit/ide/recorder.h"
+#include "devkit/ide/reentry.h"
 #include "platform/text.h"
 
 namespace velk::devkit {
@@ -71,6 +72,7 @@ void AutomationObject::onUnknownName(const wchar_t* name)
 variant AutomationObject::use(size_t index, bool assigns, const CallArguments& arguments)
 {
     const wchar_t* member = memberName(index).name;
+    const CallScope inside(qualified(member) + (assigns ? L"=" : L""));
     const std::wstring use = label() + L"." + member;
     const std::wstring said = describe(arguments);
     const std::wstring line = assigns ? use + L" = " + said : said.empty() ? use : use + L"(" + said + L")";

@@ -1,6 +1,7 @@
 #include "devkit/ide/clickSource.h"
 
 #include "devkit/ide/recorder.h"
+#include "devkit/ide/reentry.h"
 
 #include <algorithm>
 
@@ -81,6 +82,8 @@ HRESULT ClickSource::Point::GetConnectionPointContainer(IConnectionPointContaine
 HRESULT ClickSource::Point::Advise(IUnknown* sink, DWORD* cookie) noexcept
 {
     return atBoundary(L"Advise", [&] {
+        const com_ptr<AutomationObject> untilDone(&owner);
+        const CallScope inside(L"CommandBarEvents.Advise");
         const auto dispatch = com_ptr<IUnknown>(sink).tryAs<IDispatch>(clickEvents);
         if (!dispatch)
             return CONNECT_E_CANNOTCONNECT;
@@ -95,6 +98,7 @@ HRESULT ClickSource::Point::Unadvise(DWORD cookie) noexcept
 {
     return atBoundary(L"Unadvise", [&] {
         const com_ptr<AutomationObject> untilDone(&owner);
+        const CallScope inside(L"CommandBarEvents.Unadvise");
         if (!owner.m_sinks.erase(cookie))
             return CONNECT_E_NOCONNECTION;
         recorder().write(owner.m_control->label() + L" click disconnected");

@@ -1,6 +1,8 @@
 // velkide: the stand-in IDE as a program.
 #include "devkit/ide/options.h"
 #include "devkit/ide/recorder.h"
+#include "devkit/ide/reentryActions.h"
+#include "devkit/ide/reentry.h"
 #include "devkit/ide/scriptRunner.h"
 #include "devkit/ide/textFile.h"
 
@@ -62,12 +64,26 @@ void start(LPTHREAD_START_ROUTINE routine, void* parameter)
     CloseHandle(thread);
 }
 
+void planReentry(const std::wstring& text, Shell& shell)
+{
+    const size_t equals = text.rfind(L'='); // the place of an assignment ends with one, too
+    const auto place = callPlace(text.substr(0, equals));
+    const ReentryAction* action = equals == std::wstring::npos ? nullptr : reentryAction(text.substr(equals + 1));
+    if (!place || !action)
+        throw ScriptFailure(L"--reentry wants a place and an action, like RZInitialize#1=disconnect");
+    reentry().hookBackend();
+    reentry().plan(*place, [&shell, action] { action->run(shell); });
+}
+
 int run(const Options& options)
 {
     recorder().setFile(options.journal);
     recorder().setFailing(options.failing);
     recorder().setMissing(options.missing);
+    reentry().setPumping(options.pump);
     Shell shell(options.hidden);
+    if (!options.reentry.empty())
+        planReentry(options.reentry, shell);
     if (!options.solution.empty())
         shell.dte().solution->open(options.solution);
     ScriptJob job{&shell, options, {}};

@@ -22,10 +22,12 @@ constexpr TextOption textOptions[] = {
     {L"--fail",     &Options::failing},
     {L"--without",  &Options::missing},
     {L"--solution", &Options::solution},
+    {L"--reentry",  &Options::reentry},
 };
 constexpr Switch switches[] = {
     {L"--hidden",     &Options::hidden},
     {L"--no-add-ins", &Options::noAddIns},
+    {L"--pump",       &Options::pump},
 };
 // clang-format on
 

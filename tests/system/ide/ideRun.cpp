@@ -100,13 +100,17 @@ DWORD IdeRun::runShown(const std::string& script)
 
 DWORD IdeRun::runFile(const std::wstring& scriptPath, const std::wstring& options)
 {
+    return runProgram(L"\"" + path(L"velkide.exe") + L"\" --script \"" + fullPath(scriptPath) + L"\" --journal \"" +
+                      path(L"ide.journal") + L"\" --define \"SAMPLE=" + m_folder + L"\" --define \"JOURNAL=" +
+                      path(L"backend.journal") + L"\" " + options);
+}
+
+DWORD IdeRun::runProgram(std::wstring command)
+{
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
     const std::wstring said = path(L"output.txt");
     const HANDLE out = CreateFileW(said.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited,
                                    CREATE_ALWAYS, 0, nullptr);
-    std::wstring command = L"\"" + path(L"velkide.exe") + L"\" --script \"" + fullPath(scriptPath) +
-                           L"\" --journal \"" + path(L"ide.journal") + L"\" --define \"SAMPLE=" + m_folder +
-                           L"\" --define \"JOURNAL=" + path(L"backend.journal") + L"\" " + options;
     STARTUPINFOW start{};
     start.cb = sizeof start;
     start.dwFlags = STARTF_USESTDHANDLES;

@@ -26,6 +26,9 @@ protected:
     // need them; without a display nobody sees them.
     DWORD runFile(const std::wstring& scriptPath, const std::wstring& options);
 
+    // Runs a program of the folder, there; what it said stands in `output` then. Its exit code.
+    DWORD runProgram(std::wstring command);
+
     std::wstring path(const std::wstring& name) const { return m_folder + L"\\" + name; }
     std::vector<std::string> lines(const std::wstring& name) const; // of a journal, the folder written as "$"
     std::vector<std::string> ideJournal() const { return lines(L"ide.journal"); }

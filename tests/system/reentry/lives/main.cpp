@@ -4,6 +4,7 @@
 //   run FILE NUMBER      the pairs from this one on; ends with 10 behind the first one that leaves something wrong
 //   pair PLACE ACTION    one pair
 #include "devkit/ide/reentryActions.h"
+#include "devkit/ide/script.h"
 #include "devkit/ide/textFile.h"
 #include "life.h"
 #include "pairs.h"
@@ -93,6 +94,30 @@ std::vector<std::wstring> cleanLife(SessionWatch& watch)
     return wrong;
 }
 
+// For the tests of the tests: a fault of the host's own, and an entry that nobody takes away.
+void crash(Shell&)
+{
+    *static_cast<volatile int*>(nullptr) = 0;
+}
+
+void litter(Shell& shell)
+{
+    shell.dte().bars->menuBar().addCommand(L"Litter", [] {});
+}
+
+constexpr ReentryAction faults[] = {{L"crash", crash}, {L"litter", litter}};
+
+const ReentryAction& actionOf(const std::wstring& name)
+{
+    for (const ReentryAction& row : faults)
+        if (name == row.name)
+            return row;
+    const ReentryAction* const action = reentryAction(name);
+    if (!action)
+        throw ScriptFailure(L"there is no action " + name);
+    return *action;
+}
+
 void sayFacts(const std::vector<std::wstring>& facts)
 {
     for (const std::wstring& fact : facts)
@@ -134,8 +159,7 @@ int runPair(const Pair& pair, SessionWatch& watch, bool isAlone)
     std::vector<std::wstring> wrong;
     {
         Life life(solutionPath());
-        const ReentryAction* action = reentryAction(pair.action);
-        reentry().plan(pair.place, [&] { action->run(life.shell()); });
+        reentry().plan(pair.place, [&] { actionOf(pair.action).run(life.shell()); });
         life.whole();
         wrong = wrongAfter(life, watch);
         if (isAlone)

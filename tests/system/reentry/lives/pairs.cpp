@@ -31,12 +31,13 @@ bool isTurningPoint(const std::wstring& call)
 std::vector<Pair> pairsOf(const std::map<std::wstring, int>& counts, bool isFull)
 {
     std::vector<Pair> pairs;
-    size_t turn = 0;
+    size_t turn = 0; // of the calls: each begins its round of the actions one place further on
     for (const auto& [call, uses] : counts) {
         const std::vector<CallPlace> places = placesOf(call, uses);
+        size_t step = turn++;
         for (const ReentryAction& action : reentryActions()) {
             const bool takesAll = isFull || isTurningPoint(call);
-            const size_t first = takesAll ? 0 : turn++ % places.size();
+            const size_t first = takesAll ? 0 : step++ % places.size();
             const size_t last = takesAll ? places.size() : first + 1;
             for (size_t index = first; index < last; ++index)
                 pairs.push_back({places[index], action.name});

@@ -47,6 +47,13 @@ TEST(OptionsTest, optionsAndSwitches_areRead)
     EXPECT_EQ(options.timeLimit, 7u);
 }
 
+TEST(OptionsTest, optionsOfTheUnkindIde_areRead)
+{
+    const Options options = parseOptions({L"--pump", L"--reentry", L"Window.Visible=#1=click"});
+    EXPECT_TRUE(options.pump);
+    EXPECT_EQ(options.reentry, L"Window.Visible=#1=click");
+}
+
 TEST(OptionsTest, unknownOption_isRefused)
 {
     EXPECT_THROW(parseOptions({L"--elephant", L"x"}), ScriptFailure);

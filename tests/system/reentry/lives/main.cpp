@@ -1,7 +1,7 @@
 // reentry_lives: lives of the add-in in the stand-in IDE, disturbed at one place each.
 //   record FILE [full]   an undisturbed life; writes the pairs to try
 //   pumped               an undisturbed life with messages worked off inside every call
-//   run FILE NUMBER      the pairs from this one on; ends with 10 behind the first one that leaves something wrong
+//   run FILE NUMBER      the pairs from this one on; ends with 10 behind one that leaves something in the process
 //   pair PLACE ACTION    one pair
 #include "devkit/ide/reentryActions.h"
 #include "devkit/ide/script.h"
@@ -159,7 +159,8 @@ int runPair(const Pair& pair, SessionWatch& watch, bool isAlone)
     std::vector<std::wstring> wrong;
     {
         Life life(solutionPath());
-        reentry().plan(pair.place, [&] { actionOf(pair.action).run(life.shell()); });
+        const ReentryAction& action = actionOf(pair.action);
+        reentry().plan(pair.place, [&] { action.run(life.shell()); });
         life.whole();
         wrong = wrongAfter(life, watch);
         if (isAlone)
@@ -185,7 +186,10 @@ int run(const std::wstring& file, size_t number)
     for (; number < pairs.size(); ++number) {
         pairBegan = GetTickCount();
         say(L"PAIR " + std::to_wstring(number) + L" " + pairLine(pairs[number]));
-        if (const int result = runPair(pairs[number], watch, false))
+        const int result = runPair(pairs[number], watch, false);
+        watch.closeForNext();
+        // Only what it left in the process itself would be met by the next pair.
+        if (result != 0 && !leftInProcess().empty())
             return result;
     }
     say(L"END");

@@ -54,7 +54,8 @@ std::wstring pairLine(const Pair& pair)
 std::vector<Pair> readPairs(const std::wstring& text)
 {
     std::vector<Pair> pairs;
-    for (const std::wstring& line : split(text, L'\n')) {
+    for (std::wstring line : split(text, L'\n')) {
+        std::erase(line, L'\r');
         const size_t space = line.find(L' ');
         const auto place = space == std::wstring::npos ? std::nullopt : callPlace(line.substr(0, space));
         if (place)

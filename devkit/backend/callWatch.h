@@ -8,5 +8,7 @@ namespace velk::devkit {
 // thread's messages are worked off.
 void setCallHook(CallHook hook) noexcept;
 void passMoment(const wchar_t* call, CallMoment moment) noexcept;
+// Whether the call that is being served came inside another one.
+bool isInsideAnotherCall() noexcept;
 
 } // namespace velk::devkit

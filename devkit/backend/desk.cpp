@@ -1,5 +1,6 @@
 #include "devkit/backend/desk.h"
 
+#include "devkit/backend/callWatch.h"
 #include "devkit/backend/deskTemplates.h"
 #include "devkit/backend/messages.h"
 #include "devkit/backend/systemFile.h"
@@ -96,8 +97,10 @@ int32_t Desk::RZTerminate()
 {
     if (!enter(L"RZTerminate"))
         return 0;
-    for (const auto& [handle, enumeration] : m_enumerations)
-        breach(L"enumeration " + std::to_wstring(handle) + L" was not ended");
+    // A caller whose session ends inside one of its own calls has had no time to end what it enumerates.
+    if (!isInsideAnotherCall())
+        for (const auto& [handle, enumeration] : m_enumerations)
+            breach(L"enumeration " + std::to_wstring(handle) + L" was not ended");
     m_enumerations.clear();
     m_longTexts.clear();
     m_session.reset();

@@ -1,8 +1,8 @@
 // velkide: the stand-in IDE as a program.
 #include "devkit/ide/options.h"
 #include "devkit/ide/recorder.h"
-#include "devkit/ide/reentryActions.h"
 #include "devkit/ide/reentry.h"
+#include "devkit/ide/reentryActions.h"
 #include "devkit/ide/scriptRunner.h"
 #include "devkit/ide/textFile.h"
 

@@ -17,7 +17,7 @@ struct Options {
     std::wstring solution;
     Definitions definitions;
     unsigned timeLimit = 120; // seconds
-    std::wstring reentry; // PLACE=ACTION
+    std::wstring reentry;     // PLACE=ACTION
     bool hidden = false;
     bool pump = false;
     bool noAddIns = false;

@@ -29,11 +29,14 @@ protected:
     void SetUp() override { beginSample(); }
     ~CallWatchTest() override { setHook(nullptr); }
 
-    static void setHook(CallHook hook)
+    // Past the bridge, which would not make a wrong call.
+    template <class Function>
+    static Function* exported(const char* name)
     {
-        const FARPROC found = GetProcAddress(GetModuleHandleW(L"velkvsadd.dll"), "RZStandinSetCallHook");
-        reinterpret_cast<int32_t(__stdcall*)(CallHook)>(reinterpret_cast<void*>(found))(hook);
+        return reinterpret_cast<Function*>(
+            reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"velkvsadd.dll"), name)));
     }
+    static void setHook(CallHook hook) { exported<int32_t __stdcall(CallHook)>("RZStandinSetCallHook")(hook); }
     static bool isWaiting()
     {
         MSG message{};
@@ -72,9 +75,21 @@ TEST_F(CallWatchTest, callAfterASessionThatEndedInsideAnother_isABreach)
     setHook(hear);
     endsTheSession = true;
     RZSetCurrentFolder(1006, 13);
-    RZSetCurrentFolder(1006, 13);
+    exported<int32_t __stdcall(int32_t, int32_t)>("RZSetCurrentFolder")(1006, 13);
     EXPECT_THAT(breaches(),
                 ElementsAre(L"BREACH RZSetCurrentFolder(1006, 13): outside of RZInitialize and RZTerminate"));
+}
+
+TEST_F(CallWatchTest, sessionEndedInsideAnEnumerationsCall_excusesTheEnumeration)
+{
+    int32_t count = 0;
+    int32_t enumeration = 0;
+    RZTableEnumBegin(1006, count, enumeration);
+    setHook(hear);
+    endsTheSession = true;
+    trzTable record;
+    EXPECT_EQ(nextTable(enumeration, record), 0);
+    EXPECT_THAT(breaches(), IsEmpty());
 }
 
 TEST_F(CallWatchTest, textFetchedWhileTheSessionEnds_isGivenAllTheSame)

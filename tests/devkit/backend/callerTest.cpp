@@ -47,7 +47,7 @@ TEST_F(Caller, everything_right_isNoBreach)
 TEST_F(Caller, session_usedAfterTerminate_isABreach)
 {
     RZTerminate();
-    RZObjectDoAction(1001, 10);
+    exported<int32_t __stdcall(int32_t, int32_t)>("RZObjectDoAction")(1001, 10);
     EXPECT_THAT(breaches(), ElementsAre(L"BREACH RZObjectDoAction(1001, 10): outside of RZInitialize and RZTerminate"));
 }
 

@@ -1,5 +1,5 @@
-#include "devkit/ide/reentryActions.h"
 #include "devkit/ide/reentry.h"
+#include "devkit/ide/reentryActions.h"
 #include "ideFixture.h"
 
 namespace velk::devkit {

@@ -33,7 +33,8 @@ std::vector<std::string> MatrixRun::undisturbedLife(const std::wstring& how)
 int MatrixRun::runFrom(const std::wstring& file, int number, std::vector<std::string>& wrong)
 {
     ++processes;
-    const DWORD code = runProgram(L"\"" + path(L"reentry_lives.exe") + L"\" run " + file + L" " + std::to_wstring(number));
+    const DWORD code =
+        runProgram(L"\"" + path(L"reentry_lives.exe") + L"\" run " + file + L" " + std::to_wstring(number));
     std::string pair; // that is under way
     for (const std::string& line : said()) {
         if (line == "END")

@@ -99,8 +99,7 @@ void Life::answer()
     if (!box)
         m_answered = nullptr;
     const HWND menuWindow = probe::topWindow(L"#32768");
-    const HMENU menu =
-        menuWindow ? reinterpret_cast<HMENU>(SendMessageW(menuWindow, getMenuMessage, 0, 0)) : nullptr;
+    const HMENU menu = menuWindow ? reinterpret_cast<HMENU>(SendMessageW(menuWindow, getMenuMessage, 0, 0)) : nullptr;
     if (menu && menu != m_chosenIn)
         chooseItem(menu);
     m_chosenIn = menu;

@@ -1,7 +1,8 @@
 // reentry_lives: lives of the add-in in the stand-in IDE, disturbed at one place each.
 //   record FILE [full]   an undisturbed life; writes the pairs to try
 //   pumped               an undisturbed life with messages worked off inside every call
-//   run FILE NUMBER      the pairs from this one on; ends with 10 behind one that leaves something in the process
+//   run FILE NUMBER      pairs from this one on; ends with 10 behind one that leaves something in the process, and
+//                        with 0 when it has done enough of them, or said END
 //   pair PLACE ACTION    one pair
 #include "devkit/ide/reentryActions.h"
 #include "devkit/ide/script.h"
@@ -10,6 +11,7 @@
 #include "pairs.h"
 #include "watch.h"
 
+#include <algorithm>
 #include <atomic>
 #include <commctrl.h>
 #include <shellapi.h>
@@ -21,6 +23,7 @@ constexpr UINT exitHang = 3;
 constexpr UINT exitCrash = 4;
 constexpr int exitWrong = 10;
 constexpr DWORD longestPair = 30000; // milliseconds
+constexpr size_t mostPairs = 60;     // of one process, so that each has its time limit
 
 std::atomic<DWORD> pairBegan{0};
 
@@ -71,7 +74,9 @@ DWORD WINAPI watchTime(void*) noexcept
 std::vector<std::wstring> wrongAfter(Life& life, SessionWatch& watch)
 {
     std::vector<std::wstring> wrong = life.problems();
-    const auto add = [&](const std::vector<std::wstring>& more) { wrong.insert(wrong.end(), more.begin(), more.end()); };
+    const auto add = [&](const std::vector<std::wstring>& more) {
+        wrong.insert(wrong.end(), more.begin(), more.end());
+    };
     add(leftInProcess());
     add(watch.takeProblems());
     if (watch.isOpen())
@@ -183,7 +188,8 @@ int run(const std::wstring& file, size_t number)
     readTextFile(file, text);
     const std::vector<Pair> pairs = readPairs(text);
     SessionWatch watch;
-    for (; number < pairs.size(); ++number) {
+    const size_t last = std::min(pairs.size(), number + mostPairs);
+    for (; number < last; ++number) {
         pairBegan = GetTickCount();
         say(L"PAIR " + std::to_wstring(number) + L" " + pairLine(pairs[number]));
         const int result = runPair(pairs[number], watch, false);
@@ -192,7 +198,8 @@ int run(const std::wstring& file, size_t number)
         if (result != 0 && !leftInProcess().empty())
             return result;
     }
-    say(L"END");
+    if (number == pairs.size())
+        say(L"END");
     return 0;
 }
 

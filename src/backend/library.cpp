@@ -120,10 +120,13 @@ void* backendEntry(BackendFunction function)
     default:
         if (library.isTerminated)
             throw Error(errorInvalidCall);
-        // Before the call: what the tool lets happen inside of it is after the end, too.
-        library.isTerminated = function == BackendFunction::RZTerminate;
-        return backendAddress(function);
+        break;
     }
+    void* address = backendAddress(function);
+    // Before the call: what the tool lets happen inside of it is after the end, too. A call that cannot be made ends
+    // nothing.
+    library.isTerminated = function == BackendFunction::RZTerminate;
+    return address;
 }
 
 bool isBackendLibraryFailure(const Error& failure) noexcept

@@ -232,6 +232,11 @@ LRESULT svrViewCtl::handle(UINT message, WPARAM wParam, LPARAM lParam)
                           {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))}, lParam == -1);
         });
         return 0;
+    case WM_DESTROY:
+        // Before the tree's window goes, which may move the selection through the nodes that are left.
+        if (m_serverTreeView)
+            m_serverTreeView->clear();
+        return handleDefault(message, wParam, lParam);
     case WM_SETFOCUS:
         if (m_serverTreeView && m_serverDetailsView)
             SetFocus(m_wasInList ? m_serverDetailsView->view().hwnd() : m_serverTreeView->hwnd());

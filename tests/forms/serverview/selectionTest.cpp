@@ -5,8 +5,8 @@ namespace {
 
 using test::Calls;
 
-// The view with a project, and a tree that can be made to move its selection through the folders of K10 one by one
-// while a node is deleted, as system's trees may.
+// The view with a project, and a tree that can be made to move its selection through its nodes one by one while nodes
+// are deleted or the tree goes, as system's trees may.
 class SelectionTest : public test::ViewFixture {
 protected:
     SelectionTest()
@@ -42,10 +42,10 @@ private:
     }
     static LRESULT CALLBACK restless(HWND tree, UINT message, WPARAM wParam, LPARAM lParam)
     {
-        LRESULT item = message == TVM_DELETEITEM ? pass(tree, TVM_GETNEXTITEM, TVGN_CARET, 0) : 0;
-        item = item ? item : message == TVM_DELETEITEM ? pass(tree, TVM_GETNEXTITEM, TVGN_ROOT, 0) : 0;
-        for (; item; item = pass(tree, TVM_GETNEXTITEM, TVGN_NEXTVISIBLE, item))
-            pass(tree, TVM_SELECTITEM, TVGN_CARET, item);
+        if (message == TVM_DELETEITEM || message == WM_DESTROY)
+            for (LRESULT item = pass(tree, TVM_GETNEXTITEM, TVGN_ROOT, 0); item;
+                 item = pass(tree, TVM_GETNEXTITEM, TVGN_NEXTVISIBLE, item))
+                pass(tree, TVM_SELECTITEM, TVGN_CARET, item);
         return pass(tree, message, wParam, lParam);
     }
 };
@@ -118,6 +118,14 @@ TEST_F(SelectionTest, projectThatReplacesAnother_asksForNoneOfItsFolders)
     EXPECT_EQ(backend.calls, Calls{});
     EXPECT_EQ(list().view().columnCount(), 0);
     EXPECT_EQ(shownRows(), 0);
+}
+
+TEST_F(SelectionTest, treeThatGoesWithItsHost_asksForNoFolder)
+{
+    makeTheTreeRestless();
+    DestroyWindow(host);
+    EXPECT_FALSE(IsWindow(tree().hwnd()));
+    EXPECT_EQ(backend.calls, Calls{});
 }
 
 TEST_F(SelectionTest, removedFolderThatComesBack_isSelectedAnew)

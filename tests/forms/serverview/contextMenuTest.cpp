@@ -34,6 +34,14 @@ protected:
         backend.calls.clear();
         return place;
     }
+    // A hundred connections and rows, with the handles 500 to 599 and 600 to 699.
+    static void addMany()
+    {
+        for (int32_t number = 500; number < 600; ++number) {
+            addConnectionNode(L"K1", {.lHdl = number, .strDatabase = L"DB"});
+            addProcedureRow({.lHdl = number + 100, .strName = L"raise"});
+        }
+    }
     // Where the button that opens a node stands, from the text leftwards.
     POINT buttonBeside(const RECT& text)
     {
@@ -183,8 +191,7 @@ TEST_F(ContextMenuTest, rowUnderANodeThatIsNoFolder_hasNoMenu)
 
 TEST_F(ContextMenuTest, keyboardMenuOfANodeThatIsScrolledOut_opensInsideTheTree)
 {
-    for (int32_t handle = 500; handle < 600; ++handle)
-        addConnectionNode(L"K1", {.lHdl = handle, .strDatabase = L"DB"});
+    addMany();
     tree().select(L"K599");
     tree().send(WM_VSCROLL, SB_TOP);
     ASSERT_GT(tree().placeOfSelected().top, 400);
@@ -197,8 +204,7 @@ TEST_F(ContextMenuTest, keyboardMenuOfANodeThatIsScrolledOut_opensInsideTheTree)
 TEST_F(ContextMenuTest, keyboardMenuOfARowThatIsScrolledOut_opensInsideTheList)
 {
     tree().select(L"K20");
-    for (int32_t handle = 500; handle < 600; ++handle)
-        addProcedureRow({.lHdl = handle, .strName = L"raise"});
+    addMany();
     list().view().selectRow(90);
     list().view().scrollToTop(0);
     ASSERT_GT(list().view().placeOf(90).top, 400);
@@ -254,9 +260,7 @@ TEST_F(ContextMenuTest, sourceSafeItemThatFails_isToldAndEndsItsMessage)
     int boxes = 0;
     setMessagePresenter([&](const std::wstring& text, uint32_t, const std::wstring&) -> int {
         messages.push_back(text);
-        if (++boxes == 1)
-            throw Error(errorOutOfMemory);
-        return IDOK;
+        return ++boxes == 1 ? throw Error(errorOutOfMemory) : IDOK;
     });
     rightClickRow(0);
     EXPECT_EQ(messages.back(), L"Out of memory:7");

@@ -12,6 +12,12 @@ protected:
     ListRowsTest() { addProject(); }
     const Row& row(size_t index) { return list().rows().at(index); }
     std::wstring pictureOf(size_t index) { return publishedView().ImageList1->keyOf(row(index).image); }
+    static void removeAsEveryKindBut(const std::wstring& kind, const std::wstring& key)
+    {
+        for (const wchar_t* other : {L"5", L"6", L"7", L"8", L"9", L"10", L"11", L"12", L"13", L"14", L"15", L"16"})
+            if (other != kind)
+                removeListRow(other, key);
+    }
     Texts keys()
     {
         Texts found;
@@ -53,9 +59,7 @@ TEST_P(FolderTest, removedObject_goesOnlyWhenItIsOfTheFoldersKind)
 {
     tree().select(GetParam().node);
     addViewRow({.lHdl = 300, .strName = L"object"});
-    for (const wchar_t* kind : {L"5", L"6", L"7", L"8", L"9", L"10", L"11", L"12", L"13", L"14", L"15", L"16"})
-        if (std::wstring(kind) != GetParam().objectKind)
-            removeListRow(kind, L"K300");
+    removeAsEveryKindBut(GetParam().objectKind, L"K300");
     EXPECT_EQ(shownRows(), 1);
     removeListRow(GetParam().objectKind, L"K301"); // another object's key
     EXPECT_EQ(shownRows(), 1);

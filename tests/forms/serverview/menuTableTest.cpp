@@ -95,6 +95,14 @@ protected:
         menus.show(which, host, {});
         return captionsOf(menu);
     }
+    static std::vector<MenuItem> hiddenItems(const PopupMenus& menus)
+    {
+        std::vector<MenuItem> hidden;
+        for (const Item& item : items)
+            if (!menus[item.item].visible)
+                hidden.push_back(item.item);
+        return hidden;
+    }
     static Captions agreed(PopupMenu which, std::wstring (*captionOf)(const Item&))
     {
         Captions captions;
@@ -173,11 +181,7 @@ TEST_P(IdeTypeTest, itemsThatAreHidden_areThoseOfTheKindOfIde)
     PopupMenus menus;
     menus.setUp(true, 2);
     menus.setUp(true, GetParam().type);
-    std::vector<MenuItem> hidden;
-    for (const Item& item : items)
-        if (!menus[item.item].visible)
-            hidden.push_back(item.item);
-    EXPECT_EQ(hidden, GetParam().hidden);
+    EXPECT_EQ(hiddenItems(menus), GetParam().hidden);
 }
 INSTANTIATE_TEST_SUITE_P(Types, IdeTypeTest,
                          testing::Values(IdeType{1, {}},

@@ -112,6 +112,11 @@ protected:
         GetWindowRect(document->svrViewCtl1()->hwnd(), &place);
         return {place.right - place.left, place.bottom - place.top};
     }
+    std::pair<LONG, LONG> sizeAfter(RECT place)
+    {
+        host->view->SetRect(&place);
+        return sizeOfTheControl();
+    }
     static _IntegrationMgr* managerOfTheView() { return publishedView().IMgr.object().get(); }
 
     HWND window = nullptr;
@@ -132,11 +137,9 @@ TEST_F(ShownDocumentTest, setUp_givesTheControlItsManagerAndPublishesIt)
 TEST_F(ShownDocumentTest, control_coversTheWholeDocumentAndFollowsIt)
 {
     EXPECT_EQ(sizeOfTheControl(), (std::pair<LONG, LONG>{320, 200}));
-    for (const RECT place : {RECT{0, 0, 700, 33}, RECT{0, 0, 0, 90}, RECT{0, 0, 500, 0}}) {
-        RECT wanted = place;
-        host->view->SetRect(&wanted);
-        EXPECT_EQ(sizeOfTheControl(), (std::pair<LONG, LONG>{place.right, place.bottom}));
-    }
+    EXPECT_EQ(sizeAfter({0, 0, 700, 33}), (std::pair<LONG, LONG>{700, 33}));
+    EXPECT_EQ(sizeAfter({0, 0, 0, 90}), (std::pair<LONG, LONG>{0, 90}));
+    EXPECT_EQ(sizeAfter({0, 0, 500, 0}), (std::pair<LONG, LONG>{500, 0}));
 }
 
 TEST_F(ShownDocumentTest, documentThatReplacesAnother_isTheOneThatIsPublished)

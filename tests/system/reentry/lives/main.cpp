@@ -23,7 +23,7 @@ constexpr UINT exitHang = 3;
 constexpr UINT exitCrash = 4;
 constexpr int exitWrong = 10;
 constexpr DWORD longestPair = 30000; // milliseconds
-constexpr size_t mostPairs = 60;     // of one process, so that each has its time limit
+constexpr size_t mostPairs = 30;     // of one process, so that each has its time limit
 
 std::atomic<DWORD> pairBegan{0};
 

@@ -84,6 +84,16 @@ TEST_F(DialogTest, formThatIsShownAlready_isNotShownTwice)
     EXPECT_TRUE(isEnabled(owner.get()));
 }
 
+TEST_F(DialogTest, hostThatEndsWhileTheFormWaits_hearsOfItInItsOwnLoop)
+{
+    PostQuitMessage(7);
+    first.showModal();
+    MSG message{};
+    EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    EXPECT_EQ(message.wParam, 7u);
+    EXPECT_TRUE(isEnabled(owner.get()));
+}
+
 TEST_F(DialogTest, formShownOverAnother_blocksItAndFreesItWhenItCloses)
 {
     first.showAndRun([&] {

@@ -3,6 +3,7 @@
 #include "platform/error.h"
 #include "platform/unique_any.h"
 #include "platform/variant.h"
+#include "support/fakeObject.h"
 
 #include <gtest/gtest.h>
 
@@ -115,6 +116,19 @@ TEST(variantValue, nothing_isNoObject)
 {
     EXPECT_FALSE(variant().asObject());
     EXPECT_FALSE(variant(static_cast<IDispatch*>(nullptr)).asObject());
+}
+
+TEST(variantValue, objectBehindUnknownOrReference_isFound)
+{
+    const com_ptr<IDispatch> object(test::fakeObject(L"Bar").get());
+    IDispatch* lent = object.get();
+    VARIANT unknown{};
+    unknown.vt = VT_UNKNOWN;
+    unknown.punkVal = object.get();
+    variant behind;
+    VariantCopy(behind.put(), &unknown);
+    EXPECT_EQ(behind.asObject().get(), object.get());
+    EXPECT_EQ(variant::refTo(&lent).asObject().get(), object.get());
 }
 
 struct closing_traits : null_handle<int*> {

@@ -28,7 +28,7 @@ void put(WireCopy<Record>& copy, size_t offset, Value value)
 
 // Each of these checks one field: what is handed over stands at the offset, and what is put there comes back.
 template <class Record>
-void expectNumber(int32_t Record::*field, size_t offset, int32_t preset)
+void expectNumber(int32_t Record::* field, size_t offset, int32_t preset)
 {
     Record record;
     record.*field = 0x01234567;
@@ -40,7 +40,7 @@ void expectNumber(int32_t Record::*field, size_t offset, int32_t preset)
 }
 
 template <class Record>
-void expectFlag(bool Record::*field, size_t offset)
+void expectFlag(bool Record::* field, size_t offset)
 {
     Record record;
     record.*field = true;
@@ -52,7 +52,7 @@ void expectFlag(bool Record::*field, size_t offset)
 }
 
 template <class Record>
-void expectText(std::wstring Record::*field, size_t offset, uint32_t room)
+void expectText(std::wstring Record::* field, size_t offset, uint32_t room)
 {
     Record record;
     record.*field = L"old";
@@ -76,19 +76,19 @@ void PrintTo(const TableRow& row, std::ostream* out)
 }
 
 template <class Record>
-TableRow row(const char* name, int32_t Record::*field, size_t offset, int32_t preset)
+TableRow row(const char* name, int32_t Record::* field, size_t offset, int32_t preset)
 {
     return {name, [=] { expectNumber(field, offset, preset); }};
 }
 
 template <class Record>
-TableRow row(const char* name, bool Record::*field, size_t offset, int32_t)
+TableRow row(const char* name, bool Record::* field, size_t offset, int32_t)
 {
     return {name, [=] { expectFlag(field, offset); }};
 }
 
 template <class Record>
-TableRow row(const char* name, std::wstring Record::*field, size_t offset, int32_t room)
+TableRow row(const char* name, std::wstring Record::* field, size_t offset, int32_t room)
 {
     return {name, [=] { expectText(field, offset, static_cast<uint32_t>(room)); }};
 }

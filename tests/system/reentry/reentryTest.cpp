@@ -55,7 +55,7 @@ TEST_F(ReentryTest, messagesInsideEveryCall_changeNothingInALife)
 TEST_F(ReentryTest, pairThatEndsTheProgram_isNamedAndTheOthersRun)
 {
     const auto wrong = wrongPairs(writePairs("DTE.Events#1 crash\nDTE.Events#1 litter\nNobody.Calls#1 click\n"));
-    EXPECT_THAT(wrong, ElementsAre(StartsWith("DTE.Events#1 crash: CRASH C0000005 in "),
+    EXPECT_THAT(wrong, ElementsAre(StartsWith("DTE.Events#1 crash: CRASH C000001D in "),
                                    "DTE.Events#1 litter: FAIL bars or windows are not as before"));
     EXPECT_EQ(tried, 3);
     EXPECT_EQ(missed, 1);

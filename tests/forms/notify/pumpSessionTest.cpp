@@ -18,6 +18,20 @@ TEST_F(PumpSessionTest, unloadInsideAMessageBox_asksTheBackendNothingMore)
     EXPECT_EQ(backend.counts["RZGetNotification"], 1);
 }
 
+TEST_F(PumpSessionTest, pumpThatEveryoneLetsGoOfInItsTick_livesUntilTheTickIsOver)
+{
+    backend.prompt(L"first", 3, L"");
+    const std::weak_ptr<notificationThreadFrm> ticking = pump;
+    bool wasAlive = false;
+    duringMessage = [&] {
+        end();
+        wasAlive = !ticking.expired();
+    };
+    pump->timerThread_Timer();
+    EXPECT_TRUE(wasAlive);
+    EXPECT_TRUE(ticking.expired());
+}
+
 TEST_F(PumpSessionTest, notificationFetchedWhileTheSessionEndsInThatCall_isNotCarriedOut)
 {
     backend.prompt(L"MINIMIZE_MSWIN", 1);

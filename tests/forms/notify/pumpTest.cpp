@@ -38,6 +38,13 @@ TEST_F(PumpTest, commandWordInOtherCase_isNoCommand)
     EXPECT_EQ(journal, Lines{});
 }
 
+TEST_F(PumpTest, textThatOnlyBeginsAsACommandWord_isNoCommand)
+{
+    backend.prompt(L"RZ_TASK_COMPLETE now", 1, L"");
+    pump->timerThread_Timer();
+    EXPECT_EQ(journal, Lines{});
+}
+
 TEST_F(PumpTest, unknownTextOfType1WithoutButtons_doesNothing)
 {
     backend.prompt(L"hello", 1, L"");

@@ -107,6 +107,7 @@ TEST_F(SourceSafeItemsTest, projectItemAfterALogin_addsTheProjectFile)
 
 TEST_F(SourceSafeItemsTest, projectItemWithALoginThatIsCancelled_addsNothing)
 {
+    logIn(); // as at an earlier use: only the cancelled login keeps the file out
     test::FakeSourceSafe::addDatabase(L"Main", L"C:\\vss");
     answerLogin(frmVSSLogin::cmdCancel);
     view.clickMenuItem(scmPropsMnuItem);

@@ -30,6 +30,9 @@ ToolPane::ToolPane(HWND parent, std::wstring caption)
       m_caption(std::move(caption)), m_container(LoadLibraryW(L"atl.dll"))
 {
     throwLastErrorUnless(static_cast<bool>(m_container));
+    // Its window classes stay registered, so it must stay, too: loaded again it may stand elsewhere.
+    HMODULE kept = nullptr;
+    throwLastErrorUnless(GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN, L"atl.dll", &kept) != FALSE);
     entry<BOOL(WINAPI*)()>(m_container, "AtlAxWinInit")();
     const DWORD style = parent ? WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN : WS_POPUP | WS_CLIPCHILDREN;
     create({parent, style, 0, 0, 0, 400, 300, m_caption.c_str()});

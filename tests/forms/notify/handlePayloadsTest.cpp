@@ -66,6 +66,25 @@ TEST_F(PayloadsTest, commandTypeNine_isAddedWithAdoTypeZero)
     EXPECT_EQ(journal.back(), L"AddADOCommand(0, p, K, C1, DE1, P)");
 }
 
+struct CommandType {
+    int32_t toolType;
+    int32_t adoType;
+};
+class CommandTypeTest : public PayloadsTest, public testing::WithParamInterface<CommandType> {};
+
+TEST_P(CommandTypeTest, commandType_goesOnAsThatOfAdo)
+{
+    backend.commandDEs[73] = {.lCommandType = GetParam().toolType};
+    backend.notify(10, 1, 2, 8, 73);
+    pump->timerThread_Timer();
+    EXPECT_EQ(journal.back(), L"AddADOCommand(" + std::to_wstring(GetParam().adoType) + L", , , , , )");
+}
+
+INSTANTIATE_TEST_SUITE_P(Types, CommandTypeTest,
+                         testing::Values(CommandType{1, 4}, CommandType{2, 1}, CommandType{3, 2}, CommandType{4, 512},
+                                         CommandType{5, 128}, CommandType{6, 256}, CommandType{7, 8}, CommandType{0, 0},
+                                         CommandType{8, 0}, CommandType{-1, 0}));
+
 struct PayloadFailure {
     int32_t type;
     int32_t text;

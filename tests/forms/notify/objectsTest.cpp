@@ -1,3 +1,4 @@
+#include "backend/calls.h"
 #include "forms/serverview/viewFixture.h"
 #include "notify/notificationThreadFrm.h"
 #include "support/fakeManager.h"
@@ -312,6 +313,21 @@ TEST_P(EnumerationTest, enumerationThatCannotBegin_isEndedAllTheSame)
 INSTANTIATE_TEST_SUITE_P(EveryKind, EnumerationTest,
                          testing::Values(Kind{8, L"K20", "", L""}, Kind{10, L"K21", "", L""}, Kind{12, L"K22", "", L""},
                                          Kind{14, L"K23", "", L""}, Kind{16, L"K24", "", L""}));
+
+TEST_F(ObjectsTest, contentsThatCannotBeAskedFor_areToldToNobodyAndTheFolderLooksPlain)
+{
+    select(L"K20");
+    setFolderFiltered(L"K20", true);
+    const auto fetch = backend.on.RZGetNotification;
+    backend.on.RZGetNotification = [fetch](auto* record, int16_t* more) {
+        RZTerminate(); // from now on the bridge refuses whatever is asked
+        return fetch(record, more);
+    };
+    tell(contents, 7, 20);
+    EXPECT_EQ(backend.calls, Calls{"RZTerminate()"});
+    EXPECT_EQ(messages, Lines{});
+    EXPECT_EQ(imageOf(L"K20"), L"RZFolder");
+}
 
 TEST_F(ObjectsTest, folderSelectedWhileAnotherIsFilled_getsNoneOfItsRows)
 {

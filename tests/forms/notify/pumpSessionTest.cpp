@@ -32,6 +32,15 @@ TEST_F(PumpSessionTest, pumpThatEveryoneLetsGoOfInItsTick_livesUntilTheTickIsOve
     EXPECT_TRUE(ticking.expired());
 }
 
+TEST_F(PumpSessionTest, unloadedPump_letsItsManagerGoAlsoWhereSomebodyHoldsIt)
+{
+    const auto references = [this] { return manager->AddRef() + manager->Release(); };
+    const ULONG before = references();
+    const auto held = pump;
+    end();
+    EXPECT_LT(references(), before);
+}
+
 TEST_F(PumpSessionTest, notificationFetchedWhileTheSessionEndsInThatCall_isNotCarriedOut)
 {
     backend.prompt(L"MINIMIZE_MSWIN", 1);

@@ -192,6 +192,16 @@ TEST_F(PumpTest, initComplete_showsItsTextBeforeTheProjectIsOpened)
     EXPECT_STREQ(shown.c_str(), L"Opening");
 }
 
+TEST_F(PumpTest, addedProject_showsItsTextBeforeTheView)
+{
+    std::wstring shown(64, L'\0');
+    manager->onShowDevView = [&] { GetWindowTextW(splashScreen().statusLbl(), shown.data(), 64); };
+    backend.projects[5] = {.strName = L"orders"};
+    backend.notify(8, 5, 0, 5, 5);
+    pump->timerThread_Timer();
+    EXPECT_STREQ(shown.c_str(), L"Done");
+}
+
 TEST_F(PumpTest, splashScreenHiddenWhileTheViewIsShown_isMadeVisibleASecondTime)
 {
     HWND splash = nullptr;

@@ -85,6 +85,15 @@ TEST_F(SendKeysTest, heldKeys_areUpAgainAfterwards)
     EXPECT_EQ(text(), L"b");
 }
 
+TEST_F(SendKeysTest, hostThatEndsDuringTheWait_hearsOfItInItsOwnLoop)
+{
+    PostQuitMessage(7);
+    sendKeys(L"a", true);
+    MSG message{};
+    EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    EXPECT_EQ(message.wParam, 7u);
+}
+
 TEST_F(SendKeysTest, withoutWaiting_theKeysComeLater)
 {
     sendKeys(L"q", false);

@@ -30,6 +30,17 @@ TEST_F(MessageBoxTest, nothingOpen_theBoxBelongsToTheMainWindow)
     EXPECT_EQ(boxOwner(), mainWindow.get());
 }
 
+TEST_F(MessageBoxTest, mainWindowThatIsGone_ownsNothing)
+{
+    unique_window gone(
+        CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW, 0, 0, 100, 100, nullptr, nullptr, nullptr, nullptr));
+    const HWND old = gone.get();
+    setMainWindow(old);
+    EXPECT_EQ(dialogOwner(), old);
+    gone.reset();
+    EXPECT_NE(dialogOwner(), old);
+}
+
 TEST_F(MessageBoxTest, dialogShown_theBoxBelongsToItUntilItCloses)
 {
     first.showAndRun([&] {

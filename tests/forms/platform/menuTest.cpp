@@ -39,7 +39,9 @@ private:
         for (int place = 0; place < GetMenuItemCount(menu); ++place) {
             wchar_t caption[64] = L"-";
             GetMenuStringW(menu, static_cast<UINT>(place), caption, 64, MF_BYPOSITION);
-            const bool isGrayed = (GetMenuState(menu, static_cast<UINT>(place), MF_BYPOSITION) & MF_GRAYED) != 0;
+            // A separator cannot be chosen, and some systems say so.
+            const UINT state = GetMenuState(menu, static_cast<UINT>(place), MF_BYPOSITION);
+            const bool isGrayed = (state & MF_GRAYED) != 0 && (state & MF_SEPARATOR) == 0;
             seen().push_back(indent + caption + (isGrayed ? L" (gray)" : L""));
             if (const HMENU submenu = GetSubMenu(menu, place))
                 note(submenu, L"> ");

@@ -26,6 +26,7 @@ constexpr const char* connected[] = {
     "CommandBar \"Add-Ins\".Controls.Add(1) -> CommandBarButton \"\"",
     "CommandBarButton \"\".Caption = \"Rozel Development\"",
     "CommandBarButton \"Rozel Development\".OnAction = \"velkviadd.Connect\"",
+    "CommandBarButton \"Rozel Development\".Picture unknown",
     "CommandBarButton \"Rozel Development\".PasteFace",
     "DTE.Events -> Events",
     "Events.CommandBarEvents(CommandBarButton \"Rozel Development\") -> CommandBarEvents",
@@ -79,14 +80,24 @@ std::string button(const ButtonRow& row)
     return "CommandBarButton \"" + std::string(row.caption) + "\"";
 }
 
+std::vector<std::string> joined(std::initializer_list<std::vector<std::string>> parts)
+{
+    std::vector<std::string> all;
+    for (const auto& part : parts)
+        all.insert(all.end(), part.begin(), part.end());
+    return all;
+}
+
 // How one entry comes into being on a bar: added, dressed, listened to.
 Journal added(const ButtonRow& row, const std::string& bar, const std::string& controls, const std::string& arguments)
 {
     Journal lines{bar + ".Controls -> " + controls, controls + ".Add(" + arguments + ") -> CommandBarButton \"\"",
                   "CommandBarButton \"\".Caption = \"" + std::string(row.caption) + "\""};
+    // The IDE's buttons have no pictures of their own, so faces go by the clipboard.
     if (row.hasFace)
-        lines.push_back(button(row) + ".PasteFace");
+        lines = joined({lines, {button(row) + ".Picture unknown", button(row) + ".PasteFace"}});
     lines.push_back(button(row) + ".OnAction = \"" + row.action + "\"");
+    lines.push_back(button(row) + ".Tag = \"velkviadd\"");
     lines.push_back("DTE.Events -> Events");
     lines.push_back("Events.CommandBarEvents(" + button(row) + ") -> CommandBarEvents");
     lines.push_back(button(row) + " click connected");
@@ -114,17 +125,9 @@ Journal removed(std::span<const ButtonRow> rows)
     Journal lines;
     for (size_t left = rows.size(); left > 0; --left) {
         lines.push_back(button(rows[left - 1]) + " click disconnected");
-        lines.push_back(button(rows[left - 1]) + ".Delete");
+        lines.push_back(button(rows[left - 1]) + ".Delete(True)");
     }
     return lines;
-}
-
-std::vector<std::string> joined(std::initializer_list<std::vector<std::string>> parts)
-{
-    std::vector<std::string> all;
-    for (const auto& part : parts)
-        all.insert(all.end(), part.begin(), part.end());
-    return all;
 }
 
 template <size_t size>
@@ -205,7 +208,7 @@ TEST_F(JournalsTest, startAndEnd_sayExactlyThisToTheIde)
                      removed(helpRows),
                      removed(toolRows),
                      removed(viewRows),
-                     {"CommandBarPopup \"Views\".Delete", "CommandBarPopup \"Rozel\".Delete"},
+                     {"CommandBarPopup \"Views\".Delete(True)", "CommandBarPopup \"Rozel\".Delete(True)"},
                      removed(toolbarRows),
                      {"CommandBar \"Rozel\".Delete", "CommandBarButton \"Rozel Development\" click disconnected"}})));
 }

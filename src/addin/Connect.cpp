@@ -43,7 +43,7 @@ public:
     UnderWay& operator=(const UnderWay&) = delete;
     ~UnderWay()
     {
-        if (--m_connect.m_underWay == 0 && m_connect.m_session.state() == SessionState::ending)
+        if (--m_connect.m_underWay == 0 && m_connect.m_isLeaving)
             m_connect.takeDown();
     }
 
@@ -59,7 +59,7 @@ Connect::~Connect()
 
 HRESULT Connect::OnConnection(IDispatch* Application, ext_ConnectMode, IDispatch* AddInInst, SAFEARRAY**) noexcept
 {
-    if (m_session.state() == SessionState::ending)
+    if (m_isLeaving)
         return E_UNEXPECTED; // its own end is still on the stack
     if (m_manager || m_underWay != 0)
         return S_OK; // connected already: some hosts say so twice
@@ -84,8 +84,8 @@ HRESULT Connect::OnAddInsUpdate(SAFEARRAY**) noexcept
 
 HRESULT Connect::OnStartupComplete(SAFEARRAY**) noexcept
 {
-    // The bar of the entry may not be there yet when the IDE connects its add-ins at its start.
-    if (!m_manager || m_menuEntry || m_underWay != 0 || m_session.isOver())
+    // The bar of the entry, or what tells of its clicks, may not be there yet when the IDE connects its add-ins.
+    if (!m_manager || m_isListening || m_underWay != 0 || m_isLeaving)
         return S_OK;
     swallow(L"Connect.OnStartupComplete", L"the add-in stays loaded without its entry", [this] {
         const UnderWay underWay(*this);
@@ -117,19 +117,27 @@ void Connect::AddinInstance_OnConnection(IDispatch* application, IDispatch* addi
 
 void Connect::buildEntry()
 {
-    const std::wstring caption = getRZString(entryCaptionText);
-    m_session.throwIfOver();
-    m_menuEntry = addEntry(caption);
-    m_session.throwIfOver();
-    if (!m_menuEntry)
-        return; // an IDE without that bar: nothing to click
+    if (!m_menuEntry) {
+        const std::wstring caption = getRZString(entryCaptionText);
+        m_session.throwIfOver();
+        m_menuEntry = addEntry(caption);
+        m_session.throwIfOver();
+    }
+    if (m_menuEntry) // else an IDE without that bar: nothing to click
+        listen();
+}
+
+void Connect::listen()
+{
     const com_ptr<IDispatch> events = automation::getObject(m_ide, L"Events");
+    m_session.throwIfOver();
     const com_ptr<IDispatch> source = automation::getObject(events, L"CommandBarEvents", {variant(m_menuEntry)});
     m_session.throwIfOver();
     MenuHandler.connect(source, clickEvent, [this](const click_event& click) {
         if (!click.isHandled)
             MenuHandler_Click();
     });
+    m_isListening = true;
 }
 
 HRESULT Connect::AddToAddInCommandBar(BSTR* sCaption, CommandBarControl** control) noexcept
@@ -165,7 +173,7 @@ void Connect::fillEntry(const com_ptr<IDispatch>& entry, std::wstring_view capti
     m_session.throwIfOver();
     automation::put(entry, L"OnAction", variant(entryAction));
     m_session.throwIfOver();
-    EntryFaces().paste(entry, entryFace);
+    EntryFaces(m_session).paste(entry, entryFace);
 }
 
 void Connect::MenuHandler_Click()
@@ -187,9 +195,12 @@ bool Connect::mayStart()
     if (!m_ide)
         return false;
     const com_ptr<IDispatch> solution = automation::getObject(m_ide, L"Solution");
+    m_session.throwIfOver();
     if (!solution)
         return true; // nothing to count: an IDE without solutions is not one without an open project
-    return automation::get(automation::getObject(m_ide, L"Solution"), L"Count").asLong() != 0;
+    const com_ptr<IDispatch> again = automation::getObject(m_ide, L"Solution");
+    m_session.throwIfOver();
+    return automation::get(again, L"Count").asLong() != 0;
 }
 
 void Connect::endStart(SessionState state) noexcept
@@ -228,12 +239,13 @@ std::optional<std::wstring> Connect::start()
 
 void Connect::AddinInstance_OnDisconnection() noexcept
 {
-    if (m_session.isOver())
-        return; // it is under way, or was
-    const bool wasConnected = m_manager || m_ide || m_underWay != 0;
-    m_session.enter(wasConnected ? SessionState::ending : SessionState::ended);
-    if (!wasConnected)
-        return;
+    const bool isConnected = m_manager || m_ide || m_underWay != 0;
+    if (m_isLeaving || !isConnected)
+        return; // it is under way, or was, or there is nothing to end
+    // Whoever has the manager may have ended the session already; what the add-in has in the IDE goes all the same.
+    m_isLeaving = true;
+    if (!m_session.isOver())
+        m_session.enter(SessionState::ending);
     if (m_underWay == 0)
         takeDown();
 }
@@ -247,7 +259,8 @@ void Connect::takeDown() noexcept
             automation::call(m_menuEntry, L"Delete");
     });
     if (m_manager) {
-        // Both do nothing where nothing was started.
+        // All of them do nothing where nothing was started.
+        m_manager->beginEnd();
         swallow(where, why, [this] { m_manager->close(); });
         swallow(where, why, [this] { m_manager->removeUserInterface(); });
     }
@@ -257,6 +270,8 @@ void Connect::takeDown() noexcept
     m_addin.reset();
     m_ide.reset();
     m_session.enter(SessionState::ended);
+    m_isListening = false;
+    m_isLeaving = false;
     endTrace();
 }
 

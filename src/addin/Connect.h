@@ -41,6 +41,7 @@ private:
     void AddinInstance_OnDisconnection() noexcept;
     void takeDown() noexcept;
     void buildEntry();
+    void listen();
     void MenuHandler_Click();
     std::optional<std::wstring> start();
     bool mayStart();
@@ -49,7 +50,9 @@ private:
     void fillEntry(const com_ptr<IDispatch>& entry, std::wstring_view caption);
 
     Session m_session;
-    int m_underWay = 0; // connections and starts that are on the stack
+    int m_underWay = 0;         // connections and starts that are on the stack
+    bool m_isLeaving = false;   // disconnected, and not taken down yet
+    bool m_isListening = false; // to the entry's clicks
     com_ptr<IDispatch> m_ide;
     com_ptr<IDispatch> m_addin;
     com_ptr<IMgrVI> m_manager;

@@ -30,6 +30,9 @@ constexpr int32_t builtText = 642;
 
 constexpr int32_t modeOpenProject = 2;
 
+// The manager that has the tool's session, of which there is one in a process. Null when none has.
+IMgrVI* sessionOwner = nullptr;
+
 // Takes a window out of the frame that it is docked in.
 void undock(const com_ptr<IDispatch>& window)
 {
@@ -47,26 +50,39 @@ com_ptr<IDispatch> createWith(const com_ptr<IDispatch>& windows, const com_ptr<I
         .asObject();
 }
 
-// The tool window and its document. Hosts that declare the document as a plain variable take no reference to an object,
-// others take one and leave it empty: then the other form is tried, and at last the window is asked for what it hosts.
-ServerViewWindow createToolWindow(const com_ptr<IDispatch>& windows, const com_ptr<IDispatch>& addin,
-                                  const std::wstring& caption)
+// What a window says that it hosts; nothing where it does not say.
+com_ptr<IDispatch> documentOf(const com_ptr<IDispatch>& window)
 {
+    com_ptr<IDispatch> document;
+    if (automation::hasMember(window.get(), L"Object"))
+        swallow(L"IMgrVI.makeToolWindow", L"the document may still come in the other form",
+                [&] { document = automation::getObject(window, L"Object"); });
+    return document;
+}
+
+// The tool window and its document. Hosts that declare the document as a plain variable take no reference to an object,
+// others take one and leave it empty: then the window is asked for what it hosts, and the other form is tried.
+ServerViewWindow createToolWindow(const com_ptr<IDispatch>& windows, const com_ptr<IDispatch>& addin,
+                                  const std::wstring& caption, const Session& session)
+{
+    constexpr wchar_t where[] = L"IMgrVI.makeToolWindow";
     ServerViewWindow made;
     const auto failure =
         attempt([&] { made.window = createWith(windows, addin, caption, variant::refTo(made.document.put())); });
     if (failure && failure->number() != errorTypeMismatch)
         throw *failure;
-    if (made.document)
+    if (!made.document)
+        made.document = documentOf(made.window);
+    if (made.document || session.isOver())
         return made;
     if (made.window)
-        swallow(L"IMgrVI.makeToolWindow", L"the second form may find the same window",
-                [&] { automation::call(made.window, L"Close"); });
+        swallow(where, L"the second form may find the same window", [&] { automation::call(made.window, L"Close"); });
+    session.throwIfOver();
     variant received;
     made.window = createWith(windows, addin, caption, variant::refTo(received.put()));
     made.document = received.asObject();
-    if (!made.document && automation::hasMember(made.window.get(), L"Object"))
-        made.document = automation::getObject(made.window, L"Object");
+    if (!made.document)
+        made.document = documentOf(made.window);
     return made;
 }
 
@@ -120,8 +136,21 @@ std::wstring IMgrVI::solutionFullName()
     return isNamed ? automation::get(solution, L"FullName").asText() : std::wstring();
 }
 
+IMgrVI::~IMgrVI()
+{
+    if (sessionOwner == this)
+        sessionOwner = nullptr;
+}
+
+void IMgrVI::throwIfOthersSession() const
+{
+    if (sessionOwner && sessionOwner != this)
+        throw Error(errorPermissionDenied, L"the tool has a session already");
+}
+
 void IMgrVI::open()
 {
+    throwIfOthersSession();
     const bool hadWindow = static_cast<bool>(serverViewWindow().window);
     m_hasWindows = true;
     const auto failure = attempt([this] { openSession(); });
@@ -143,6 +172,8 @@ void IMgrVI::openSession()
     backendAddress(BackendFunction::RZTerminate);
     std::wstring file = m_rzFileName;
     std::wstring empty;
+    throwIfOthersSession();
+    sessionOwner = this;
     RZInitialize(m_ideType, file, empty);
     m_isOpen = true;
     m_session.throwIfOver();
@@ -177,8 +208,18 @@ HRESULT IMgrVI::closeRZCommunication() noexcept
     });
 }
 
+void IMgrVI::beginEnd() noexcept
+{
+    if (!m_session.isOver())
+        m_session.enter(SessionState::ending);
+}
+
 void IMgrVI::close()
 {
+    const scope_exit free([this] {
+        if (sessionOwner == this)
+            sessionOwner = nullptr;
+    });
     // The pump goes first: after RZTerminate nothing may be asked of the Backend.
     if (const auto pump = std::exchange(m_pump, nullptr))
         pump->unload();
@@ -197,11 +238,22 @@ HRESULT IMgrVI::createRZUI() noexcept
 void IMgrVI::buildUserInterface()
 {
     constexpr wchar_t why[] = L"the IDE keeps the entries that could be made";
+    m_session.throwIfOver();
+    throwIfOthersSession();
+    if (std::exchange(m_isBuilding, true))
+        throw Error(errorInvalidCall); // from inside one of its own calls
+    const scope_exit built([this] { m_isBuilding = false; });
     m_hasWindows = true;
+    m_wasShown = false;
+    // A building that fails leaves no splash screen: no later step would take it away.
+    scope_exit gone([] { unloadSplashScreen(); });
     splashScreen().setProgressBarInterval(splashSteps);
-    m_bars = std::make_unique<RZCommandBars>(m_instance, m_session);
+    if (m_wasShown)
+        unloadSplashScreen(); // made after the project was shown, in the call for its own text
+    const auto bars = std::make_shared<RZCommandBars>(m_instance, m_session);
+    m_bars = bars;
     const auto build = [&](void (RZCommandBars::*group)()) {
-        swallow(L"IMgrVI.createRZUI", why, [&] { (*m_bars.*group)(); });
+        swallow(L"IMgrVI.createRZUI", why, [&] { (*bars.*group)(); });
         m_session.throwIfOver();
     };
     announce(barsText);
@@ -213,6 +265,7 @@ void IMgrVI::buildUserInterface()
     ensureToolWindow();
     m_session.throwIfOver();
     announce(builtText);
+    gone.release();
 }
 
 void IMgrVI::announce(int32_t text)
@@ -259,12 +312,23 @@ void IMgrVI::makeToolWindow()
     const com_ptr<IDispatch> windows = automation::getObject(m_instance, L"Windows");
     const std::wstring caption = getRZString(toolWindowCaption);
     m_session.throwIfOver();
-    serverViewWindow() = createToolWindow(windows, m_addin, caption);
+    serverViewWindow() = createToolWindow(windows, m_addin, caption, m_session);
     serverViewWindow().session = m_session;
     // An end that was carried out inside the call could not know of the window yet.
     if (m_session.state() == SessionState::ended)
         removeToolWindow();
     m_session.throwIfOver();
+    const auto failure = attempt([this] { handDocumentOver(); });
+    if (!failure)
+        return;
+    // A document without its set-up would pass for a view; the next request makes another one.
+    if (!m_session.isOver())
+        removeToolWindow();
+    throw *failure;
+}
+
+void IMgrVI::handDocumentOver()
+{
     const com_ptr<IDispatch> document = serverViewWindow().document;
     automation::putRef(document, L"IMgr", com_ptr<_IntegrationMgr>(this).tryAs<IDispatch>(IID__IntegrationMgr));
     m_session.throwIfOver();

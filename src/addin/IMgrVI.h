@@ -18,6 +18,7 @@ namespace velk {
 // what the rest of the add-in asks of the IDE. Requests about the project model are handed on to the model.
 class IMgrVI : public ComObject<IMgrVI, dual<_IMgrVI>, dual<_IntegrationMgr>> {
 public:
+    ~IMgrVI() override;
     // _IMgrVI
     STDMETHODIMP setupIM(IDispatch* myApp, IDispatch* myaddin) noexcept override;
     STDMETHODIMP openRZCommunication() noexcept override;
@@ -44,14 +45,18 @@ public:
     // it ends inside a call, the verb stops with Error 5 and leaves what there is to close and removeUserInterface.
     void workIn(Session session) { m_session = std::move(session); }
     void setUp(IDispatch* app, IDispatch* addin);
-    // A communication that fails to open leaves nothing that was not there before.
+    // A communication that fails to open leaves nothing that was not there before. The tool has one session in a
+    // process: error 70 while another manager has it.
     void open();
+    void beginEnd() noexcept; // of whatever session it works in
     void close();
     void buildUserInterface();
     void removeUserInterface() noexcept;
 
 private:
     void openSession();
+    void throwIfOthersSession() const;
+    void handDocumentOver();
     void undoOpen(const Error& failure, bool madeWindow) noexcept;
     std::wstring solutionFullName();
     com_ptr<IDispatch> ensureToolWindow();
@@ -64,13 +69,15 @@ private:
     IdeWindow m_mainWindow;
     com_ptr<ModelUtilVI> m_model;
     std::shared_ptr<notificationThreadFrm> m_pump;
-    std::unique_ptr<RZCommandBars> m_bars;
+    std::shared_ptr<RZCommandBars> m_bars; // shared with the step that is under way
     std::wstring m_rzFileName;
     int32_t m_ideType = 0;
     Session m_session;
     bool m_isOpen = false;         // the tool has a session of ours
     bool m_hasWindows = false;     // there is something of ours on the screen, or was about to be
     bool m_isMakingWindow = false; // the IDE is making the tool window
+    bool m_isBuilding = false;     // the entries are being built
+    bool m_wasShown = false;       // a project was shown since the building began
 };
 
 } // namespace velk

@@ -21,12 +21,15 @@ HRESULT passOn(const com_ptr<ModelUtilVI>& model, const wchar_t* where, auto&& r
 HRESULT IMgrVI::showDevView() noexcept
 {
     return atBoundary(L"IMgrVI.showDevView", [this] {
+        m_wasShown = true;
         const com_ptr<IDispatch> window = ensureToolWindow();
         m_session.throwIfOver();
+        if (!window)
+            return; // the IDE is just making it, and shows it then
         automation::put(window, L"Visible", variant(true));
         m_session.throwIfOver();
-        if (m_bars)
-            m_bars->showViews();
+        if (const std::shared_ptr<RZCommandBars> bars = m_bars)
+            bars->showViews();
     });
 }
 

@@ -44,7 +44,7 @@ private:
     _IntegrationMgr& manager() const;
     void check(HRESULT result) const;
     com_ptr<_IntegrationMgr> m_object;
-    Session m_session;
+    Session m_session = Session::none();
 };
 
 } // namespace velk

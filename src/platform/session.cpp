@@ -1,8 +1,15 @@
 #include "platform/session.h"
 
 #include "platform/error.h"
+#include "platform/never_destroyed.h"
 
 namespace velk {
+
+Session Session::none() noexcept
+{
+    static never_destroyed<std::shared_ptr<Life>> endless(std::make_shared<Life>());
+    return Session(endless.get());
+}
 
 bool Session::isOver() const noexcept
 {

@@ -7,14 +7,17 @@ namespace velk {
 // How far a session has come. It only goes forwards; a start that comes to nothing leads back to loaded.
 enum class SessionState { loaded, starting, running, ending, ended };
 
-// The one answer to "is it over?". A value: its copies speak of the same session. The host may end a session inside any
-// call that leaves the house (its own objects, the tool's library, a message box), so whoever holds one looks at it
-// after each such call, before it goes on.
+// The answer to "is the add-in's session over?". A value: its copies speak of the same session. The host may end a
+// session inside any call that leaves the house (its own objects, the tool's library, a message box), so whoever holds
+// one looks at it after each such call, before it goes on.
 class Session {
 public:
     Session() : m_life(std::make_shared<Life>()) {}
     Session(const Session&) = default; // and so for moves: none may be left without a life
     Session& operator=(const Session&) = default;
+
+    // One that never ends, for what belongs to none. Unlike a new session it takes no memory.
+    static Session none() noexcept;
 
     SessionState state() const noexcept { return m_life->state; }
     // Whether the end has begun, of this session or of the one that it is a part of.
@@ -33,6 +36,7 @@ private:
         SessionState state = SessionState::loaded;
         std::shared_ptr<const Life> whole;
     };
+    explicit Session(std::shared_ptr<Life> life) noexcept : m_life(std::move(life)) {}
     std::shared_ptr<Life> m_life; // never null
 };
 

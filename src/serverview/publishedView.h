@@ -13,7 +13,7 @@ struct PublishedView {
     DetailsList* serverDetailsView = nullptr;
     const image_list* ImageList1 = nullptr;
     IntegrationMgr IMgr;
-    Session life; // over with the control at the latest
+    Session life = Session::none(); // over with the control at the latest
 };
 PublishedView& publishedView();
 

@@ -16,7 +16,7 @@ namespace velk {
 struct ServerViewWindow {
     com_ptr<IDispatch> window;
     com_ptr<IDispatch> document;
-    Session session{}; // that they were made for
+    Session session = Session::none(); // that they were made for
 };
 ServerViewWindow& serverViewWindow();
 

@@ -253,6 +253,41 @@ TEST_F(ConnectSessionTest, ideThatFailsToTellItsSolution_isToldAndTheEntryStays)
     EXPECT_EQ(backend.calls.size(), 1u);
 }
 
+TEST_F(ConnectSessionTest, sessionThatAScriptClosed_isTakenDownAllTheSame)
+{
+    start();
+    const auto manager = documentsManager().tryAs<_IMgrVI>();
+    ASSERT_TRUE(manager);
+    manager->closeRZCommunication();
+    disconnect();
+    EXPECT_TRUE(journalHas(L"Entry.Delete()"));
+    EXPECT_TRUE(journalHas(L"ToolWindow.Close()"));
+    EXPECT_EQ(timesCalled("RZTerminate()"), 1);
+    expectNothingLeft();
+}
+
+TEST_F(ConnectSessionTest, sessionThatAScriptOpenedAgain_isEnded)
+{
+    start();
+    const auto manager = documentsManager().tryAs<_IMgrVI>();
+    manager->closeRZCommunication();
+    manager->openRZCommunication();
+    disconnect();
+    EXPECT_EQ(timesCalled("RZTerminate()"), 2);
+    expectNothingLeft();
+}
+
+TEST_F(ConnectSessionTest, entryThatCouldNotBeListenedTo_isWhenTheStartupIsComplete)
+{
+    ide.dte->failing(L"Events", Error(errorPermissionDenied));
+    load();
+    EXPECT_FALSE(ide.entryEvents->isConnected());
+    ide.dte->mend(L"Events");
+    connect->OnStartupComplete(nullptr);
+    EXPECT_TRUE(ide.entryEvents->isConnected());
+    EXPECT_EQ(std::count(ide.journal.begin(), ide.journal.end(), L"Controls.Add(1)"), 1);
+}
+
 TEST_F(ConnectSessionTest, failedStart_isReportedOnce)
 {
     load();

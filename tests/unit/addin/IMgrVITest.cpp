@@ -184,11 +184,12 @@ TEST_F(EmptyDocumentTest, otherForm_isTriedAndTheFirstWindowClosed)
     EXPECT_EQ(timesInJournal(L"ToolWindow.Close()"), 1);
 }
 
-TEST_F(EmptyDocumentTest, windowsOwnDocument_isTakenAtLast)
+TEST_F(EmptyDocumentTest, windowsOwnDocument_isTaken)
 {
     ide.toolWindow->value(L"Object", test::asVariant(ide.document));
     EXPECT_EQ(manager->openRZCommunication(), S_OK);
     EXPECT_EQ(timesInJournal(L"Document.setupGUI()"), 1);
+    EXPECT_EQ(timesInJournal(L"ToolWindow.Close()"), 0);
 }
 
 TEST_F(EmptyDocumentTest, hostWithoutAnyDocument_failsWithError91AndKeepsNoWindow)
@@ -235,6 +236,60 @@ TEST_F(IMgrVITest, secondManagersFailedStart_leavesTheRunningSessionAlone)
     EXPECT_TRUE(isSplashScreenLoaded());
     EXPECT_TRUE(GetModuleHandleW(L"velkvsadd.dll"));
     EXPECT_EQ(backend.calls.size(), 1u);
+}
+
+TEST_F(IMgrVITest, secondManager_getsNoSessionBesideTheRunningOne)
+{
+    manager->openRZCommunication();
+    manager->createRZUI();
+    const com_ptr<IMgrVI> second = makeObject<IMgrVI>();
+    second->setupIM(ide.dte.get(), ide.addin.get());
+    EXPECT_EQ(Error::fromResult(second->openRZCommunication()).number(), errorPermissionDenied);
+    EXPECT_FALSE(SUCCEEDED(second->createRZUI()));
+    second->closeRZCommunication();
+    second->deleteRZUI();
+    EXPECT_EQ(backend.calls.size(), 1u);
+    EXPECT_TRUE(isSplashScreenLoaded());
+    EXPECT_EQ(timesInJournal(L"ToolWindow.Close()"), 0);
+}
+
+TEST_F(IMgrVITest, secondManagerAfterTheEndOfTheFirst_getsASession)
+{
+    manager->openRZCommunication();
+    manager->closeRZCommunication();
+    const com_ptr<IMgrVI> second = makeObject<IMgrVI>();
+    second->setupIM(ide.dte.get(), ide.addin.get());
+    EXPECT_EQ(second->openRZCommunication(), S_OK);
+    second->closeRZCommunication();
+    second->deleteRZUI();
+}
+
+TEST_F(IMgrVITest, deletionInsideTheBuilding_isHarmless)
+{
+    ide.bars->function(L"Add", [this](const auto&) {
+        manager->deleteRZUI();
+        EXPECT_FALSE(SUCCEEDED(manager->createRZUI()));
+        return test::asVariant(ide.bar);
+    });
+    manager->createRZUI();
+    EXPECT_EQ(timesInJournal(L"CommandBars.Add(\"\", 1, False, True)"), 1);
+}
+
+TEST_F(IMgrVITest, buildingAfterTheEnd_showsNoSplashScreen)
+{
+    manager->openRZCommunication();
+    manager->closeRZCommunication();
+    EXPECT_FALSE(SUCCEEDED(manager->createRZUI()));
+    EXPECT_FALSE(isSplashScreenLoaded());
+}
+
+TEST_F(IMgrVITest, documentWhoseSetUpFails_isClosedAndMadeAnew)
+{
+    ide.document->failing(L"setupGUI", Error(errorPermissionDenied));
+    EXPECT_FALSE(SUCCEEDED(manager->openRZCommunication()));
+    EXPECT_EQ(timesInJournal(L"ToolWindow.Close()"), 1);
+    ide.document->mend(L"setupGUI");
+    EXPECT_EQ(manager->openRZCommunication(), S_OK);
 }
 
 TEST_F(IMgrVITest, openingTwice_opensOneSession)

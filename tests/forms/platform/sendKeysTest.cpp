@@ -92,6 +92,8 @@ TEST_F(SendKeysTest, hostThatEndsDuringTheWait_hearsOfItInItsOwnLoop)
     MSG message{};
     EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
     EXPECT_EQ(message.wParam, 7u);
+    sendKeys(L"b", true);
+    EXPECT_EQ(text(), L"ab");
 }
 
 TEST_F(SendKeysTest, withoutWaiting_theKeysComeLater)

@@ -42,7 +42,7 @@ bool isTrue(const variant& value) noexcept
 // Answers to whatever event interface the source was found to have.
 class Sink : public ComObject<Sink, IDispatch> {
 public:
-    Sink(REFIID iid, DISPID event, event_connection::Handler handler)
+    Sink(REFIID iid, DISPID event, std::weak_ptr<const event_connection::Handler> handler)
         : m_iid(iid), m_event(event), m_handler(std::move(handler))
     {
     }
@@ -67,8 +67,12 @@ public:
             return S_OK;
         // The handler may disconnect and so drop the last other reference to this sink, which holds it.
         const com_ptr<IUnknown> untilDone(identity());
+        // A source that raises an event for all that listened when it began reaches those that left meanwhile, too.
+        const auto handler = m_handler.lock();
+        if (!handler)
+            return S_OK;
         swallow(L"event sink", L"a host must not hear of our failures", [&] {
-            m_handler(
+            (*handler)(
                 {argumentOf(arguments, controlArgument).asObject(), isTrue(argumentOf(arguments, handledArgument))});
         });
         return S_OK;
@@ -77,7 +81,7 @@ public:
 private:
     const IID m_iid;
     const DISPID m_event;
-    const event_connection::Handler m_handler;
+    const std::weak_ptr<const event_connection::Handler> m_handler; // gone with the connection
 };
 
 com_ptr<IConnectionPoint> findPoint(IConnectionPointContainer* container, IUnknown* source)
@@ -110,15 +114,18 @@ void event_connection::connect(const com_ptr<IDispatch>& source, DISPID event, H
     const com_ptr<IConnectionPoint> point = findPoint(container.get(), source.get());
     IID iid{};
     throwIfFailed(point->GetConnectionInterface(&iid));
-    const com_ptr<Sink> sink = makeObject<Sink>(iid, event, std::move(handler));
+    auto shared = std::make_shared<const Handler>(std::move(handler));
+    const com_ptr<Sink> sink = makeObject<Sink>(iid, event, shared);
     throwIfFailed(point->Advise(sink.get()->identity(), &m_cookie));
     m_point = point;
+    m_handler = std::move(shared);
     // The host raises events only as long as somebody holds the source.
     m_source = source;
 }
 
 void event_connection::disconnect() noexcept
 {
+    m_handler.reset(); // first: the source may refuse to forget the sink
     if (const com_ptr<IConnectionPoint> point = std::move(m_point))
         point->Unadvise(std::exchange(m_cookie, 0));
     m_source.reset();

@@ -3,6 +3,7 @@
 #include "platform/com_ptr.h"
 
 #include <functional>
+#include <memory>
 
 namespace velk {
 
@@ -13,7 +14,8 @@ struct click_event {
     bool isHandled = false; // another add-in has dealt with it: who hears of it now does nothing
 };
 
-// A connection to an object's events. Disconnected before the source is released, at the latest by the destructor.
+// A connection to an object's events. Disconnected before the source is released, at the latest by the destructor. From
+// then on the handler hears nothing, whatever the source still sends.
 class event_connection {
 public:
     event_connection() = default;
@@ -31,6 +33,7 @@ public:
 private:
     com_ptr<IDispatch> m_source;
     com_ptr<IConnectionPoint> m_point;
+    std::shared_ptr<const Handler> m_handler; // shared with its calls that are under way
     DWORD m_cookie = 0;
 };
 

@@ -37,6 +37,7 @@ public:
             sink->Invoke(event, IID_NULL, 0, DISPATCH_METHOD, parameters, nullptr, nullptr, nullptr);
     }
     bool isConnected() const { return static_cast<bool>(m_sink); }
+    bool keepsSink = false; // as one does that raises its events from a list that it made before
 
     STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints**) noexcept override { return E_NOTIMPL; }
     STDMETHODIMP FindConnectionPoint(REFIID iid, IConnectionPoint** point) noexcept override
@@ -65,7 +66,7 @@ public:
     }
     STDMETHODIMP Unadvise(DWORD cookie) noexcept override
     {
-        if (cookie != 7)
+        if (cookie != 7 || keepsSink)
             return CONNECT_E_NOCONNECTION;
         m_sink.reset();
         return S_OK;

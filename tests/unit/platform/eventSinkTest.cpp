@@ -124,6 +124,15 @@ TEST_F(EventSinkTest, handlerThatDisconnects_isStillThereUntilItIsDone)
     EXPECT_EQ(token.use_count(), 1);
 }
 
+TEST_F(EventSinkTest, eventAfterTheDisconnection_isNotHeardAlthoughTheSourceKeepsTheSink)
+{
+    events->keepsSink = true;
+    connection.disconnect();
+    events->click(control());
+    EXPECT_TRUE(events->isConnected());
+    EXPECT_TRUE(handled.empty());
+}
+
 // Its copies need memory, which a sink must not ask for where nothing catches the refusal.
 struct CopyCounter {
     int* copies;

@@ -41,13 +41,18 @@ void tree_view::insert(HTREEITEM parent, TreeNode node)
     insertion.item.iImage = made->node.image;
     insertion.item.iSelectedImage = made->node.image;
     insertion.item.lParam = reinterpret_cast<LPARAM>(made.get());
-    // The first node of a tree is selected while it is inserted: it must be known by then.
+    const HTREEITEM selection = related(TVGN_CARET, nullptr);
     Entry& kept = *(m_nodes[made->node.key] = std::move(made));
+    m_isChanging = true;
     kept.item = reinterpret_cast<HTREEITEM>(send(TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insertion)));
+    m_isChanging = false;
     if (!kept.item) {
         m_nodes.erase(std::wstring(kept.node.key));
         throw Error(errorOutOfMemory);
     }
+    // Last: whoever hears it may end this tree.
+    if (selection != related(TVGN_CARET, nullptr))
+        tellSelection();
 }
 
 void tree_view::remove(const std::wstring& key)
@@ -69,13 +74,13 @@ void tree_view::clear()
 
 void tree_view::deleteItems(HTREEITEM items, HTREEITEM selection) noexcept
 {
-    m_isRemoving = true;
+    m_isChanging = true;
     if (selection != related(TVGN_CARET, nullptr))
         send(TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(selection));
     send(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(items));
     if (selection != related(TVGN_CARET, nullptr))
         send(TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(selection));
-    m_isRemoving = false;
+    m_isChanging = false;
 }
 
 void tree_view::tellSelection() const noexcept

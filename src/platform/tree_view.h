@@ -23,7 +23,8 @@ public:
     explicit tree_view(HWND parent);
 
     void setImages(HIMAGELIST images) const noexcept;
-    // Add a node as the last root, or as the last child of a node that is there.
+    // Add a node as the last root, or as the last child of a node that is there. A system's tree may select its first
+    // node while it is inserted; that too is told once, when all is done.
     void addRoot(TreeNode node);
     void add(const std::wstring& parentKey, TreeNode node);
     // When the selected node goes, the next sibling is selected instead, else the one before, else the node above. That
@@ -31,8 +32,8 @@ public:
     // would move its selection while nodes go does not matter.
     void remove(const std::wstring& key);
     void clear();
-    // While true, notifications of a changed selection mean nothing: nodes are on their way out.
-    bool isRemoving() const noexcept { return m_isRemoving; }
+    // While true, notifications of a changed selection mean nothing: nodes are on their way in or out.
+    bool isChanging() const noexcept { return m_isChanging; }
     size_t size() const noexcept { return m_nodes.size(); }
 
     bool has(const std::wstring& key) const { return m_nodes.contains(key); }
@@ -69,7 +70,7 @@ private:
     void tellSelection() const noexcept;
 
     std::unordered_map<std::wstring, std::unique_ptr<Entry>> m_nodes;
-    bool m_isRemoving = false;
+    bool m_isChanging = false;
 };
 
 } // namespace velk

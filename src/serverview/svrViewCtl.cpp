@@ -122,7 +122,7 @@ void svrViewCtl::forgetNode()
 
 LRESULT svrViewCtl::onTreeNotify(const NMHDR& header, LPARAM lParam)
 {
-    if (header.code == TVN_SELCHANGEDW && !m_serverTreeView->isRemoving())
+    if (header.code == TVN_SELCHANGEDW && !m_serverTreeView->isChanging())
         selectNode(false);
     if (header.code == TVN_DELETEITEMW) {
         const auto& notification = *reinterpret_cast<const NMTREEVIEWW*>(lParam);

@@ -6,7 +6,7 @@ namespace {
 using test::Calls;
 
 // The view with a project, and a tree that can be made to move its selection through its nodes one by one while nodes
-// are deleted or the tree goes, as system's trees may.
+// are deleted or the tree goes, and select its first node while that is inserted, as system's trees may.
 class SelectionTest : public test::ViewFixture {
 protected:
     SelectionTest()
@@ -28,6 +28,11 @@ protected:
         systemTree() = reinterpret_cast<WNDPROC>(
             SetWindowLongPtrW(tree().hwnd(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(restless)));
     }
+    static bool& isInserting()
+    {
+        static bool inserting = false;
+        return inserting;
+    }
     std::wstring selected() { return tree().selected() ? tree().selected()->key : std::wstring(); }
 
 private:
@@ -40,15 +45,36 @@ private:
     {
         return CallWindowProcW(systemTree(), tree, message, wParam, lParam);
     }
+    static LRESULT insert(HWND tree, LPARAM insertion)
+    {
+        isInserting() = true;
+        const LRESULT made = pass(tree, TVM_INSERTITEMW, 0, insertion);
+        if (!pass(tree, TVM_GETNEXTITEM, TVGN_CARET, 0))
+            pass(tree, TVM_SELECTITEM, TVGN_CARET, made);
+        isInserting() = false;
+        return made;
+    }
     static LRESULT CALLBACK restless(HWND tree, UINT message, WPARAM wParam, LPARAM lParam)
     {
         if (message == TVM_DELETEITEM || message == WM_DESTROY)
             for (LRESULT item = pass(tree, TVM_GETNEXTITEM, TVGN_ROOT, 0); item;
                  item = pass(tree, TVM_GETNEXTITEM, TVGN_NEXTVISIBLE, item))
                 pass(tree, TVM_SELECTITEM, TVGN_CARET, item);
-        return pass(tree, message, wParam, lParam);
+        return message == TVM_INSERTITEMW ? insert(tree, lParam) : pass(tree, message, wParam, lParam);
     }
 };
+
+TEST_F(SelectionTest, firstNodeThatIsSelectedOnItsWayIn_isToldWhenItIsThere)
+{
+    tree().clear();
+    makeTheTreeRestless();
+    backend.calls.clear();
+    bool isToldInside = false;
+    backend.onCall = [&](const std::string&) { isToldInside = isToldInside || isInserting(); };
+    addFolderNode(L"", L"5", L"K9", L"orders", L"True");
+    EXPECT_EQ(backend.calls, Calls{"RZSetCurrentFolder(9, 5)"});
+    EXPECT_FALSE(isToldInside);
+}
 
 TEST_F(SelectionTest, removedConnection_isFollowedByOneSelection)
 {

@@ -33,11 +33,16 @@ svrViewCtl::svrViewCtl()
 
 svrViewCtl::~svrViewCtl()
 {
+    endLife();
+    destroy();
+}
+
+void svrViewCtl::endLife() noexcept
+{
     m_life.enter(SessionState::ended);
     // What is published must not outlive the controls it points to.
     if (publishedView().serverTreeView == m_serverTreeView.get())
         publishedView() = {};
-    destroy();
 }
 
 void svrViewCtl::create(HWND parent, const RECT& place)
@@ -70,6 +75,8 @@ void svrViewCtl::UserControl_Initialize()
 
 void svrViewCtl::setupGUI()
 {
+    if (!hwnd())
+        return; // closed while the control was handed over
     m_font = makeFont(uiFont());
     m_serverTreeView->setFont(m_font.get());
     m_serverDetailsView->setFont(m_font.get());
@@ -233,6 +240,8 @@ LRESULT svrViewCtl::handle(UINT message, WPARAM wParam, LPARAM lParam)
         });
         return 0;
     case WM_DESTROY:
+        // This object may live on in calls that are under way, with nothing left to work on.
+        endLife();
         // Before the tree's window goes, which may move the selection through the nodes that are left.
         if (m_serverTreeView)
             m_serverTreeView->clear();

@@ -59,6 +59,7 @@ private:
     void resizeGUI();
     void fillColumnSets();
     void forgetNode();
+    void endLife() noexcept;
     LRESULT onNotify(const NMHDR& header, LPARAM lParam);
     LRESULT onTreeNotify(const NMHDR& header, LPARAM lParam);
     LRESULT onListNotify(const NMHDR& header, LPARAM lParam);
@@ -93,8 +94,8 @@ private:
     unique_font m_font;
     IntegrationMgr m_IMgr;
     PopupMenus m_menus;
-    // A part of the manager's session, over with the control at the latest: what waits in a menu or a dialog looks at a
-    // copy before it goes on, and no gesture of the user reaches a tool that is going.
+    // A part of the manager's session, over with the control's window at the latest: what waits in a menu or a dialog
+    // looks at a copy before it goes on, and no gesture of the user reaches a tool that is going.
     Session m_life;
     std::map<int32_t, std::vector<std::wstring>> m_columnSets; // header texts by folder kind
     std::wstring m_previousNode;                               // key, empty: none

@@ -309,6 +309,24 @@ TEST_F(CommandsTest, choiceInAViewThatEndsMeanwhile_isDroppedWithoutALookAtIt)
     EXPECT_EQ(messages, Lines{});
 }
 
+TEST_F(CommandsTest, choiceInAViewThatIsClosedMeanwhile_isDropped)
+{
+    // Held by the message that opens the menu, as it is in a document.
+    const auto second = std::make_shared<svrViewCtl>();
+    second->create(host, {0, 0, 400, 300});
+    second->setupGUI();
+    addProject();
+    second->serverTreeView().select(L"K10");
+    backend.calls.clear();
+    chosen = static_cast<int>(conRemoveMnuItem) + 1;
+    whileMenuIsOpen = [&] { DestroyWindow(second->hwnd()); };
+    askForMenuByKeyboard(second->serverTreeView().hwnd());
+    EXPECT_FALSE(menu.empty());
+    EXPECT_EQ(backend.calls, Calls{});
+    EXPECT_EQ(messages, Lines{});
+    EXPECT_EQ(publishedView().serverTreeView, nullptr);
+}
+
 TEST_F(CommandsTest, rightClickOnEmptyTreeSpace_popsUpNothingAndChangesNoSelection)
 {
     tree().select(L"K10");

@@ -37,7 +37,7 @@ protected:
         journal.clear();
     }
     // The add-in is unloaded: its view goes, and with it the session.
-    void endSession() { other.reset(); }
+    std::function<void()> endSession = [this] { other.reset(); };
     // Open or Save As in a view of its own that may go meanwhile.
     void click(MenuItem item)
     {
@@ -121,6 +121,16 @@ TEST_F(ProjectFilesTest, saveAsThatFailsOnTheWay_goesNoFurther)
     EXPECT_THROW(saveAs(), Error);
     EXPECT_EQ(journal.back(), L"saveRZFileName(D:\\other\\new.rzv)");
     EXPECT_EQ(manager->rzFile, L"C:\\work\\rz\\orders.rzv");
+}
+
+TEST_F(ProjectFilesTest, viewThatIsClosedUnderTheDialog_savesNothing)
+{
+    endIn = L"dialog";
+    endSession = [this] { DestroyWindow(other->hwnd()); };
+    click(projSaveAsMnuItem);
+    EXPECT_EQ(journal.back(), L"save #611 rzv rzv in 'C:\\work\\rz'");
+    EXPECT_EQ(manager->rzFile, L"C:\\work\\rz\\orders.rzv");
+    EXPECT_EQ(messages, Lines{});
 }
 
 // The IDE can unload the add-in in whatever runs messages: the call it happens in is the last one.

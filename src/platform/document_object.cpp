@@ -7,7 +7,8 @@ namespace velk {
 void DocumentObject::activate(bool withUi)
 {
     if (m_isLeaving)
-        throw Error::fromResult(E_UNEXPECTED); // asked for by what the end itself sets going
+        throw Error::fromResult(E_UNEXPECTED);  // asked for by what the end itself sets going
+    const com_ptr<IUnknown> untilDone(outer()); // the host may let go of the object in any of the calls
     if (m_isActive && !m_content)
         leaveSite(); // the host's window went without a word, and the content with it
     if (!m_isActive && !activateAsDocument()) {
@@ -26,19 +27,26 @@ void DocumentObject::enterSite()
 {
     if (!m_inPlaceSite)
         m_inPlaceSite = m_clientSite.tryAs<IOleInPlaceSite>();
-    if (!m_inPlaceSite || m_inPlaceSite->CanInPlaceActivate() != S_OK)
+    const com_ptr<IOleInPlaceSite> site = m_inPlaceSite;
+    if (!site || site->CanInPlaceActivate() != S_OK)
         throw Error::fromResult(E_FAIL);
+    throwUnlessAt(site);
     // Without this some containers never report a later change of size.
-    throwIfFailed(m_inPlaceSite->OnInPlaceActivate());
+    throwIfFailed(site->OnInPlaceActivate());
+    throwUnlessAt(site);
     m_isActive = true;
     HWND parent = nullptr;
-    throwIfFailed(m_inPlaceSite->GetWindow(&parent));
+    throwIfFailed(site->GetWindow(&parent));
+    throwUnlessAt(site);
+    com_ptr<IOleInPlaceFrame> frame;
     com_ptr<IOleInPlaceUIWindow> documentWindow;
     OLEINPLACEFRAMEINFO frameInfo{};
     frameInfo.cb = sizeof frameInfo;
     RECT position{};
     RECT clip{};
-    throwIfFailed(m_inPlaceSite->GetWindowContext(m_frame.put(), documentWindow.put(), &position, &clip, &frameInfo));
+    throwIfFailed(site->GetWindowContext(frame.put(), documentWindow.put(), &position, &clip, &frameInfo));
+    throwUnlessAt(site);
+    m_frame = std::move(frame);
     if (m_content) {
         // Kept from an earlier activation, with all that it shows.
         SetParent(m_content, parent);
@@ -46,8 +54,17 @@ void DocumentObject::enterSite()
     } else {
         m_content = createContent(parent, position);
     }
-    if (m_clientSite)
-        m_clientSite->ShowObject();
+    if (m_inPlaceSite != site)
+        dropContent(); // closed while it was being made, when there was none yet that could go
+    throwUnlessAt(site);
+    if (const com_ptr<IOleClientSite> clientSite = m_clientSite)
+        clientSite->ShowObject();
+}
+
+void DocumentObject::throwUnlessAt(const com_ptr<IOleInPlaceSite>& site) const
+{
+    if (m_inPlaceSite != site)
+        throw Error::fromResult(E_UNEXPECTED);
 }
 
 bool DocumentObject::activateAsDocument()
@@ -63,11 +80,14 @@ void DocumentObject::activateUi()
 {
     if (m_isUiActive || !m_inPlaceSite || m_isLeaving)
         return;
-    throwIfFailed(m_inPlaceSite->OnUIActivate());
+    const com_ptr<IUnknown> untilDone(outer()); // as in activate()
+    const com_ptr<IOleInPlaceSite> site = m_inPlaceSite;
+    throwIfFailed(site->OnUIActivate());
+    throwUnlessAt(site);
     m_isUiActive = true;
-    if (m_frame)
-        m_frame->SetActiveObject(this, nullptr);
-    if (m_content && !IsChild(m_content, GetFocus()))
+    if (const com_ptr<IOleInPlaceFrame> frame = m_frame)
+        frame->SetActiveObject(this, nullptr);
+    if (m_inPlaceSite == site && m_content && !IsChild(m_content, GetFocus()))
         SetFocus(m_content);
 }
 

@@ -134,6 +134,8 @@ protected:
 private:
     void activate(bool withUi);
     void enterSite();
+    // The host may close the object, or move it elsewhere, inside the calls that activate it.
+    void throwUnlessAt(const com_ptr<IOleInPlaceSite>& site) const;
     // Until its end nothing activates the object: a window that goes with the focus in it makes its parents ask for
     // that.
     auto leaving() noexcept

@@ -7,7 +7,7 @@
 namespace velk {
 
 // The document's own surface in the host: nothing but a frame that follows the host's size.
-class serverViewDoc::DocumentWindow : public Window {
+class serverViewDoc::DocumentWindow : public Window, public std::enable_shared_from_this<DocumentWindow> {
 public:
     explicit DocumentWindow(serverViewDoc& document) : Window(L"velkviadd.serverViewDoc"), m_document(document) {}
     ~DocumentWindow() override { destroy(); }
@@ -15,6 +15,10 @@ public:
 protected:
     LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam) override
     {
+        // The host may close the document, and let it go, inside the calls that the message leads to. The document's
+        // own end takes the window first, so that no message comes here any more.
+        const com_ptr<IUnknown> document(m_document.identity());
+        const std::shared_ptr<DocumentWindow> untilAnswered = shared_from_this();
         if (message == WM_SIZE)
             m_document.UserDocument_Resize(LOWORD(lParam), HIWORD(lParam));
         if (message == WM_ERASEBKGND)
@@ -22,6 +26,8 @@ protected:
         // A press anywhere in the view reaches its parent windows first; a focus given by the host comes here.
         if (message == WM_MOUSEACTIVATE || message == WM_SETFOCUS)
             swallow(L"serverViewDoc", L"the host leaves its keys to itself then", [this] { m_document.activateUi(); });
+        if (!hwnd())
+            return 0;
         if (message == WM_SETFOCUS && m_document.m_svrViewCtl1)
             SetFocus(m_document.m_svrViewCtl1->hwnd());
         if (message == WM_DESTROY)
@@ -94,7 +100,7 @@ void serverViewDoc::handOver()
 HWND serverViewDoc::createContent(HWND parent, const RECT& place)
 {
     destroyContent();
-    auto window = std::make_unique<DocumentWindow>(*this);
+    auto window = std::make_shared<DocumentWindow>(*this);
     window->create({parent, WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, 0, place.left, place.top,
                     place.right - place.left, place.bottom - place.top, L""});
     RECT inner{};
@@ -109,8 +115,11 @@ HWND serverViewDoc::createContent(HWND parent, const RECT& place)
 
 void serverViewDoc::destroyContent() noexcept
 {
-    m_svrViewCtl1.reset();
-    m_window.reset();
+    const std::shared_ptr<svrViewCtl> control = std::exchange(m_svrViewCtl1, nullptr);
+    // Its messages that are under way hold the window's object: it has to go by itself, and before the control, which
+    // would hand it the focus.
+    if (const std::shared_ptr<DocumentWindow> window = std::exchange(m_window, nullptr))
+        window->destroy();
 }
 
 bool serverViewDoc::translateKey(const MSG& message)

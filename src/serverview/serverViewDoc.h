@@ -55,7 +55,7 @@ private:
     void handOver();
 
     com_ptr<_IntegrationMgr> m_manager;
-    std::unique_ptr<DocumentWindow> m_window;
+    std::shared_ptr<DocumentWindow> m_window;  // shared with its messages that are under way
     std::shared_ptr<svrViewCtl> m_svrViewCtl1; // shared with its calls that are under way
     std::wstring m_fontName = L"MS Sans Serif";
     float m_fontSize = 8.25f;

@@ -4,6 +4,7 @@
 
 #include <docobj.h>
 #include <functional>
+#include <string_view>
 #include <vector>
 
 namespace velk::test {
@@ -34,7 +35,8 @@ public:
     com_ptr<IOleDocumentView> view;
     std::vector<const char*> asked;
     bool failsToGiveItsWindow = false;
-    std::function<void()> duringUiDeactivate; // what the host, or the system, does then
+    std::function<void(std::string_view what)> whileAsked; // what the host does before it answers
+    std::function<void()> duringUiDeactivate;              // what the host, or the system, does then
 
     // IOleDocumentSite
     STDMETHODIMP ActivateMe(IOleDocumentView*) noexcept override
@@ -63,6 +65,8 @@ public:
     // IOleInPlaceSite
     STDMETHODIMP GetWindow(HWND* window) noexcept override
     {
+        if (whileAsked)
+            whileAsked("GetWindow");
         *window = failsToGiveItsWindow ? nullptr : m_window;
         return failsToGiveItsWindow ? E_FAIL : S_OK;
     }
@@ -95,6 +99,8 @@ private:
     HRESULT note(const char* what)
     {
         asked.push_back(what);
+        if (whileAsked)
+            whileAsked(what);
         return S_OK;
     }
 

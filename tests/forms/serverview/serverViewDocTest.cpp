@@ -185,5 +185,42 @@ TEST_F(ShownDocumentTest, setUpBeforeTheDocumentIsShown_isMadeUpForWhenItIs)
     EXPECT_EQ(managerOfTheView(), manager.get());
 }
 
+// A host that closes the document inside one of the calls by which that is shown.
+class ClosingHostTest : public ShownDocumentTest, public testing::WithParamInterface<const char*> {};
+
+TEST_P(ClosingHostTest, closedDocument_isAskedForNothingMoreAndFails)
+{
+    const auto second = makeObject<serverViewDoc>();
+    const auto closing = makeObject<test::DocumentHost>(window);
+    closing->whileAsked = [&](std::string_view what) {
+        if (what == GetParam())
+            closing->close();
+    };
+    EXPECT_TRUE(FAILED(closing->show(second.tryAs<IUnknown>().get())));
+    EXPECT_EQ(second->svrViewCtl1(), nullptr);
+    EXPECT_FALSE(closing->view);
+}
+
+INSTANTIATE_TEST_SUITE_P(calls, ClosingHostTest, testing::Values("OnInPlaceActivate", "GetWindow", "OnUIActivate"));
+
+TEST_F(ShownDocumentTest, pressInTheView_byWhichTheHostLetsTheDocumentGo_endsThere)
+{
+    const HWND pressed = GetParent(document->svrViewCtl1()->hwnd());
+    const com_ptr<test::DocumentHost> closing = std::exchange(host, makeObject<test::DocumentHost>(window));
+    closing->view->UIActivate(FALSE);
+    closing->asked.clear();
+    closing->whileAsked = [&](std::string_view what) {
+        if (what == "OnUIActivate") {
+            closing->close();
+            document.reset();
+        }
+    };
+    SendMessageW(pressed, WM_MOUSEACTIVATE, reinterpret_cast<WPARAM>(window), MAKELPARAM(HTCLIENT, WM_LBUTTONDOWN));
+    EXPECT_FALSE(IsWindow(pressed));
+    EXPECT_THAT(closing->asked,
+                testing::ElementsAre(testing::StrEq("OnUIActivate"), testing::StrEq("OnInPlaceDeactivate")));
+    host->show(makeObject<serverViewDoc>().tryAs<IUnknown>().get()); // for the end of the test
+}
+
 } // namespace
 } // namespace velk

@@ -22,6 +22,7 @@ constexpr int32_t logInFirstText = 682;
 struct SourceSafeState {
     com_ptr<IDispatch> database;
     com_ptr<IDispatch> project;
+    unsigned closings = 0; // of closeSourceSafe: it may run inside any call to SourceSafe
 };
 
 SourceSafeState& state()
@@ -30,15 +31,38 @@ SourceSafeState& state()
     return only.get();
 }
 
+// Whether closeSourceSafe has run since: what a call then still brings is for nobody and must not be kept.
+class Closing {
+public:
+    bool hasCome() const noexcept { return state().closings != m_closings; }
+    void throwIfCome() const
+    {
+        if (hasCome())
+            throw Error(errorInvalidCall);
+    }
+
+private:
+    const unsigned m_closings = state().closings;
+};
+
 // Items that were deleted in SourceSafe are never asked for.
 com_ptr<IDispatch> item(const std::wstring& spec)
 {
-    return automation::getObject(state().database, L"VSSItem", {variant(std::wstring_view(spec)), variant(false)});
+    const com_ptr<IDispatch> database = state().database; // lives through the call, whatever that leads to
+    const Closing closing;
+    com_ptr<IDispatch> found =
+        automation::getObject(database, L"VSSItem", {variant(std::wstring_view(spec)), variant(false)});
+    closing.throwIfCome();
+    return found;
 }
 
 std::wstring currentProjectSpec()
 {
-    return rootSpec + automation::get(state().project, L"Name").asText();
+    const com_ptr<IDispatch> project = state().project;
+    const Closing closing;
+    const std::wstring name = automation::get(project, L"Name").asText();
+    closing.throwIfCome();
+    return rootSpec + name;
 }
 
 std::wstring folderOf(const std::wstring& databaseName, const DatabaseTable& table)
@@ -72,8 +96,11 @@ template <class Operation>
 void onFile(const wchar_t* where, const std::wstring& path, Operation operation)
 {
     if (!state().database) {
+        const Closing closing;
         std::wstring parameter = path;
-        showMessage(getRZStringP1(cannotHandleText, parameter) + L"\r\n" + getRZString(logInFirstText));
+        const std::wstring text = getRZStringP1(cannotHandleText, parameter) + L"\r\n" + getRZString(logInFirstText);
+        if (!closing.hasCome())
+            showMessage(text);
         return;
     }
     swallow(where, whyQuiet, [&] { operation(); });
@@ -84,6 +111,7 @@ void onFile(const wchar_t* where, const std::wstring& path, Operation operation)
 bool openSourceSafeDatabase(const std::wstring& userName, const std::wstring& password,
                             const std::wstring& databaseName, const DatabaseTable& table)
 {
+    const Closing closing;
     state().database.reset(); // the current project stays until another one is made current
     try {
         const com_ptr<IDispatch> database = automation::createObject(progId);
@@ -91,12 +119,15 @@ bool openSourceSafeDatabase(const std::wstring& userName, const std::wstring& pa
         automation::call(database, L"Open",
                          {variant(std::wstring_view(ini)), variant(std::wstring_view(userName)),
                           variant(std::wstring_view(password))});
+        if (closing.hasCome())
+            return false; // the add-in was unloaded meanwhile
         state().database = database;
         return true;
     } catch (const Error& error) {
         reportFailure(L"openSourceSafeDatabase", L"the user is told and may try again",
                       withoutPassword(error, password));
-        showMessage(error.description());
+        if (!closing.hasCome())
+            showMessage(error.description());
         return false;
     }
 }
@@ -162,6 +193,7 @@ std::wstring fileNameOf(const std::wstring& path)
 
 void closeSourceSafe() noexcept
 {
+    ++state().closings;
     state().project.reset();
     state().database.reset();
 }

@@ -193,6 +193,59 @@ TEST_F(VSSAPITest, end_letsDatabaseAndProjectGo)
     EXPECT_EQ(references(*sourceSafe.item.get()), 1u);
 }
 
+TEST_F(VSSAPITest, endInsideOpen_leavesNoDatabase)
+{
+    sourceSafe.database->function(L"Open", [](const std::vector<variant>&) {
+        closeSourceSafe();
+        return variant();
+    });
+    EXPECT_FALSE(openSourceSafeDatabase(L"ann", L"secret", L"Main", {{L"Main", L"C:\\vss"}}));
+    EXPECT_FALSE(isSourceSafeDatabaseOpen());
+    EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(VSSAPITest, endInsideAnOpenThatFails_showsNothing)
+{
+    sourceSafe.database->function(L"Open", [](const std::vector<variant>&) -> variant {
+        closeSourceSafe();
+        throw Error(5, L"Invalid password", L"SourceSafe", E_FAIL);
+    });
+    EXPECT_FALSE(openSourceSafeDatabase(L"ann", L"wrong", L"Main", {{L"Main", L"C:\\vss"}}));
+    EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(VSSAPITest, endInsideTheLookForAProject_keepsNoProject)
+{
+    logIn();
+    sourceSafe.database->function(L"VSSItem", [this](const std::vector<variant>&) {
+        closeSourceSafe();
+        return asVariant(sourceSafe.item);
+    });
+    setCurrentProject(L"Web");
+    sourceSafe.item->AddRef();
+    EXPECT_EQ(sourceSafe.item->Release(), 1u);
+}
+
+TEST_F(VSSAPITest, endInsideAFileOperation_isFollowedByNoOtherCallAndNoBox)
+{
+    logIn();
+    sourceSafe.database->function(L"VSSItem", [this](const std::vector<variant>&) {
+        closeSourceSafe();
+        return asVariant(sourceSafe.item);
+    });
+    addFileToSourceSafe(L"C:\\src\\a.sql");
+    EXPECT_THAT(sourceSafe.journal, ElementsAre(L"Item.Name", L"Database.VSSItem(\"$/Web\", False)"));
+    EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(VSSAPITest, endInsideTheTextOfTheBox_showsNoBox)
+{
+    backend.onCall = [](const std::string&) { closeSourceSafe(); };
+    backend.unjournaled.erase("RZGetString");
+    checkInFile(L"C:\\src\\a.sql");
+    EXPECT_TRUE(messages.empty());
+}
+
 TEST_F(VSSAPITest, rootWithoutChildren_givesFalse)
 {
     logIn();

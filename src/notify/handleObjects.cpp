@@ -97,7 +97,8 @@ void handleObjectChanged(const IntegrationMgr& manager, const trzNotify& notific
 void handleFolderContents(const IntegrationMgr& manager, const trzNotify& notification)
 {
     // The Backend does not tell whether a filter is set, so the folder gets its plain look, also when filling fails.
-    const scope_exit plainLook([&] { setFolderFiltered(makeKey(notification.lObjectHdl), false); });
+    const std::wstring key = makeKey(notification.lObjectHdl);
+    const scope_exit plainLook([&] { setFolderFiltered(key, false); });
     const ObjectKindRow* row = rowOfFolderKind(notification.lObjectType);
     if (!row || !selectedNodeKindIs(notification.lObjectType))
         return;

@@ -41,29 +41,6 @@ constexpr NotificationRow notificationRows[] = {
 };
 // clang-format on
 
-// A Backend that answers "failed, and there is more" for ever must not keep the IDE in one tick: the next one tries
-// again. One that fails now and then is drained to the end.
-class Failures {
-public:
-    void count(int32_t status) noexcept
-    {
-        if (status != 0)
-            m_inARow = 0;
-        else if (m_inARow++ == 0)
-            m_since = GetTickCount();
-    }
-    bool areBearable() const noexcept
-    {
-        constexpr int most = 1000;
-        constexpr DWORD longest = 1000; // milliseconds
-        return m_inARow == 0 || (m_inARow < most && GetTickCount() - m_since < longest);
-    }
-
-private:
-    int m_inARow = 0;
-    DWORD m_since = 0;
-};
-
 std::wstring errorText(const Error& error)
 {
     return numberText(error.number()) + L", " + error.description() + L", " + error.source();
@@ -83,6 +60,31 @@ void tellFailure(const Session& session, int32_t failureText, const Error& error
 }
 
 } // namespace
+
+void notificationThreadFrm::Failures::count(int32_t status) noexcept
+{
+    if (status != 0)
+        *this = {};
+    else
+        ++m_inARow;
+}
+
+bool notificationThreadFrm::Failures::areBearable() noexcept
+{
+    struct Allowance {
+        int calls;
+        DWORD time; // milliseconds
+    };
+    constexpr Allowance first{1000, 1000};
+    constexpr Allowance further{50, 50};
+    const Allowance most = m_isGivenUp ? further : first;
+    if (m_inARow == 0)
+        m_since = GetTickCount(); // before the call that may be the first to fail, which may be slow
+    if (m_inARow == 0 || (m_inARow < most.calls && GetTickCount() - m_since < most.time))
+        return true;
+    m_isGivenUp = true;
+    return false;
+}
 
 notificationThreadFrm::notificationThreadFrm() : Window(L"velkviadd.notificationThreadFrm")
 {
@@ -130,12 +132,12 @@ void notificationThreadFrm::timerThread_Timer() noexcept
 
 void notificationThreadFrm::drain()
 {
-    Failures failures;
+    m_failures.beginTick();
     bool more = true;
-    while (more && !isOver() && failures.areBearable()) {
+    while (more && !isOver() && m_failures.areBearable()) {
         trzNotify notification;
         const int32_t status = RZGetNotification(notification, more);
-        failures.count(status);
+        m_failures.count(status);
         if (!isOver())
             dispatch(notification);
     }

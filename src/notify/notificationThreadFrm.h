@@ -30,12 +30,27 @@ protected:
     LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
+    // A Backend that answers "failed, and there is more" for ever must not keep the IDE in one tick: the next one tries
+    // again, for a moment only until something succeeds. One that fails now and then is drained to the end.
+    class Failures {
+    public:
+        void beginTick() noexcept { m_inARow = 0; }
+        void count(int32_t status) noexcept;
+        bool areBearable() noexcept;
+
+    private:
+        int m_inARow = 0; // in this tick
+        DWORD m_since = 0;
+        bool m_isGivenUp = false; // by an earlier tick, with no success since
+    };
+
     notificationThreadFrm();
     void drain();
     void dispatch(const trzNotify& notification);
     bool isOver() const noexcept { return !hwnd() || m_IMMgr.session().isOver(); }
 
     IntegrationMgr m_IMMgr;
+    Failures m_failures;
     int m_depth = 0; // of ticks within ticks
 };
 

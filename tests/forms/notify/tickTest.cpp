@@ -22,6 +22,18 @@ protected:
         }
         return condition();
     }
+    // A Backend that fails and promises more, each time after some milliseconds.
+    auto failingForEver(DWORD slowness)
+    {
+        return [this, slowness](void*, int16_t* more) {
+            Sleep(slowness);
+            *more = -1;
+            return ++calls == succeedsAt ? 1 : 0;
+        };
+    }
+
+    int calls = 0;
+    int succeedsAt = 0; // the number of a call that does not fail
 };
 
 TEST_F(TickTest, typeOutside2To10WithFalseMoreFlag_doesNothingAndEndsTheTick)
@@ -53,12 +65,7 @@ TEST_F(TickTest, tickInsideAMessageBox_drainsTheRest)
 
 TEST_F(TickTest, backendThatFailsForEverAndPromisesMore_endsTheTickWithinAThousandCalls)
 {
-    int calls = 0;
-    backend.on.RZGetNotification = [&](void*, int16_t* more) {
-        ++calls;
-        *more = -1;
-        return 0;
-    };
+    backend.on.RZGetNotification = failingForEver(0);
     pump->timerThread_Timer();
     EXPECT_GT(calls, 1);
     EXPECT_LE(calls, 1000);
@@ -66,15 +73,39 @@ TEST_F(TickTest, backendThatFailsForEverAndPromisesMore_endsTheTickWithinAThousa
 
 TEST_F(TickTest, slowBackendThatFailsForEver_endsTheTickAfterAboutASecond)
 {
-    int calls = 0;
-    backend.on.RZGetNotification = [&](void*, int16_t* more) {
-        ++calls;
-        Sleep(600);
-        *more = -1;
-        return 0;
-    };
+    backend.on.RZGetNotification = failingForEver(600);
     pump->timerThread_Timer();
     EXPECT_LE(calls, 3);
+}
+
+TEST_F(TickTest, tickAfterOneThatWasEnded_triesFiftyTimesAtMost)
+{
+    backend.on.RZGetNotification = failingForEver(0);
+    pump->timerThread_Timer();
+    calls = 0;
+    pump->timerThread_Timer();
+    EXPECT_GT(calls, 1);
+    EXPECT_LE(calls, 50);
+}
+
+TEST_F(TickTest, tickAfterOneThatASlowBackendEnded_endsAfterAboutFiftyMilliseconds)
+{
+    backend.on.RZGetNotification = failingForEver(600);
+    pump->timerThread_Timer();
+    calls = 0;
+    pump->timerThread_Timer();
+    EXPECT_EQ(calls, 1);
+}
+
+TEST_F(TickTest, successAfterATickThatWasEnded_bringsTheWholeAllowanceBack)
+{
+    backend.on.RZGetNotification = failingForEver(0);
+    pump->timerThread_Timer();
+    pump->timerThread_Timer();
+    calls = 0;
+    succeedsAt = 1;
+    pump->timerThread_Timer();
+    EXPECT_GT(calls, 51);
 }
 
 TEST_F(TickTest, statusZeroWithTheMoreFlagSet_isPassedOnAndTheTickGoesOn)
@@ -92,8 +123,7 @@ TEST_F(TickTest, statusZeroWithTheMoreFlagSet_isPassedOnAndTheTickGoesOn)
 
 TEST_F(TickTest, failuresBetweenSuccesses_doNotEndTheTick)
 {
-    int calls = 0;
-    backend.on.RZGetNotification = [&](void*, int16_t* more) {
+    backend.on.RZGetNotification = [this](void*, int16_t* more) {
         *more = ++calls < 5000 ? -1 : 0;
         return calls % 2;
     };

@@ -9,12 +9,14 @@ namespace velk {
 
 bool askDataEnvTarget(const IntegrationMgr& manager, bool forCommand, DataEnvTarget& target)
 {
+    const CommandLife life(manager);
+    if (life.isOver())
+        return false;
     conLstCtl& dialog = connectionDialog();
     const scope_exit unloaded([&] { dialog.terminate(); });
     dialog.setIMgr(manager);
-    const Session session = publishedView().life;
     dialog.setupGUI(target.name, forCommand);
-    if (session.isOver())
+    if (life.isOver())
         return false; // the add-in was unloaded while the manager was asked: a form would open for nobody
     dialog.showModal();
     // The decision comes as the text of a Boolean.

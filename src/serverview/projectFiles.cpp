@@ -25,43 +25,43 @@ constexpr wchar_t saveExtension[] = L"rzv";
 
 void openProject(IntegrationMgr manager, int32_t projectHandle)
 {
-    const Session session = publishedView().life;
+    const CommandLife life(manager);
     const std::wstring startFolder = parentDir(manager.getRZFileName());
-    if (session.isOver())
+    if (life.isOver())
         return;
     const std::wstring title = getRZString(openTitleText);
     std::wstring name;
     std::wstring folder;
-    if (session.isOver() ||
-        !fileChooser().openFileDlg(title, openExtension, openExtension, startFolder, name, folder) || session.isOver())
+    if (life.isOver() || !fileChooser().openFileDlg(title, openExtension, openExtension, startFolder, name, folder) ||
+        life.isOver())
         return;
     RZObjectDoAction(projectHandle, codeCloseProject);
-    if (session.isOver())
+    if (life.isOver())
         return;
     // The path goes to the manager only; the IDE's project learns of it by Save As.
     manager.setRZFileName(folder + L"\\" + name);
-    if (!session.isOver())
+    if (!life.isOver())
         RZProjectDoAccess(folder, name, modeOpen);
 }
 
 void saveProjectAs(IntegrationMgr manager)
 {
-    const Session session = publishedView().life;
+    const CommandLife life(manager);
     const std::wstring startFolder = parentDir(manager.getRZFileName());
-    if (session.isOver())
+    if (life.isOver())
         return;
     const std::wstring title = getRZString(saveTitleText);
     std::wstring path;
-    if (session.isOver() || !fileChooser().saveFileDlg(title, saveExtension, saveExtension, startFolder, path) ||
-        session.isOver())
+    if (life.isOver() || !fileChooser().saveFileDlg(title, saveExtension, saveExtension, startFolder, path) ||
+        life.isOver())
         return;
     if (manager.getIdeType() == ideTypeWithStoredName)
         manager.getModel().saveRZFileName(path);
-    if (session.isOver())
+    if (life.isOver())
         return;
     manager.setRZFileName(path);
     std::wstring empty;
-    if (!session.isOver())
+    if (!life.isOver())
         RZProjectDoAccess(path, empty, modeSave);
 }
 

@@ -17,4 +17,16 @@ struct PublishedView {
 };
 PublishedView& publishedView();
 
+// Whether a command's work is for nobody: its manager's session is over, or the view that was published at its begin
+// is gone. To be made before the first call that leaves the house: what is published afterwards may be something else.
+class CommandLife {
+public:
+    explicit CommandLife(const IntegrationMgr& manager) : m_session(manager.session()), m_view(publishedView().life) {}
+    bool isOver() const noexcept { return m_session.isOver() || m_view.isOver(); }
+
+private:
+    Session m_session;
+    Session m_view;
+};
+
 } // namespace velk

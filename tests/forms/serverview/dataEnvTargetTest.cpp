@@ -20,7 +20,7 @@ protected:
         const UINT_PTR user = SetTimer(nullptr, 0, 10, press);
         const scope_exit gone([&] { KillTimer(nullptr, user); });
         const bool answer =
-            askDataEnvTarget(IntegrationMgr(com_ptr<_IntegrationMgr>(manager.get())), forCommand, target);
+            askDataEnvTarget(IntegrationMgr(com_ptr<_IntegrationMgr>(manager.get()), session), forCommand, target);
         KillTimer(nullptr, user);
         return answer;
     }
@@ -44,6 +44,7 @@ protected:
         return target.name + L"|" + target.projName + L"|" + target.dataenvName + L"|" + target.conName;
     }
 
+    Session session; // of the manager
     DataEnvTarget target{L"offered", L"", L"", L""};
 };
 
@@ -74,7 +75,25 @@ TEST_F(DataEnvTargetTest, managerThatFails_unloadsTheDialogAndPassesTheFailureOn
     EXPECT_FALSE(connectionDialog().IMgr());
 }
 
-TEST_F(DataEnvTargetTest, sessionThatEndsWhileTheManagerIsAsked_opensNoDialog)
+TEST_F(DataEnvTargetTest, sessionThatIsOverAtEntry_opensNoDialogAndAsksNothing)
+{
+    session.enter(SessionState::ended);
+    wasShown() = false;
+    EXPECT_FALSE(ask(true, conLstCtl::okBtn));
+    EXPECT_FALSE(wasShown());
+    EXPECT_EQ(journal, test::Lines{});
+}
+
+TEST_F(DataEnvTargetTest, managersSessionThatEndsWhileItIsAsked_opensNoDialog)
+{
+    manager->whileAsked = [this](const std::wstring&) { session.enter(SessionState::ending); };
+    wasShown() = false;
+    EXPECT_FALSE(ask(true, conLstCtl::okBtn));
+    EXPECT_FALSE(wasShown());
+    EXPECT_FALSE(connectionDialog().isLoaded());
+}
+
+TEST_F(DataEnvTargetTest, viewThatGoesWhileTheManagerIsAsked_opensNoDialog)
 {
     auto other = std::make_unique<svrViewCtl>();
     other->create(host, {0, 0, 400, 300});

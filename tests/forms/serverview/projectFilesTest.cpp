@@ -133,6 +133,15 @@ TEST_F(ProjectFilesTest, viewThatIsClosedUnderTheDialog_savesNothing)
     EXPECT_EQ(messages, Lines{});
 }
 
+TEST_F(ProjectFilesTest, managersSessionThatEndsOnTheWay_nothingFollows)
+{
+    const Session session;
+    manager->whileAsked = [session](const std::wstring&) { session.enter(SessionState::ending); };
+    openProject(IntegrationMgr(com_ptr<_IntegrationMgr>(manager.get()), session), 1);
+    saveProjectAs(IntegrationMgr(com_ptr<_IntegrationMgr>(manager.get()), session));
+    EXPECT_EQ(journal, (Lines{L"getRZFileName", L"getRZFileName"}));
+}
+
 // The IDE can unload the add-in in whatever runs messages: the call it happens in is the last one.
 struct EndRow {
     MenuItem item;

@@ -288,6 +288,24 @@ TEST_F(ConnectSessionTest, entryThatCouldNotBeListenedTo_isWhenTheStartupIsCompl
     EXPECT_EQ(std::count(ide.journal.begin(), ide.journal.end(), L"Controls.Add(1)"), 1);
 }
 
+TEST_F(ConnectSessionTest, windowsThatCannotBeBuilt_leaveTheSessionRunning)
+{
+    const auto text = backend.on.RZGetString;
+    backend.on.RZGetString = [this, text](int32_t number, char* buffer, int32_t capacity) {
+        if (number == 645) {
+            serverViewWindow() = {};
+            ide.windows->failing(L"CreateToolWindow", Error(errorPermissionDenied));
+        }
+        return text(number, buffer, capacity);
+    };
+    start();
+    EXPECT_FALSE(ide.entry->read(L"Enabled").asBool());
+    EXPECT_EQ(messages, Lines{});
+    EXPECT_FALSE(isSplashScreenLoaded());
+    ide.clickEntry();
+    EXPECT_EQ(backend.calls.size(), 1u);
+}
+
 TEST_F(ConnectSessionTest, failedStart_isReportedOnce)
 {
     load();

@@ -10,9 +10,9 @@ namespace velk {
 // Shows bitmaps to whoever looks at the clipboard, and gives the user's own content back at its end; what another
 // program has put there meanwhile stays. The owner in between is a hidden window of its own.
 //
-// What stands there is kept whole or not touched at all. Keeping it means to ask its owner for what that has only
-// promised so far, so the system's conversions are left to the system, and there are limits: in formats, bytes and
-// time. An owner that does not answer is not asked. What only its own program can make (drawn by the owner, private
+// What stands there is kept as far as it can be, or not touched at all. Keeping it means to ask its owner for what that
+// has only promised so far, so the system's conversions are left to the system, and there are limits: in formats, bytes
+// and time. An owner that does not answer is not asked. What only its own program can make (drawn by the owner, private
 // handles, the marks of an OLE source) cannot be kept, and does not come back.
 class clipboard_keeper {
 public:

@@ -72,6 +72,7 @@ TEST_F(ConnectTest, entryThatIsThere_isNotMadeAgainWhenTheStartupIsComplete)
     load();
     connect->OnStartupComplete(nullptr);
     EXPECT_EQ(std::count(ide.journal.begin(), ide.journal.end(), L"Controls.Add(1)"), 1);
+    EXPECT_EQ(std::count(ide.journal.begin(), ide.journal.end(), L"DTE.Events"), 1);
 }
 
 TEST_F(ConnectTest, startupCompleteAfterTheEnd_makesNoEntry)
@@ -138,6 +139,15 @@ TEST_F(ConnectTest, clickWithoutOpenProject_shows669AndLeavesTheEntryEnabled)
     EXPECT_EQ(messages, Lines{L"No project|0|velkviadd"});
     EXPECT_TRUE(ide.entry->read(L"Enabled").asBool());
     EXPECT_EQ(backend.calls, Calls{});
+}
+
+TEST_F(ConnectTest, clickWithoutOpenProject_readsTheSolutionTwiceAndTheSecondsCount)
+{
+    ide.solution->value(L"Count", variant(int32_t{0}));
+    load();
+    ide.journal.clear();
+    ide.clickEntry();
+    EXPECT_EQ(ide.journal, (Lines{L"DTE.Solution", L"DTE.Solution", L"Solution.Count"}));
 }
 
 TEST_F(ConnectTest, clickAfterAProjectWasOpened_starts)

@@ -212,6 +212,19 @@ TEST_F(IMgrVITest, splash_showsTheTextsOfTheBuildingInOrder)
     EXPECT_EQ(texts, (std::vector<int32_t>{641, 643, 644, 645, 642}));
 }
 
+TEST_F(IMgrVITest, toolbar_isBuiltBeforeTheMenusAndBothBetweenTheirTexts)
+{
+    std::vector<int32_t> texts;
+    const auto text = backend.on.RZGetString;
+    backend.on.RZGetString = [&](int32_t number, char* buffer, int32_t capacity) {
+        if (number == 300 || number == 201 || (number >= 643 && number <= 645))
+            texts.push_back(number);
+        return text(number, buffer, capacity);
+    };
+    manager->createRZUI();
+    EXPECT_EQ(texts, (std::vector<int32_t>{643, 300, 644, 201, 201, 201, 645}));
+}
+
 TEST_F(IMgrVITest, projectShownWhileTheEntriesAreBuilt_leavesTheSplashScreenAway)
 {
     const auto text = backend.on.RZGetString;
@@ -330,16 +343,29 @@ TEST_F(IMgrVITest, viewRequestedWhileTheWindowIsBeingMade_makesNoSecondOne)
     EXPECT_EQ(timesInJournal(L"Document.setupGUI()"), 1);
 }
 
-TEST_F(IMgrVITest, startThatFailsAfterRZInitialize_isUndone)
+// The pump's class is taken, so it cannot be made: the start fails after RZInitialize.
+void failToOpen(const com_ptr<IMgrVI>& manager)
 {
-    // The pump's class is taken, so it cannot be made.
     WNDCLASSW taken{};
     taken.lpfnWndProc = DefWindowProcW;
     taken.hInstance = module::instance();
     taken.lpszClassName = L"velkviadd.notificationThreadFrm";
     ASSERT_TRUE(RegisterClassW(&taken));
-    manager->openRZCommunication();
+    EXPECT_FALSE(SUCCEEDED(manager->openRZCommunication()));
     UnregisterClassW(taken.lpszClassName, taken.hInstance);
+}
+
+TEST_F(IMgrVITest, windowThatWasThereBeforeAFailedStart_stays)
+{
+    manager->createRZUI();
+    failToOpen(manager);
+    EXPECT_EQ(timesInJournal(L"ToolWindow.Close()"), 0);
+    EXPECT_TRUE(serverViewWindow().window);
+}
+
+TEST_F(IMgrVITest, startThatFailsAfterRZInitialize_isUndone)
+{
+    failToOpen(manager);
     EXPECT_EQ(backend.calls.back(), "RZTerminate()");
     EXPECT_EQ(timesInJournal(L"ToolWindow.Close()"), 1);
     EXPECT_EQ(manager->openRZCommunication(), S_OK);

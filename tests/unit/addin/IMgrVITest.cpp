@@ -277,6 +277,15 @@ TEST_F(IMgrVITest, secondManagerAfterTheEndOfTheFirst_getsASession)
     second->deleteRZUI();
 }
 
+TEST_F(IMgrVITest, deleteRZUI_takesTheToolbarAwayWhileTheManagerLives)
+{
+    ide.bars->function(L"Add", [this](const auto&) { return test::asVariant(ide.bar); });
+    ide.bar->value(L"Visible", variant(false))->function(L"Delete", [](const auto&) { return variant(); });
+    manager->createRZUI();
+    manager->deleteRZUI();
+    EXPECT_EQ(timesInJournal(L"Bar.Delete()"), 1);
+}
+
 TEST_F(IMgrVITest, deletionInsideTheBuilding_isHarmless)
 {
     ide.bars->function(L"Add", [this](const auto&) {

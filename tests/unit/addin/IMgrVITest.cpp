@@ -76,6 +76,15 @@ TEST_F(IMgrVITest, minimiseAfterTheUserRestoredByHand_bringsTheUsersStateBack)
     }
 }
 
+TEST_F(IMgrVITest, secondRestore_doesNothing)
+{
+    requests().minimizeVSAppWin();
+    requests().restoreVSAppWinState();
+    ide.mainWindow->value(L"WindowState", variant(int32_t{2})); // by the user
+    requests().restoreVSAppWinState();
+    EXPECT_EQ(windowState(), 2);
+}
+
 TEST_F(IMgrVITest, restoreWithNothingRemembered_doesNothing)
 {
     ide.mainWindow->value(L"WindowState", variant(int32_t{1}));

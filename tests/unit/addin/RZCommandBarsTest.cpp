@@ -43,6 +43,20 @@ TEST_F(RZCommandBarsTest, nothingRefused_everyEntryIsMade)
     EXPECT_THAT(bars.views.captions(), ElementsAre(L"#203", L"#204"));
 }
 
+TEST_F(RZCommandBarsTest, shownView_enablesAndShowsTheThreeEntriesOfTheViews)
+{
+    manager->createRZUI();
+    const std::vector<com_ptr<test::FakeObject>> views{bars.menu.made.at(0), bars.views.made.at(0),
+                                                       bars.views.made.at(1)};
+    for (const com_ptr<test::FakeObject>& view : views)
+        view->value(L"Enabled", variant(false))->value(L"Visible", variant(false));
+    manager->showDevView();
+    for (const com_ptr<test::FakeObject>& view : views) {
+        EXPECT_TRUE(view->read(L"Enabled").asBool());
+        EXPECT_TRUE(view->read(L"Visible").asBool());
+    }
+}
+
 TEST_F(RZCommandBarsTest, viewsThatCannotBeAdded_leaveToolsAndHelp)
 {
     bars.menu.refused = 1;

@@ -185,6 +185,9 @@ void Connect::MenuHandler_Click()
     {
         const UnderWay underWay(*this);
         told = start();
+        // Closed by whoever else has the manager, inside the start; an end of ours closes it in its own order.
+        if (m_session.isOver() && !m_isLeaving)
+            swallow(L"Connect.start", L"the end tries it again", [this] { m_manager->close(); });
     }
     if (told && !m_session.isOver())
         showMessage(*told);

@@ -266,6 +266,17 @@ TEST_F(ConnectSessionTest, sessionThatAScriptClosed_isTakenDownAllTheSame)
     expectNothingLeft();
 }
 
+TEST_F(ConnectSessionTest, startThatAScriptCloses_isClosedWhenTheCallReturns)
+{
+    inside(backend.on.RZInitialize, [this] { documentsManager().tryAs<_IMgrVI>()->closeRZCommunication(); });
+    start();
+    EXPECT_EQ(timesCalled("RZTerminate()"), 1);
+    EXPECT_EQ(messages, Lines{});
+    disconnect();
+    EXPECT_EQ(timesCalled("RZTerminate()"), 1);
+    expectNothingLeft();
+}
+
 TEST_F(ConnectSessionTest, sessionThatAScriptOpenedAgain_isEnded)
 {
     start();

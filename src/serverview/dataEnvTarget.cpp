@@ -7,9 +7,8 @@
 
 namespace velk {
 
-bool askDataEnvTarget(const IntegrationMgr& manager, bool forCommand, DataEnvTarget& target)
+bool askDataEnvTarget(const IntegrationMgr& manager, const CommandLife& life, bool forCommand, DataEnvTarget& target)
 {
-    const CommandLife life(manager);
     if (life.isOver())
         return false;
     conLstCtl& dialog = connectionDialog();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/IntegrationMgr.h"
+#include "serverview/publishedView.h"
 
 #include <string>
 
@@ -15,6 +15,7 @@ struct DataEnvTarget {
 };
 
 // Asks the user by the connection dialog; true after OK, with the user's choices. The dialog is unloaded in every case.
-bool askDataEnvTarget(const IntegrationMgr& manager, bool forCommand, DataEnvTarget& target);
+// Where the command's life is over, before or while the manager is asked, no dialog opens.
+bool askDataEnvTarget(const IntegrationMgr& manager, const CommandLife& life, bool forCommand, DataEnvTarget& target);
 
 } // namespace velk

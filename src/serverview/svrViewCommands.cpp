@@ -46,19 +46,21 @@ void addCode(const IntegrationMgr& manager, int32_t handle)
 
 void addConnectionObject(const IntegrationMgr& manager, int32_t handle)
 {
+    const CommandLife life(manager);
     if (!manager.getModel().existsDataEnvObjs())
         return tell(manager.session(), getRZString(noConnectionEnvironmentText));
     DataEnvTarget target{L"RZConnection", {}, {}, {}};
-    if (askDataEnvTarget(manager, false, target))
+    if (askDataEnvTarget(manager, life, false, target))
         RZConnectionDoGetDE(handle, target.projName, target.dataenvName, target.name);
 }
 
 void addCommandObject(const IntegrationMgr& manager, int32_t handle)
 {
+    const CommandLife life(manager);
     if (!manager.getModel().existsDataEnvObjs())
         return tell(manager.session(), getRZString(noCommandEnvironmentText));
     DataEnvTarget target{L"RZCommand", {}, {}, {}};
-    if (askDataEnvTarget(manager, true, target))
+    if (askDataEnvTarget(manager, life, true, target))
         RZCommandDoGetDE(handle, target.projName, target.dataenvName, target.conName, target.name);
 }
 

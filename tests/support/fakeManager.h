@@ -22,6 +22,7 @@ public:
     bool hasDataEnvironment = false;
     std::wstring project;
     std::wstring component;
+    std::function<void()> whileDataEnvironmentIsSought; // runs inside existsDataEnvObjs
 
     STDMETHODIMP insertClientCode(BSTR* code, BSTR* proj, BSTR* comp) noexcept override
     {
@@ -45,6 +46,8 @@ public:
     }
     STDMETHODIMP existsDataEnvObjs(VARIANT_BOOL* exist) noexcept override
     {
+        if (whileDataEnvironmentIsSought)
+            whileDataEnvironmentIsSought();
         *exist = hasDataEnvironment ? VARIANT_TRUE : VARIANT_FALSE;
         return failWith;
     }

@@ -127,6 +127,21 @@ TEST_F(DataEnvironmentTest, cancelledDialog_callsNoBackendFunctionAndIsUnloaded)
     EXPECT_FALSE(connectionDialog().isLoaded());
 }
 
+TEST_F(DataEnvironmentTest, viewThatGoesWhileTheDataEnvironmentIsSought_opensNoDialog)
+{
+    auto other = std::make_unique<svrViewCtl>();
+    other->create(host, {0, 0, 400, 300});
+    other->setIMgr(IntegrationMgr(com_ptr<_IntegrationMgr>(manager.get())));
+    other->setupGUI();
+    addProject();
+    other->serverTreeView().select(L"K10");
+    backend.calls.clear();
+    manager->model->whileDataEnvironmentIsSought = [&] { other.reset(); };
+    pressWhenShown(conLstCtl::okBtn);
+    other->clickMenuItem(adoConObjMnuItem);
+    EXPECT_EQ(backend.calls, Calls{});
+}
+
 TEST_F(CommandsTest, openedProject_closesTheLoadedOneFirst)
 {
     chosenFile = L"D:\\other\\new.rzv";

@@ -19,8 +19,8 @@ protected:
         pressed() = button;
         const UINT_PTR user = SetTimer(nullptr, 0, 10, press);
         const scope_exit gone([&] { KillTimer(nullptr, user); });
-        const bool answer =
-            askDataEnvTarget(IntegrationMgr(com_ptr<_IntegrationMgr>(manager.get()), session), forCommand, target);
+        const IntegrationMgr managed(com_ptr<_IntegrationMgr>(manager.get()), session);
+        const bool answer = askDataEnvTarget(managed, CommandLife(managed), forCommand, target);
         KillTimer(nullptr, user);
         return answer;
     }

@@ -27,6 +27,7 @@ protected:
         SetEnvironmentVariableW(variableName, nullptr);
         RegDeleteKeyW(HKEY_CURRENT_USER, keyPath);
         DeleteFileW(L"value.log");
+        DeleteFileW(L"value2");
         DeleteFileW(L"variable.log");
     }
     static void setValue(const std::wstring& text)
@@ -66,6 +67,15 @@ TEST_F(TraceSettingsTest, valueWithTheFinerMark_addsTheCallsToTheSameFile)
     beginTrace();
     EXPECT_TRUE(trace::isOn(trace::Level::calls));
     EXPECT_TRUE(exists(L"value.log"));
+}
+
+TEST_F(TraceSettingsTest, valueThatEndsInTwo_isAFilesNameWithoutAMark)
+{
+    setValue(L"value2");
+    beginTrace();
+    EXPECT_TRUE(trace::isOn(trace::Level::failures));
+    EXPECT_FALSE(trace::isOn(trace::Level::calls));
+    EXPECT_TRUE(exists(L"value2"));
 }
 
 TEST_F(TraceSettingsTest, variableAndValue_theVariableCounts)

@@ -1,5 +1,7 @@
 #include "devkit/automation/memberObject.h"
 
+#include "com/com_boundary.h"
+
 #include <cwchar>
 #include <sstream>
 

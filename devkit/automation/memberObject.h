@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/com_object.h"
-#include "platform/variant.h"
+#include "com/com_object.h"
+#include "com/variant.h"
 
 #include <span>
 #include <string>

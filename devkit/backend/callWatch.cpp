@@ -1,7 +1,7 @@
 #include "devkit/backend/callWatch.h"
 
+#include "base/boundary.h"
 #include "devkit/backend/systemFile.h"
-#include "platform/boundary.h"
 
 namespace velk::devkit {
 namespace {

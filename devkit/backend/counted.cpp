@@ -1,7 +1,7 @@
 #include "devkit/backend/counted.h"
 
-#include "platform/text.h"
-#include "platform/win32.h"
+#include "base/text.h"
+#include "base/win32.h"
 
 #include <algorithm>
 #include <cstring>

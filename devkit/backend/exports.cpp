@@ -1,7 +1,7 @@
 // The library's exports: each one forwards to the desk, and no exception leaves it.
+#include "base/boundary.h"
 #include "devkit/backend/callWatch.h"
 #include "devkit/backend/desk.h"
-#include "platform/boundary.h"
 
 #include <string_view>
 

@@ -1,7 +1,7 @@
 #include "devkit/backend/journal.h"
 
+#include "base/boundary.h"
 #include "devkit/backend/systemFile.h"
-#include "platform/boundary.h"
 
 #include <algorithm>
 #include <cwctype>

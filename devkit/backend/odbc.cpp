@@ -1,6 +1,6 @@
 #include "devkit/backend/odbc.h"
 
-#include "platform/unique_any.h"
+#include "base/unique_any.h"
 
 namespace velk::devkit {
 namespace {

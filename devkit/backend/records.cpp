@@ -1,6 +1,6 @@
 #include "devkit/backend/records.h"
 
-#include "platform/text.h"
+#include "base/text.h"
 
 #include <cstddef>
 

@@ -1,8 +1,8 @@
 // The part of a session that reads folders and watches the current one.
+#include "base/win32.h"
 #include "devkit/backend/messages.h"
 #include "devkit/backend/session.h"
 #include "devkit/backend/sessionState.h"
-#include "platform/win32.h"
 
 #include <cwctype>
 #include <string_view>

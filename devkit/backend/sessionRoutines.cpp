@@ -1,11 +1,11 @@
 // The part of a session that works on single objects: source, build, run, drop, contents, facts.
+#include "base/unique_any.h"
 #include "devkit/backend/messages.h"
 #include "devkit/backend/routineBody.h"
 #include "devkit/backend/routineSource.h"
 #include "devkit/backend/session.h"
 #include "devkit/backend/sessionState.h"
 #include "devkit/backend/systemFile.h"
-#include "platform/unique_any.h"
 
 #include <algorithm>
 #include <cwchar>

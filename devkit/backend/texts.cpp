@@ -1,7 +1,7 @@
 #include "devkit/backend/texts.h"
 
+#include "base/module.h"
 #include "devkit/backend/systemFile.h"
-#include "platform/module.h"
 
 #include <cwchar>
 

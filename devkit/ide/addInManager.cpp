@@ -1,8 +1,8 @@
 #include "devkit/ide/addInManager.h"
 
+#include "com/automation.h"
 #include "devkit/ide/extensibility.h"
 #include "devkit/ide/recorder.h"
-#include "platform/automation.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #include "devkit/ide/automated.h"
 
+#include "base/text.h"
 #include "devkit/ide/recorder.h"
 #include "devkit/ide/reentry.h"
-#include "platform/text.h"
 
 namespace velk::devkit {
 namespace {

@@ -1,5 +1,7 @@
 #include "devkit/ide/clickSource.h"
 
+#include "com/com_boundary.h"
+
 #include "devkit/ide/recorder.h"
 #include "devkit/ide/reentry.h"
 

@@ -1,6 +1,7 @@
 #include "devkit/ide/commandBars.h"
 
-#include "platform/never_destroyed.h"
+#include "base/never_destroyed.h"
+#include "com/com_boundary.h"
 
 #include <algorithm>
 #include <cwchar>

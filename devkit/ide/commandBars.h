@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/unique_any.h"
 #include "devkit/ide/automated.h"
-#include "platform/unique_any.h"
 
 #include <functional>
 

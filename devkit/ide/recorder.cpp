@@ -1,7 +1,7 @@
 #include "devkit/ide/recorder.h"
 
+#include "base/never_destroyed.h"
 #include "devkit/ide/textFile.h"
-#include "platform/never_destroyed.h"
 
 #include <sstream>
 

@@ -1,7 +1,7 @@
 #include "devkit/ide/reentry.h"
 
-#include "platform/boundary.h"
-#include "platform/never_destroyed.h"
+#include "base/boundary.h"
+#include "base/never_destroyed.h"
 
 #include <cwchar>
 

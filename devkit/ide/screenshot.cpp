@@ -1,7 +1,7 @@
 #include "devkit/ide/screenshot.h"
 
-#include "platform/error.h"
-#include "platform/unique_any.h"
+#include "base/error.h"
+#include "base/unique_any.h"
 
 namespace velk::devkit {
 namespace {

@@ -3,7 +3,7 @@
 #include "devkit/ide/addInManager.h"
 #include "devkit/ide/menus.h"
 #include "devkit/ide/toolbars.h"
-#include "platform/window.h"
+#include "window/window.h"
 
 namespace velk::devkit {
 

@@ -1,8 +1,8 @@
 #include "devkit/ide/stepWatch.h"
 
+#include "base/boundary.h"
 #include "devkit/ide/probe.h"
 #include "devkit/ide/screenshot.h"
-#include "platform/boundary.h"
 
 #include <commctrl.h>
 

@@ -1,6 +1,6 @@
 #include "devkit/ide/textFile.h"
 
-#include "platform/unique_any.h"
+#include "base/unique_any.h"
 
 namespace velk::devkit {
 

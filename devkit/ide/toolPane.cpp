@@ -1,7 +1,8 @@
 #include "devkit/ide/toolPane.h"
 
+#include "base/error.h"
+#include "com/com_boundary.h"
 #include "devkit/ide/looks.h"
-#include "platform/error.h"
 
 #include <ocidl.h>
 #include <oleidl.h>

@@ -1,6 +1,8 @@
 // The entry points of the stand-in's DLL.
 
 #include "devkit/sourcesafe/registration.h"
+
+#include "com/com_boundary.h"
 #include "devkit/sourcesafe/VSSDatabase.h"
 
 using namespace velk;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/error.h"
+#include "base/error.h"
 
 #include <string>
 

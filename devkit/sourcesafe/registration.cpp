@@ -1,8 +1,8 @@
 #include "devkit/sourcesafe/registration.h"
 
-#include "platform/boundary.h"
-#include "platform/module.h"
-#include "platform/registry.h"
+#include "base/boundary.h"
+#include "base/module.h"
+#include "base/registry.h"
 
 namespace velk::devkit::vss {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/win32.h"
+#include "base/win32.h"
 
 namespace velk::devkit::vss {
 

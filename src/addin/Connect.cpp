@@ -4,8 +4,9 @@
 #include "addin/startFailure.h"
 #include "addin/traceSettings.h"
 #include "backend/texts.h"
-#include "platform/automation.h"
-#include "platform/text.h"
+#include "base/text.h"
+#include "com/automation.h"
+#include "com/com_boundary.h"
 #include "ui/messageBox.h"
 #include "ui/uiFont.h"
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "addin/IMgrVI.h"
-#include "platform/com_object.h"
-#include "platform/event_sink.h"
-#include "platform/session.h"
+#include "base/session.h"
+#include "com/com_object.h"
+#include "com/event_sink.h"
 
 #include <optional>
 #include <string>

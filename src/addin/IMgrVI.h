@@ -2,11 +2,11 @@
 
 #include "addin/IdeWindow.h"
 #include "addin/RZCommandBars.h"
+#include "base/session.h"
+#include "com/com_object.h"
 #include "model/IntegrationMgr.h"
 #include "model/ModelUtilVI.h"
 #include "notify/notificationThreadFrm.h"
-#include "platform/com_object.h"
-#include "platform/session.h"
 
 #include <memory>
 #include <string>

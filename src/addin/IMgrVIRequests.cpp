@@ -1,7 +1,8 @@
 // What the rest of the add-in asks of the IDE through the integration manager.
 
 #include "addin/IMgrVI.h"
-#include "platform/automation.h"
+#include "com/automation.h"
+#include "com/com_boundary.h"
 
 namespace velk {
 namespace {

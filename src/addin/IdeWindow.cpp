@@ -1,7 +1,7 @@
 #include "addin/IdeWindow.h"
 
-#include "platform/automation.h"
-#include "platform/boundary.h"
+#include "base/boundary.h"
+#include "com/automation.h"
 
 namespace velk {
 namespace {

@@ -3,9 +3,9 @@
 #include "addin/commandBarEntry.h"
 #include "addin/ownToolbar.h"
 #include "backend/texts.h"
-#include "platform/automation.h"
-#include "platform/boundary.h"
-#include "platform/unique_any.h"
+#include "base/boundary.h"
+#include "base/unique_any.h"
+#include "com/automation.h"
 
 #include <cwchar>
 #include <span>

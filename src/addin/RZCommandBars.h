@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/com_ptr.h"
-#include "platform/event_sink.h"
-#include "platform/session.h"
+#include "base/session.h"
+#include "com/com_ptr.h"
+#include "com/event_sink.h"
 
 #include <memory>
 #include <span>

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "addin/classes.h"
-#include "platform/com_object.h"
+#include "com/com_boundary.h"
+#include "com/com_object.h"
 
 namespace velk {
 

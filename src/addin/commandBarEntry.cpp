@@ -1,9 +1,9 @@
 #include "addin/commandBarEntry.h"
 
 #include "backend/texts.h"
-#include "platform/automation.h"
-#include "platform/boundary.h"
-#include "platform/picture.h"
+#include "base/boundary.h"
+#include "com/automation.h"
+#include "com/picture.h"
 
 namespace velk {
 

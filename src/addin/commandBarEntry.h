@@ -1,10 +1,10 @@
 #pragma once
 
-#include "platform/clipboard.h"
-#include "platform/com_ptr.h"
-#include "platform/event_sink.h"
-#include "platform/session.h"
-#include "platform/win32.h"
+#include "base/session.h"
+#include "base/win32.h"
+#include "com/com_ptr.h"
+#include "com/event_sink.h"
+#include "window/clipboard.h"
 
 #include <cstdint>
 #include <string_view>

@@ -1,7 +1,7 @@
 #include "addin/RZCommandBars.h"
 #include "backend/calls.h"
-#include "platform/boundary.h"
-#include "platform/text.h"
+#include "base/boundary.h"
+#include "base/text.h"
 #include "ui/RZfrmAbout.h"
 
 namespace velk {

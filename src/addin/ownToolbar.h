@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/com_ptr.h"
-#include "platform/session.h"
+#include "base/session.h"
+#include "com/com_ptr.h"
 
 #include <string>
 

@@ -1,11 +1,11 @@
 #include "addin/registration.h"
 
 #include "addin/classes.h"
-#include "platform/boundary.h"
-#include "platform/bstr.h"
-#include "platform/dispatch.h"
-#include "platform/module.h"
-#include "platform/registry.h"
+#include "base/module.h"
+#include "base/registry.h"
+#include "com/bstr.h"
+#include "com/com_boundary.h"
+#include "com/dispatch.h"
 
 #include <array>
 #include <optional>

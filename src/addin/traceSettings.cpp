@@ -1,10 +1,10 @@
 #include "addin/traceSettings.h"
 
-#include "platform/boundary.h"
-#include "platform/module.h"
-#include "platform/text.h"
-#include "platform/trace.h"
-#include "platform/unique_any.h"
+#include "base/boundary.h"
+#include "base/module.h"
+#include "base/text.h"
+#include "base/trace.h"
+#include "base/unique_any.h"
 
 #include <array>
 

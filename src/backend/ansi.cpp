@@ -1,6 +1,6 @@
 #include "backend/ansi.h"
 
-#include "platform/error.h"
+#include "base/error.h"
 
 #include <algorithm>
 #include <cstring>

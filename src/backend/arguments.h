@@ -4,7 +4,7 @@
 #include "backend/text_face.h"
 #include "backend/wire_copy.h"
 
-#include "platform/bstr.h"
+#include "com/bstr.h"
 
 #include <cstdint>
 #include <string>

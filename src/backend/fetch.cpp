@@ -2,7 +2,7 @@
 
 #include "backend/calls.h"
 
-#include "platform/boundary.h"
+#include "base/boundary.h"
 
 #include <limits>
 

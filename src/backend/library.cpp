@@ -2,12 +2,12 @@
 
 #include "backend/library_search.h"
 
-#include "platform/boundary.h"
-#include "platform/error.h"
-#include "platform/never_destroyed.h"
-#include "platform/text.h"
-#include "platform/trace.h"
-#include "platform/unique_any.h"
+#include "base/boundary.h"
+#include "base/error.h"
+#include "base/never_destroyed.h"
+#include "base/text.h"
+#include "base/trace.h"
+#include "base/unique_any.h"
 
 #include <array>
 #include <cstring>

@@ -1,7 +1,7 @@
 #include "backend/library_search.h"
 
-#include "platform/module.h"
-#include "platform/win32.h"
+#include "base/module.h"
+#include "base/win32.h"
 
 namespace velk {
 namespace {

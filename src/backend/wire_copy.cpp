@@ -1,6 +1,6 @@
 #include "backend/wire_copy.h"
 
-#include "backend/paths.h"
+#include "base/paths.h"
 
 #include <algorithm>
 #include <cstring>

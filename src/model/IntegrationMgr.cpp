@@ -1,8 +1,9 @@
 #include "model/IntegrationMgr.h"
 
-#include "model/stringArrays.h"
-#include "platform/bstr.h"
-#include "platform/error.h"
+#include "base/error.h"
+#include "com/bstr.h"
+#include "com/com_boundary.h"
+#include "com/string_arrays.h"
 
 namespace velk {
 namespace {

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "base/session.h"
+#include "com/com_ptr.h"
 #include "model/ModelUtil.h"
-#include "platform/com_ptr.h"
-#include "platform/session.h"
 
 #include <cstdint>
 #include <string>

@@ -1,7 +1,8 @@
 #include "model/ModelUtil.h"
 
-#include "platform/bstr.h"
-#include "platform/error.h"
+#include "base/error.h"
+#include "com/bstr.h"
+#include "com/com_boundary.h"
 
 namespace velk {
 

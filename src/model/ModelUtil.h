@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/com_ptr.h"
+#include "com/com_ptr.h"
 
 #include <cstdint>
 #include <string>

@@ -1,8 +1,8 @@
 #include "model/ModelUtilVI.h"
 
-#include "platform/automation.h"
-#include "platform/boundary.h"
-#include "platform/send_keys.h"
+#include "com/automation.h"
+#include "com/com_boundary.h"
+#include "window/send_keys.h"
 
 namespace velk {
 namespace {

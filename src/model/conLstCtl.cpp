@@ -1,8 +1,8 @@
 #include "model/conLstCtl.h"
 
 #include "backend/texts.h"
-#include "platform/never_destroyed.h"
-#include "platform/text.h"
+#include "base/never_destroyed.h"
+#include "base/text.h"
 #include "ui/formFont.h"
 #include "ui/messageBox.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/IntegrationMgr.h"
-#include "platform/dialog.h"
+#include "window/dialog.h"
 
 #include <initializer_list>
 #include <string>

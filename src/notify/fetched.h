@@ -1,8 +1,8 @@
 #pragma once
 
 #include "backend/fetch.h"
-#include "platform/error.h"
-#include "platform/session.h"
+#include "base/error.h"
+#include "base/session.h"
 
 namespace velk {
 

@@ -2,9 +2,9 @@
 #include "notify/handlers.h"
 
 #include "backend/texts.h"
+#include "base/text.h"
+#include "base/unique_any.h"
 #include "notify/kinds.h"
-#include "platform/text.h"
-#include "platform/unique_any.h"
 #include "serverview/viewAPIs.h"
 #include "ui/splashscrnFrm.h"
 

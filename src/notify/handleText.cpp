@@ -3,7 +3,7 @@
 #include "notify/prompts.h"
 
 #include "backend/texts.h"
-#include "platform/unique_any.h"
+#include "base/unique_any.h"
 #include "ui/messageBox.h"
 #include "ui/splashscrnFrm.h"
 

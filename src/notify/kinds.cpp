@@ -1,9 +1,9 @@
 #include "notify/kinds.h"
 
 #include "backend/calls.h"
+#include "base/boundary.h"
+#include "base/unique_any.h"
 #include "notify/fetched.h"
-#include "platform/boundary.h"
-#include "platform/unique_any.h"
 #include "serverview/viewAPIs.h"
 
 namespace velk {

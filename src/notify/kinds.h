@@ -1,7 +1,7 @@
 #pragma once
 
 #include "backend/records.h"
-#include "platform/session.h"
+#include "base/session.h"
 
 #include <cstdint>
 

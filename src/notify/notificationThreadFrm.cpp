@@ -2,10 +2,10 @@
 
 #include "backend/calls.h"
 #include "backend/texts.h"
+#include "base/boundary.h"
+#include "base/text.h"
+#include "base/unique_any.h"
 #include "notify/handlers.h"
-#include "platform/boundary.h"
-#include "platform/text.h"
-#include "platform/unique_any.h"
 #include "ui/messageBox.h"
 
 namespace velk {

@@ -2,7 +2,7 @@
 
 #include "backend/records.h"
 #include "model/IntegrationMgr.h"
-#include "platform/window.h"
+#include "window/window.h"
 
 #include <memory>
 

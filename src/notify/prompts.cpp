@@ -1,7 +1,7 @@
 #include "notify/prompts.h"
 
 #include "backend/calls.h"
-#include "platform/error.h"
+#include "base/error.h"
 #include "ui/messageBox.h"
 
 #include <iterator>

@@ -1,9 +1,9 @@
 #include "scc/VSSAPI.h"
 
 #include "backend/texts.h"
-#include "platform/automation.h"
-#include "platform/boundary.h"
-#include "platform/never_destroyed.h"
+#include "base/boundary.h"
+#include "base/never_destroyed.h"
+#include "com/automation.h"
 #include "ui/messageBox.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 // What the registry tells about SourceSafe. The ANSI functions, because SourceSafe writes its entries so.
 
-#include "platform/registry.h"
+#include "base/registry.h"
 #include "scc/VSSAPI.h"
 
 namespace velk {

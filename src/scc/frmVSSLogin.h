@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/dialog.h"
 #include "scc/VSSAPI.h"
+#include "window/dialog.h"
 
 namespace velk {
 

@@ -1,6 +1,6 @@
 #include "serverview/DetailsList.h"
 
-#include "platform/boundary.h"
+#include "base/boundary.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/list_view.h"
-#include "platform/unique_any.h"
+#include "base/unique_any.h"
 #include "serverview/RowModel.h"
+#include "window/list_view.h"
 
 #include <functional>
 #include <map>

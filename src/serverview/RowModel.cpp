@@ -1,6 +1,6 @@
 #include "serverview/RowModel.h"
 
-#include "platform/error.h"
+#include "base/error.h"
 
 #include <algorithm>
 #include <cwchar>

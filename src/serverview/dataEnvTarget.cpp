@@ -1,8 +1,8 @@
 #include "serverview/dataEnvTarget.h"
 
+#include "base/text.h"
+#include "base/unique_any.h"
 #include "model/conLstCtl.h"
-#include "platform/text.h"
-#include "platform/unique_any.h"
 #include "serverview/publishedView.h"
 
 namespace velk {

@@ -1,8 +1,8 @@
 #include "serverview/popupMenus.h"
 
 #include "backend/texts.h"
-#include "platform/text.h"
-#include "platform/variant.h"
+#include "base/text.h"
+#include "com/variant.h"
 
 #include <algorithm>
 

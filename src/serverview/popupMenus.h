@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/menu.h"
 #include "serverview/menuRows.h"
+#include "window/menu.h"
 
 #include <array>
 #include <functional>

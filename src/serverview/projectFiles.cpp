@@ -1,8 +1,8 @@
 #include "serverview/projectFiles.h"
 
 #include "backend/calls.h"
-#include "backend/paths.h"
 #include "backend/texts.h"
+#include "base/paths.h"
 #include "serverview/publishedView.h"
 #include "ui/fileChooserForm.h"
 

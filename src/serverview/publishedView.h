@@ -1,9 +1,9 @@
 #pragma once
 
 #include "model/IntegrationMgr.h"
-#include "platform/image_list.h"
-#include "platform/tree_view.h"
 #include "serverview/DetailsList.h"
+#include "window/image_list.h"
+#include "window/tree_view.h"
 
 namespace velk {
 

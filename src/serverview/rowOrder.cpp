@@ -1,9 +1,9 @@
 // The order of the rows: by a column, or as the Backend gave them.
 
-#include "platform/text.h"
+#include "base/text.h"
 #include "serverview/RowModel.h"
 
-#include "platform/win32.h"
+#include "base/win32.h"
 
 #include <algorithm>
 #include <numeric>

@@ -1,7 +1,7 @@
 #include "serverview/serverViewDoc.h"
 
-#include "platform/boundary.h"
-#include "platform/never_destroyed.h"
+#include "base/never_destroyed.h"
+#include "com/com_boundary.h"
 #include "ui/uiFont.h"
 
 namespace velk {

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "com/com_object.h"
+#include "com/document_object.h"
 #include "model/IntegrationMgr.h"
-#include "platform/com_object.h"
-#include "platform/document_object.h"
-#include "platform/window.h"
 #include "serverview/svrViewCtl.h"
+#include "window/window.h"
 
 #include <memory>
 #include <typelib/velkviadd.h>

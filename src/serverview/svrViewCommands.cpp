@@ -3,10 +3,10 @@
 
 #include "backend/calls.h"
 #include "backend/texts.h"
+#include "base/boundary.h"
+#include "base/text.h"
+#include "base/unique_any.h"
 #include "model/conLstCtl.h"
-#include "platform/boundary.h"
-#include "platform/text.h"
-#include "platform/unique_any.h"
 #include "scc/frmVSSLogin.h"
 #include "scc/VSSAPI.h"
 #include "serverview/dataEnvTarget.h"

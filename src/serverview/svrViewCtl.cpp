@@ -2,8 +2,8 @@
 
 #include "backend/calls.h"
 #include "backend/texts.h"
-#include "platform/boundary.h"
-#include "platform/text.h"
+#include "base/boundary.h"
+#include "base/text.h"
 #include "scc/VSSAPI.h"
 #include "serverview/kinds.h"
 #include "serverview/publishedView.h"

@@ -1,13 +1,13 @@
 #pragma once
 
+#include "base/unique_any.h"
 #include "model/IntegrationMgr.h"
-#include "platform/image_list.h"
-#include "platform/tree_view.h"
-#include "platform/unique_any.h"
-#include "platform/window.h"
 #include "serverview/DetailsList.h"
 #include "serverview/popupMenus.h"
 #include "serverview/splitter.h"
+#include "window/image_list.h"
+#include "window/tree_view.h"
+#include "window/window.h"
 
 #include <map>
 #include <memory>

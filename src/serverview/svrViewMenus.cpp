@@ -1,6 +1,6 @@
 // When the server view's context menus open, and which keys stand for their items.
 
-#include "platform/text.h"
+#include "base/text.h"
 #include "serverview/kinds.h"
 #include "serverview/svrViewCtl.h"
 

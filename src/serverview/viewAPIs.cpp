@@ -1,8 +1,8 @@
 #include "serverview/viewAPIs.h"
 
-#include "platform/boundary.h"
-#include "platform/never_destroyed.h"
-#include "platform/text.h"
+#include "base/boundary.h"
+#include "base/never_destroyed.h"
+#include "base/text.h"
 #include "serverview/kinds.h"
 #include "serverview/publishedView.h"
 

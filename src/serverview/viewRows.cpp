@@ -1,7 +1,7 @@
 // The rows of the details list: which fields of a record stand in which column.
 
-#include "platform/boundary.h"
-#include "platform/text.h"
+#include "base/boundary.h"
+#include "base/text.h"
 #include "serverview/publishedView.h"
 #include "serverview/viewAPIs.h"
 

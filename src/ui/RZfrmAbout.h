@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/dialog.h"
+#include "window/dialog.h"
 
 namespace velk {
 

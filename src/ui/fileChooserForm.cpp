@@ -1,7 +1,7 @@
 #include "ui/fileChooserForm.h"
 
-#include "platform/module.h"
-#include "platform/never_destroyed.h"
+#include "base/module.h"
+#include "base/never_destroyed.h"
 #include "ui/messageBox.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "ui/messageBox.h"
 
-#include "platform/dialog.h"
-#include "platform/module.h"
-#include "platform/never_destroyed.h"
+#include "base/module.h"
+#include "base/never_destroyed.h"
+#include "window/dialog.h"
 
 namespace velk {
 namespace {

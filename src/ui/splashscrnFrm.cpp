@@ -1,10 +1,10 @@
 #include "ui/splashscrnFrm.h"
 
 #include "backend/texts.h"
-#include "platform/boundary.h"
-#include "platform/module.h"
-#include "platform/never_destroyed.h"
-#include "platform/picture.h"
+#include "base/boundary.h"
+#include "base/module.h"
+#include "base/never_destroyed.h"
+#include "com/picture.h"
 #include "ui/messageBox.h"
 #include "ui/uiFont.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/com_ptr.h"
-#include "platform/unique_any.h"
-#include "platform/window.h"
+#include "base/unique_any.h"
+#include "com/com_ptr.h"
+#include "window/window.h"
 
 #include <cstdint>
 #include <string>

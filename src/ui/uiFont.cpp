@@ -1,7 +1,7 @@
 #include "ui/uiFont.h"
 
-#include "platform/error.h"
-#include "platform/never_destroyed.h"
+#include "base/error.h"
+#include "base/never_destroyed.h"
 
 #include <algorithm>
 #include <string_view>

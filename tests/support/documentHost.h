@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/com_object.h"
+#include "com/com_object.h"
 
 #include <docobj.h>
 #include <functional>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/boundary.h"
+#include "base/boundary.h"
 
 #include <string>
 #include <utility>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "backend/records.h"
-#include "platform/unique_any.h"
+#include "base/unique_any.h"
 #include "support/fake_backend/counted.h"
 #include "support/fake_backend/hooks.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "model/stringArrays.h"
-#include "platform/bstr.h"
-#include "platform/com_object.h"
+#include "com/bstr.h"
+#include "com/com_object.h"
+#include "com/string_arrays.h"
 
 #include <functional>
 #include <map>

@@ -1,6 +1,6 @@
 #include "support/folders.h"
 
-#include "platform/win32.h"
+#include "base/win32.h"
 
 namespace velk::test {
 

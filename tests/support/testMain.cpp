@@ -1,4 +1,4 @@
-#include "platform/win32.h"
+#include "base/win32.h"
 
 #include <gmock/gmock.h>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/bstr.h"
-#include "platform/com_ptr.h"
-#include "platform/unique_any.h"
+#include "base/unique_any.h"
+#include "com/bstr.h"
+#include "com/com_ptr.h"
 
 #include <gtest/gtest.h>
 #include <set>

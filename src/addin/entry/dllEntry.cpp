@@ -3,7 +3,8 @@
 #include "addin/classFactory.h"
 #include "addin/registration.h"
 #include "backend/library.h"
-#include "platform/dispatch.h"
+#include "com/com_boundary.h"
+#include "com/dispatch.h"
 #include "scc/VSSAPI.h"
 
 using namespace velk;

@@ -1,7 +1,7 @@
 // What the run-time libraries of the compiler import and Windows XP does not have. Defining the import's address here
 // keeps it out of the DLL's import table, without which the DLL would not load there.
 
-#include "platform/win32.h"
+#include "base/win32.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "devkit/backend/sampleBackend.h"
 
+#include "base/module.h"
 #include "devkit/backend/odbc.h"
 #include "devkit/backend/systemFile.h"
-#include "platform/module.h"
 #include "support/folders.h"
 
 #include <sstream>

@@ -4,7 +4,7 @@
 #include "backend/fetch.h"
 #include "backend/records.h"
 #include "backend/texts.h"
-#include "platform/win32.h"
+#include "base/win32.h"
 
 #include <gmock/gmock.h>
 

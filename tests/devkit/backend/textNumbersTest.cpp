@@ -1,6 +1,6 @@
+#include "base/module.h"
 #include "devkit/backend/systemFile.h"
 #include "devkit/backend/texts.h"
-#include "platform/module.h"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,5 @@
+#include "com/event_sink.h"
 #include "ideFixture.h"
-#include "platform/event_sink.h"
 
 namespace velk::devkit {
 namespace {

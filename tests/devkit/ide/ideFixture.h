@@ -1,8 +1,8 @@
 #pragma once
 
+#include "com/automation.h"
 #include "devkit/ide/recorder.h"
 #include "devkit/ide/shell.h"
-#include "platform/automation.h"
 
 #include <gmock/gmock.h>
 

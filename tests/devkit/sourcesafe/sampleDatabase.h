@@ -1,11 +1,11 @@
 #pragma once
 
+#include "base/error.h"
+#include "base/registry.h"
+#include "base/unique_any.h"
+#include "com/automation.h"
 #include "devkit/sourcesafe/files.h"
 #include "devkit/sourcesafe/registration.h"
-#include "platform/automation.h"
-#include "platform/error.h"
-#include "platform/registry.h"
-#include "platform/unique_any.h"
 
 #include <functional>
 #include <gmock/gmock.h>

@@ -1,7 +1,7 @@
 // What the connection dialog's lists ask for, and what is left of them when the manager does not answer.
 #include "conLstCtlFixture.h"
 
-#include "platform/error.h"
+#include "base/error.h"
 
 namespace velk {
 namespace {

@@ -1,5 +1,5 @@
+#include "base/unique_any.h"
 #include "model/ModelUtilVI.h"
-#include "platform/unique_any.h"
 #include "support/fakeObject.h"
 
 #include <gtest/gtest.h>

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "model/conLstCtl.h"
-#include "platform/menu.h"
 #include "support/fakeManager.h"
 #include "ui/fileChooserForm.h"
 #include "ui/messageBox.h"
 #include "viewFixture.h"
+#include "window/menu.h"
 
 namespace velk::test {
 

@@ -1,6 +1,6 @@
 #include "commandsFixture.h"
 
-#include "platform/error.h"
+#include "base/error.h"
 
 namespace velk {
 namespace {

@@ -1,6 +1,6 @@
 #include "serverview/dataEnvTarget.h"
+#include "base/unique_any.h"
 #include "commandsFixture.h"
-#include "platform/unique_any.h"
 
 namespace velk {
 namespace {

@@ -1,6 +1,6 @@
-#include "platform/menu.h"
 #include "serverview/popupMenus.h"
 #include "support/fakeBackend.h"
+#include "window/menu.h"
 
 #include <gmock/gmock.h>
 

@@ -1,7 +1,7 @@
 // The order of what is asked of manager, file dialog, IDE project and tool, in one journal; and where it stops.
 #include "serverview/projectFiles.h"
+#include "base/text.h"
 #include "commandsFixture.h"
-#include "platform/text.h"
 
 namespace velk {
 namespace {

@@ -1,5 +1,5 @@
 #include "ui/RZfrmAbout.h"
-#include "platform/module.h"
+#include "base/module.h"
 #include "support/fakeBackend.h"
 #include "ui/uiFont.h"
 

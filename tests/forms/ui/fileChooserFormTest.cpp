@@ -1,5 +1,5 @@
 #include "ui/fileChooserForm.h"
-#include "platform/module.h"
+#include "base/module.h"
 
 #include <gtest/gtest.h>
 

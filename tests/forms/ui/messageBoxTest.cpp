@@ -1,8 +1,8 @@
 #include "ui/messageBox.h"
 
-#include "platform/dialog.h"
-#include "platform/unique_any.h"
+#include "base/unique_any.h"
 #include "support/waitingForm.h"
+#include "window/dialog.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // The file chooser with the system's own dialogs.
-#include "platform/module.h"
+#include "base/module.h"
 #include "ui/fileChooserForm.h"
 
 #include <dlgs.h>

@@ -1,9 +1,9 @@
 // Shows dialogs one after the other with the stand-in Backend's texts and writes a picture of each into the folder that
 // is named on the command line.
 #include "backend/texts.h"
+#include "base/error.h"
 #include "devkit/ide/screenshot.h"
 #include "model/conLstCtl.h"
-#include "platform/error.h"
 #include "scc/frmVSSLogin.h"
 #include "support/fakeManager.h"
 #include "ui/splashscrnFrm.h"

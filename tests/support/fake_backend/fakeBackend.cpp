@@ -1,9 +1,9 @@
 #include "support/fakeBackend.h"
 
 #include "backend/library.h"
-#include "platform/error.h"
-#include "platform/module.h"
-#include "platform/text.h"
+#include "base/error.h"
+#include "base/module.h"
+#include "base/text.h"
 #include "support/fake_backend/fakeRecords.h"
 
 #include <utility>

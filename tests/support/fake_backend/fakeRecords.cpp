@@ -1,6 +1,6 @@
 #include "support/fake_backend/fakeRecords.h"
 
-#include "platform/text.h"
+#include "base/text.h"
 #include "support/fake_backend/counted.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/unique_any.h"
+#include "base/unique_any.h"
 
 #include <gmock/gmock.h>
 #include <string>

@@ -1,6 +1,6 @@
 // Source control from the menu items down to the files: the add-in in the IDE, with the stand-in SourceSafe.
+#include "base/registry.h"
 #include "ideRun.h"
-#include "platform/registry.h"
 #include "support/folders.h"
 
 namespace velk {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "../dllFixture.h"
-#include "platform/module.h"
+#include "base/module.h"
 #include "support/folders.h"
 
 namespace velk::test {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/bstr.h"
-#include "platform/win32.h"
+#include "base/win32.h"
+#include "com/bstr.h"
 
 #include <vector>
 

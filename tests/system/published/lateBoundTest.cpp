@@ -4,7 +4,7 @@
 #include "lateBoundArguments.h"
 #include "typeText.h"
 
-#include "platform/variant.h"
+#include "com/variant.h"
 #include "unit/addin/fakeIde.h"
 
 #include <map>

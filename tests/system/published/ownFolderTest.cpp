@@ -1,7 +1,7 @@
 // The add-in in another folder than the program: what it looks for there.
 #include "installedDll.h"
 
-#include "platform/module.h"
+#include "base/module.h"
 #include "unit/addin/fakeIde.h"
 
 #include <typelib/extensibility.h>

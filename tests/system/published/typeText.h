@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/bstr.h"
-#include "platform/com_ptr.h"
-#include "platform/win32.h"
+#include "base/win32.h"
+#include "com/bstr.h"
+#include "com/com_ptr.h"
 
 #include <string>
 #include <vector>

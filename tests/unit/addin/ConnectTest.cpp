@@ -1,5 +1,5 @@
+#include "base/module.h"
 #include "connectFixture.h"
-#include "platform/module.h"
 
 namespace velk {
 namespace {

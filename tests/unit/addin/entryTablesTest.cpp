@@ -1,7 +1,7 @@
 // Every entry of the toolbar and of the menu, against a copy of both tables that the product does not share.
 #include "addin/RZCommandBars.h"
+#include "com/picture.h"
 #include "fakeBars.h"
-#include "platform/picture.h"
 #include "support/fakeBackend.h"
 
 #include <gmock/gmock.h>

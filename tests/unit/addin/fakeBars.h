@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/unique_any.h"
 #include "fakeIde.h"
-#include "platform/unique_any.h"
 
 #include <algorithm>
 #include <map>

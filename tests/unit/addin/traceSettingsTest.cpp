@@ -1,8 +1,8 @@
 #include "addin/traceSettings.h"
 
-#include "platform/boundary.h"
-#include "platform/trace.h"
-#include "platform/unique_any.h"
+#include "base/boundary.h"
+#include "base/trace.h"
+#include "base/unique_any.h"
 
 #include <fstream>
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 #include "backend/calls.h"
 #include "backend/texts.h"
 
-#include "platform/boundary.h"
+#include "base/boundary.h"
 #include "support/fakeBackend.h"
 
 #include <gmock/gmock.h>

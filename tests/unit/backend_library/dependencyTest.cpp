@@ -1,8 +1,8 @@
 // Where the libraries come from that the Backend library needs itself.
 #include "backend/calls.h"
 #include "backend/library_search.h"
+#include "base/boundary.h"
 #include "libraryRoom.h"
-#include "platform/boundary.h"
 
 namespace velk {
 namespace {

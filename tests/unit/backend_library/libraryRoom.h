@@ -1,8 +1,8 @@
 #pragma once
 
 #include "backend/library.h"
-#include "platform/module.h"
-#include "platform/win32.h"
+#include "base/module.h"
+#include "base/win32.h"
 
 #include <gtest/gtest.h>
 #include <string>

@@ -3,8 +3,8 @@
 #include "backend/calls.h"
 #include "backend/fetch.h"
 #include "backend/texts.h"
+#include "base/boundary.h"
 #include "libraryRoom.h"
-#include "platform/boundary.h"
 #include "support/failureLog.h"
 
 #include <gmock/gmock.h>

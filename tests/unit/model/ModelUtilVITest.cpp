@@ -1,9 +1,9 @@
 #include "model/ModelUtilVI.h"
+#include "base/module.h"
+#include "com/automation.h"
+#include "com/string_arrays.h"
 #include "ideWithWindows.h"
 #include "model/ModelUtil.h"
-#include "model/stringArrays.h"
-#include "platform/automation.h"
-#include "platform/module.h"
 #include "support/folders.h"
 
 #include <filesystem>

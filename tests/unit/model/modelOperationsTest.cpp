@@ -1,7 +1,7 @@
+#include "com/bstr.h"
+#include "com/string_arrays.h"
 #include "ideWithWindows.h"
 #include "model/ModelUtilVI.h"
-#include "model/stringArrays.h"
-#include "platform/bstr.h"
 
 #include <array>
 #include <gtest/gtest.h>

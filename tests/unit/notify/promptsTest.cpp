@@ -1,5 +1,5 @@
 #include "notify/prompts.h"
-#include "platform/error.h"
+#include "base/error.h"
 
 #include <gmock/gmock.h>
 

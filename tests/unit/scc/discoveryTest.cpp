@@ -1,4 +1,4 @@
-#include "platform/registry.h"
+#include "base/registry.h"
 #include "scc/VSSAPI.h"
 
 #include <gmock/gmock.h>

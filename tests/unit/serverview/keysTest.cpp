@@ -2,7 +2,7 @@
 #include "serverview/splitter.h"
 #include "serverview/viewAPIs.h"
 
-#include "platform/error.h"
+#include "base/error.h"
 
 #include <gtest/gtest.h>
 

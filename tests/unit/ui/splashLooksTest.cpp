@@ -1,5 +1,5 @@
 // What the splash screen looks like: its picture, and what hangs on the font below it.
-#include "platform/picture.h"
+#include "com/picture.h"
 #include "support/fakeBackend.h"
 #include "ui/splashscrnFrm.h"
 #include "ui/uiFont.h"

@@ -1,5 +1,5 @@
 // The splash screen and the IDE's main window, which takes it along when it goes.
-#include "platform/error.h"
+#include "base/error.h"
 #include "support/fakeBackend.h"
 #include "ui/messageBox.h"
 #include "ui/splashscrnFrm.h"

@@ -1,7 +1,7 @@
 #include "ui/splashscrnFrm.h"
 #include "support/fakeBackend.h"
 
-#include "platform/error.h"
+#include "base/error.h"
 #include "ui/uiFont.h"
 
 #include <gtest/gtest.h>

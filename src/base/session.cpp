@@ -1,0 +1,35 @@
+#include "base/session.h"
+
+#include "base/error.h"
+#include "base/never_destroyed.h"
+
+namespace velk {
+
+Session Session::none() noexcept
+{
+    static never_destroyed<std::shared_ptr<Life>> endless(std::make_shared<Life>());
+    return Session(endless.get());
+}
+
+bool Session::isOver() const noexcept
+{
+    for (const Life* life = m_life.get(); life; life = life->whole.get())
+        if (life->state >= SessionState::ending)
+            return true;
+    return false;
+}
+
+void Session::throwIfOver() const
+{
+    if (isOver())
+        throw Error(errorInvalidCall);
+}
+
+Session Session::part() const
+{
+    Session within;
+    within.m_life->whole = m_life;
+    return within;
+}
+
+} // namespace velk

@@ -1,0 +1,42 @@
+#include "window/control.h"
+
+#include "base/error.h"
+#include "base/module.h"
+
+namespace velk {
+
+Control::Control(const wchar_t* className, HWND parent, DWORD style, DWORD extendedStyle)
+    : m_hwnd(CreateWindowExW(extendedStyle, className, L"", WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, parent, nullptr,
+                             module::instance(), nullptr))
+{
+    throwLastErrorUnless(m_hwnd != nullptr);
+}
+
+Control::~Control()
+{
+    if (IsWindow(m_hwnd))
+        DestroyWindow(m_hwnd);
+}
+
+LRESULT Control::send(UINT message, WPARAM wParam, LPARAM lParam) const noexcept
+{
+    return SendMessageW(m_hwnd, message, wParam, lParam);
+}
+
+void Control::setFont(HFONT font) const noexcept
+{
+    send(WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+}
+
+void Control::setName(const std::wstring& name) const noexcept
+{
+    SetWindowTextW(m_hwnd, name.c_str());
+}
+
+bool Control::hasFocus() const noexcept
+{
+    const HWND focused = GetFocus();
+    return focused == m_hwnd || IsChild(m_hwnd, focused);
+}
+
+} // namespace velk

@@ -1,0 +1,252 @@
+#include "window/list_view.h"
+
+#include <algorithm>
+
+namespace velk {
+namespace {
+
+// Dialog units: room between a text and the borders of its column, as the control draws it, and beside a picture.
+constexpr int cellPadding = 10;
+constexpr int picturePadding = 3;
+constexpr int unitsOfACharacter = 4;
+
+// The font's average character, as dialogs measure it, and its height.
+SIZE charactersOf(HWND window, HFONT font)
+{
+    constexpr wchar_t letters[] = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+    constexpr int count = 52;
+    const HDC dc = GetDC(window);
+    const HGDIOBJ before = SelectObject(dc, font ? font : GetStockObject(SYSTEM_FONT));
+    SIZE size{};
+    GetTextExtentPoint32W(dc, letters, count, &size);
+    SelectObject(dc, before);
+    ReleaseDC(window, dc);
+    return {(size.cx / (count / 2) + 1) / 2, size.cy};
+}
+
+// A triangle two thirds as wide as a line of text is high.
+unique_bitmap arrowPicture(bool isUp, int lineHeight)
+{
+    const int height = std::max(1, (lineHeight + 2) / 3);
+    const int width = 2 * height - 1;
+    const HDC screen = GetDC(nullptr);
+    unique_bitmap picture(CreateCompatibleBitmap(screen, width, height));
+    const unique_memory_dc dc(CreateCompatibleDC(screen));
+    ReleaseDC(nullptr, screen);
+    const HGDIOBJ before = SelectObject(dc.get(), picture.get());
+    const RECT area{0, 0, width, height};
+    FillRect(dc.get(), &area, GetSysColorBrush(COLOR_BTNFACE));
+    for (int line = 0; line < height; ++line) {
+        const int half = isUp ? line : height - 1 - line;
+        const RECT row{width / 2 - half, line, width / 2 + half + 1, line + 1};
+        FillRect(dc.get(), &row, GetSysColorBrush(COLOR_BTNSHADOW));
+    }
+    SelectObject(dc.get(), before);
+    return picture;
+}
+
+} // namespace
+
+list_view::list_view(HWND parent)
+    : Control(WC_LISTVIEWW, parent,
+              WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | LVS_SINGLESEL | LVS_SHAREIMAGELISTS,
+              WS_EX_CLIENTEDGE)
+{
+    constexpr DWORD extended = LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP;
+    send(LVM_SETEXTENDEDLISTVIEWSTYLE, extended, extended);
+    measure(reinterpret_cast<HFONT>(send(WM_GETFONT)));
+}
+
+void list_view::measure(HFONT font) noexcept
+{
+    const SIZE character = charactersOf(hwnd(), font);
+    m_characterWidth = character.cx;
+    m_characterHeight = character.cy;
+}
+
+void list_view::setFont(HFONT font) noexcept
+{
+    Control::setFont(font);
+    measure(font);
+    for (int column = 0; column < m_columns; ++column)
+        setSortMark(column, SortMark::none);
+    m_upArrow.reset();
+    m_downArrow.reset();
+}
+
+void list_view::setImages(HIMAGELIST images) const noexcept
+{
+    send(LVM_SETIMAGELIST, LVSIL_NORMAL, reinterpret_cast<LPARAM>(images));
+    send(LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(images));
+}
+
+void list_view::setColumns(const std::vector<std::wstring>& headers)
+{
+    removeColumns();
+    for (const std::wstring& header : headers) {
+        std::wstring text = header;
+        LVCOLUMNW column{};
+        column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
+        column.pszText = text.data();
+        column.cx = widthOf(text);
+        column.iSubItem = m_columns;
+        send(LVM_INSERTCOLUMNW, static_cast<WPARAM>(m_columns), reinterpret_cast<LPARAM>(&column));
+        ++m_columns;
+    }
+    // A header without columns may keep the picture of those that it had; a list without columns needs none.
+    const LONG style = GetWindowLongW(hwnd(), GWL_STYLE);
+    SetWindowLongW(hwnd(), GWL_STYLE, m_columns == 0 ? style | LVS_NOCOLUMNHEADER : style & ~LVS_NOCOLUMNHEADER);
+}
+
+void list_view::removeColumns()
+{
+    while (m_columns > 0)
+        send(LVM_DELETECOLUMN, static_cast<WPARAM>(--m_columns));
+}
+
+int list_view::columnWidth(int column) const noexcept
+{
+    return static_cast<int>(send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column)));
+}
+
+void list_view::setColumnWidth(int column, int pixels) const noexcept
+{
+    send(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), MAKELPARAM(pixels, 0));
+}
+
+int list_view::widthOf(const std::wstring& text) const noexcept
+{
+    return static_cast<int>(send(LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(text.c_str()))) +
+           dialogUnits(cellPadding);
+}
+
+int list_view::widthOf(const std::wstring& text, HFONT font) const noexcept
+{
+    const HDC dc = GetDC(hwnd());
+    const HGDIOBJ before = SelectObject(dc, font);
+    SIZE size{};
+    GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &size);
+    SelectObject(dc, before);
+    ReleaseDC(hwnd(), dc);
+    return size.cx + dialogUnits(cellPadding);
+}
+
+int list_view::pictureWidth() const noexcept
+{
+    int width = 0;
+    int height = 0;
+    ImageList_GetIconSize(reinterpret_cast<HIMAGELIST>(send(LVM_GETIMAGELIST, LVSIL_SMALL)), &width, &height);
+    return width + dialogUnits(picturePadding);
+}
+
+int list_view::dialogUnits(int units) const noexcept
+{
+    return MulDiv(units, m_characterWidth, unitsOfACharacter);
+}
+
+void list_view::setSortMark(int column, SortMark mark) noexcept
+{
+    const auto header = reinterpret_cast<HWND>(send(LVM_GETHEADER));
+    HDITEMW item{};
+    item.mask = HDI_FORMAT;
+    SendMessageW(header, HDM_GETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
+    // A picture of our own: hosts without visual styles do not draw the header's sort flags.
+    item.fmt &= ~(HDF_BITMAP | HDF_BITMAP_ON_RIGHT);
+    if (mark != SortMark::none) {
+        unique_bitmap& arrow = mark == SortMark::up ? m_upArrow : m_downArrow;
+        if (!arrow)
+            arrow = arrowPicture(mark == SortMark::up, m_characterHeight);
+        item.mask |= HDI_BITMAP;
+        item.fmt |= HDF_BITMAP | HDF_BITMAP_ON_RIGHT;
+        item.hbm = arrow.get();
+    }
+    SendMessageW(header, HDM_SETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
+}
+
+list_view::SortMark list_view::sortMark(int column) const noexcept
+{
+    const auto header = reinterpret_cast<HWND>(send(LVM_GETHEADER));
+    HDITEMW item{};
+    item.mask = HDI_FORMAT | HDI_BITMAP;
+    SendMessageW(header, HDM_GETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
+    if (!(item.fmt & HDF_BITMAP))
+        return SortMark::none;
+    return item.hbm == m_upArrow.get() ? SortMark::up : SortMark::down;
+}
+
+void list_view::setRowCount(size_t rows) const noexcept
+{
+    send(LVM_SETITEMCOUNT, rows, LVSICF_NOSCROLL);
+}
+
+void list_view::redrawRow(size_t row) const noexcept
+{
+    send(LVM_REDRAWITEMS, row, static_cast<LPARAM>(row));
+}
+
+void list_view::removeRow(size_t row) const noexcept
+{
+    send(LVM_DELETEITEM, row);
+}
+
+int list_view::selectedRow() const noexcept
+{
+    return static_cast<int>(send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), MAKELPARAM(LVNI_SELECTED, 0)));
+}
+
+int list_view::focusedRow() const noexcept
+{
+    return static_cast<int>(send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), MAKELPARAM(LVNI_FOCUSED, 0)));
+}
+
+int list_view::topRow() const noexcept
+{
+    return static_cast<int>(send(LVM_GETTOPINDEX));
+}
+
+void list_view::selectRow(int row) const noexcept
+{
+    LVITEMW state{};
+    state.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+    send(LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&state));
+    state.state = LVIS_SELECTED | LVIS_FOCUSED;
+    if (row >= 0)
+        send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&state));
+}
+
+void list_view::focusRow(int row) const noexcept
+{
+    LVITEMW state{};
+    state.stateMask = LVIS_FOCUSED;
+    state.state = LVIS_FOCUSED;
+    send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&state));
+}
+
+void list_view::bringIntoView(int row) const noexcept
+{
+    send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+}
+
+int list_view::rowAt(POINT place) const noexcept
+{
+    LVHITTESTINFO test{};
+    test.pt = place;
+    return static_cast<int>(send(LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&test)));
+}
+
+RECT list_view::placeOf(int row) const noexcept
+{
+    RECT place{};
+    place.left = LVIR_LABEL;
+    send(LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
+    return place;
+}
+
+void list_view::scrollToTop(int row) const noexcept
+{
+    RECT first{LVIR_BOUNDS, 0, 0, 0};
+    if (send(LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&first)))
+        send(LVM_SCROLL, 0, (row - topRow()) * (first.bottom - first.top));
+}
+
+} // namespace velk

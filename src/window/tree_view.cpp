@@ -1,0 +1,220 @@
+#include "window/tree_view.h"
+
+#include "base/error.h"
+
+#include <cstring>
+
+namespace velk {
+
+tree_view::tree_view(HWND parent)
+    : Control(WC_TREEVIEWW, parent, WS_TABSTOP | TVS_HASLINES | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_SHOWSELALWAYS,
+              WS_EX_CLIENTEDGE)
+{
+}
+
+void tree_view::setImages(HIMAGELIST images) const noexcept
+{
+    send(TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(images));
+}
+
+void tree_view::addRoot(TreeNode node)
+{
+    insert(TVI_ROOT, std::move(node));
+}
+
+void tree_view::add(const std::wstring& parentKey, TreeNode node)
+{
+    insert(entry(parentKey).item, std::move(node));
+}
+
+void tree_view::insert(HTREEITEM parent, TreeNode node)
+{
+    if (has(node.key))
+        throw Error(errorKeyNotUnique);
+    auto made = std::make_unique<Entry>();
+    made->node = std::move(node);
+    TVINSERTSTRUCTW insertion{};
+    insertion.hParent = parent;
+    insertion.hInsertAfter = TVI_LAST;
+    insertion.item.mask = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_PARAM;
+    insertion.item.pszText = made->node.text.data();
+    insertion.item.iImage = made->node.image;
+    insertion.item.iSelectedImage = made->node.image;
+    insertion.item.lParam = reinterpret_cast<LPARAM>(made.get());
+    const HTREEITEM selection = related(TVGN_CARET, nullptr);
+    Entry& kept = *(m_nodes[made->node.key] = std::move(made));
+    m_isChanging = true;
+    kept.item = reinterpret_cast<HTREEITEM>(send(TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insertion)));
+    m_isChanging = false;
+    if (!kept.item) {
+        m_nodes.erase(std::wstring(kept.node.key));
+        throw Error(errorOutOfMemory);
+    }
+    // Last: whoever hears it may end this tree.
+    if (selection != related(TVGN_CARET, nullptr))
+        tellSelection();
+}
+
+void tree_view::remove(const std::wstring& key)
+{
+    const HTREEITEM gone = entry(key).item;
+    const HTREEITEM selection = related(TVGN_CARET, nullptr);
+    const bool isSelectionGone = selection && isWithin(selection, gone);
+    deleteItems(gone, isSelectionGone ? heirOf(gone) : selection);
+    // Last: whoever hears it may end this tree.
+    if (isSelectionGone)
+        tellSelection();
+}
+
+void tree_view::clear()
+{
+    deleteItems(TVI_ROOT, nullptr);
+    m_nodes.clear();
+}
+
+void tree_view::deleteItems(HTREEITEM items, HTREEITEM selection) noexcept
+{
+    m_isChanging = true;
+    if (selection != related(TVGN_CARET, nullptr))
+        send(TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(selection));
+    send(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(items));
+    if (selection != related(TVGN_CARET, nullptr))
+        send(TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(selection));
+    m_isChanging = false;
+}
+
+void tree_view::tellSelection() const noexcept
+{
+    NMTREEVIEWW notification{};
+    notification.hdr.hwndFrom = hwnd();
+    notification.hdr.code = TVN_SELCHANGEDW;
+    notification.action = TVC_UNKNOWN;
+    SendMessageW(GetParent(hwnd()), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notification));
+}
+
+HTREEITEM tree_view::related(UINT relation, HTREEITEM item) const noexcept
+{
+    return reinterpret_cast<HTREEITEM>(send(TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(item)));
+}
+
+bool tree_view::isWithin(HTREEITEM item, HTREEITEM branch) const noexcept
+{
+    while (item && item != branch)
+        item = related(TVGN_PARENT, item);
+    return item != nullptr;
+}
+
+HTREEITEM tree_view::heirOf(HTREEITEM item) const noexcept
+{
+    for (const UINT relation : {UINT{TVGN_NEXT}, UINT{TVGN_PREVIOUS}, UINT{TVGN_PARENT}})
+        if (const HTREEITEM heir = related(relation, item))
+            return heir;
+    return nullptr;
+}
+
+void tree_view::setText(const std::wstring& key, const std::wstring& text)
+{
+    Entry& changed = entry(key);
+    changed.node.text = text;
+    TVITEMW item{};
+    item.mask = TVIF_TEXT;
+    item.hItem = changed.item;
+    item.pszText = changed.node.text.data();
+    send(TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+}
+
+void tree_view::setImage(const std::wstring& key, int image)
+{
+    Entry& changed = entry(key);
+    changed.node.image = image;
+    TVITEMW item{};
+    item.mask = TVIF_IMAGE | TVIF_SELECTEDIMAGE;
+    item.hItem = changed.item;
+    item.iImage = image;
+    item.iSelectedImage = image;
+    send(TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+}
+
+void tree_view::expand(const std::wstring& key) const
+{
+    send(TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(entry(key).item));
+}
+
+bool tree_view::isExpanded(const std::wstring& key) const
+{
+    const LPARAM item = reinterpret_cast<LPARAM>(entry(key).item);
+    return (send(TVM_GETITEMSTATE, static_cast<WPARAM>(item), TVIS_EXPANDED) & TVIS_EXPANDED) != 0;
+}
+
+void tree_view::select(const std::wstring& key) const
+{
+    send(TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(entry(key).item));
+}
+
+const TreeNode* tree_view::selected() const noexcept
+{
+    const HTREEITEM item = related(TVGN_CARET, nullptr);
+    const Entry* found = item ? entryOf(item) : nullptr;
+    return found ? &found->node : nullptr;
+}
+
+const TreeNode* tree_view::nodeAt(POINT place) const noexcept
+{
+    TVHITTESTINFO test{};
+    test.pt = place;
+    send(TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&test));
+    // What a user sees of a node. The room beside it in its line looks empty, and is.
+    constexpr UINT onTheNode = TVHT_ONITEM | TVHT_ONITEMBUTTON;
+    const Entry* found = test.hItem && (test.flags & onTheNode) ? entryOf(test.hItem) : nullptr;
+    return found ? &found->node : nullptr;
+}
+
+RECT tree_view::placeOfSelected() const noexcept
+{
+    RECT place{};
+    // The message takes the item where it leaves the rectangle.
+    const HTREEITEM item = related(TVGN_CARET, nullptr);
+    std::memcpy(&place, &item, sizeof item);
+    if (!send(TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&place)))
+        place = {};
+    return place;
+}
+
+void tree_view::bringSelectedIntoView() const noexcept
+{
+    if (const HTREEITEM item = related(TVGN_CARET, nullptr))
+        send(TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
+}
+
+std::wstring tree_view::parentOf(const std::wstring& key) const
+{
+    const HTREEITEM parent = related(TVGN_PARENT, entry(key).item);
+    const Entry* found = parent ? entryOf(parent) : nullptr;
+    return found ? found->node.key : std::wstring();
+}
+
+void tree_view::onDeleteItem(const NMTREEVIEWW& notification) noexcept
+{
+    const auto* gone = reinterpret_cast<const Entry*>(notification.itemOld.lParam);
+    if (gone)
+        m_nodes.erase(m_nodes.find(gone->node.key));
+}
+
+tree_view::Entry& tree_view::entry(const std::wstring& key) const
+{
+    const auto found = m_nodes.find(key);
+    if (found == m_nodes.end())
+        throw Error(errorElementNotFound);
+    return *found->second;
+}
+
+const tree_view::Entry* tree_view::entryOf(HTREEITEM item) const noexcept
+{
+    TVITEMW asked{};
+    asked.mask = TVIF_PARAM;
+    asked.hItem = item;
+    return send(TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&asked)) ? reinterpret_cast<const Entry*>(asked.lParam)
+                                                                   : nullptr;
+}
+
+} // namespace velk

@@ -286,6 +286,18 @@ TEST_F(IMgrVITest, secondManagerAfterTheEndOfTheFirst_getsASession)
     second->deleteRZUI();
 }
 
+TEST_F(IMgrVITest, windowOfAnotherManager_staysWhenThisOneEnds)
+{
+    requests().showDevView();
+    const com_ptr<IMgrVI> second = makeObject<IMgrVI>();
+    second->setupIM(ide.dte.get(), ide.addin.get());
+    EXPECT_EQ(second->openRZCommunication(), S_OK);
+    second->closeRZCommunication();
+    second->deleteRZUI();
+    EXPECT_EQ(timesInJournal(L"ToolWindow.Close()"), 0);
+    EXPECT_TRUE(serverViewWindow().window);
+}
+
 TEST_F(IMgrVITest, deleteRZUI_takesTheToolbarAwayWhileTheManagerLives)
 {
     ide.bars->function(L"Add", [this](const auto&) { return test::asVariant(ide.bar); });

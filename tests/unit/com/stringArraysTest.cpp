@@ -2,9 +2,8 @@
 
 #include "base/error.h"
 #include "com/bstr.h"
-#include "model/IntegrationMgr.h"
-#include "support/fakeManager.h"
 
+#include <functional>
 #include <gmock/gmock.h>
 
 namespace velk {
@@ -42,22 +41,6 @@ TEST(textsOf, arrayOfNumbers_isError13)
     SAFEARRAY* array = SafeArrayCreateVector(VT_I4, 0, 0);
     EXPECT_EQ(errorNumberOf([&] { textsOf(array); }), errorTypeMismatch);
     SafeArrayDestroy(array);
-}
-
-TEST(IntegrationMgr, missingManager_isError91)
-{
-    EXPECT_EQ(errorNumberOf([] { IntegrationMgr().showDevView(); }), errorObjectNotSet);
-}
-
-TEST(IntegrationMgr, failingManager_failsEveryList)
-{
-    test::Lines journal;
-    const auto fake = makeObject<test::FakeManager>(journal);
-    fake->failWith = E_ACCESSDENIED;
-    const IntegrationMgr manager(com_ptr<_IntegrationMgr>(fake.get()));
-    EXPECT_EQ(errorNumberOf([&] { manager.getProjList(); }), errorPermissionDenied);
-    EXPECT_EQ(errorNumberOf([&] { manager.getDataEnvList(L"Web"); }), errorPermissionDenied);
-    EXPECT_EQ(errorNumberOf([&] { manager.getConnectionList(L"DE1", L"Web"); }), errorPermissionDenied);
 }
 
 } // namespace

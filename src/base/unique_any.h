@@ -68,6 +68,9 @@ struct font_traits : null_handle<HFONT> {
 struct bitmap_traits : null_handle<HBITMAP> {
     static void close(HBITMAP bitmap) noexcept { DeleteObject(bitmap); }
 };
+struct screen_dc_traits : null_handle<HDC> {
+    static void close(HDC dc) noexcept { ReleaseDC(nullptr, dc); }
+};
 struct memory_dc_traits : null_handle<HDC> {
     static void close(HDC dc) noexcept { DeleteDC(dc); }
 };
@@ -79,6 +82,7 @@ using unique_key = unique_any<key_traits>;
 using unique_image_list = unique_any<image_list_traits>;
 using unique_font = unique_any<font_traits>;
 using unique_bitmap = unique_any<bitmap_traits>;
+using unique_screen_dc = unique_any<screen_dc_traits>;
 using unique_memory_dc = unique_any<memory_dc_traits>;
 
 // Runs a function at the end of the scope; the function must not throw.

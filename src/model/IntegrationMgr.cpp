@@ -6,23 +6,6 @@
 #include "com/string_arrays.h"
 
 namespace velk {
-namespace {
-
-// A list that goes in empty and comes back as the manager filled it.
-class TextList {
-public:
-    TextList() : m_array(arrayOf({})) {}
-    TextList(const TextList&) = delete;
-    TextList& operator=(const TextList&) = delete;
-    ~TextList() { SafeArrayDestroy(m_array); }
-    SAFEARRAY** ref() noexcept { return &m_array; }
-    std::vector<std::wstring> texts() const { return textsOf(m_array); }
-
-private:
-    SAFEARRAY* m_array;
-};
-
-} // namespace
 
 _IntegrationMgr& IntegrationMgr::manager() const
 {
@@ -61,14 +44,14 @@ void IntegrationMgr::openRZProject() const
 
 std::vector<std::wstring> IntegrationMgr::getProjList() const
 {
-    TextList list;
+    text_array list;
     check(manager().getProjList(list.ref()));
     return list.texts();
 }
 
 std::vector<std::wstring> IntegrationMgr::getDataEnvList(const std::wstring& projName) const
 {
-    TextList list;
+    text_array list;
     bstr project(projName);
     check(manager().getDataEnvList(list.ref(), project.ref()));
     return list.texts();
@@ -77,7 +60,7 @@ std::vector<std::wstring> IntegrationMgr::getDataEnvList(const std::wstring& pro
 std::vector<std::wstring> IntegrationMgr::getConnectionList(const std::wstring& dataenvName,
                                                             const std::wstring& projName) const
 {
-    TextList list;
+    text_array list;
     bstr dataEnvironment(dataenvName);
     bstr project(projName);
     check(manager().getConnectionList(list.ref(), dataEnvironment.ref(), project.ref()));

@@ -23,12 +23,11 @@ constexpr int pictureHeight = 355;
 // The height of a line of text.
 int lineHeight(HFONT font)
 {
-    const HDC screen = GetDC(nullptr);
-    const HGDIOBJ old = SelectObject(screen, font);
+    const unique_screen_dc screen(GetDC(nullptr));
+    const HGDIOBJ old = SelectObject(screen.get(), font);
     TEXTMETRICW metrics{};
-    GetTextMetricsW(screen, &metrics);
-    SelectObject(screen, old);
-    ReleaseDC(nullptr, screen);
+    GetTextMetricsW(screen.get(), &metrics);
+    SelectObject(screen.get(), old);
     return metrics.tmHeight;
 }
 

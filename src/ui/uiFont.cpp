@@ -57,9 +57,8 @@ unique_font makeFont(const UiFont& settings)
         throwLastErrorUnless(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, metrics.cbSize, &metrics, 0) != FALSE);
         return unique_font(CreateFontIndirectW(&metrics.lfMessageFont));
     }
-    const HDC screen = GetDC(nullptr);
-    const int dpi = GetDeviceCaps(screen, LOGPIXELSY);
-    ReleaseDC(nullptr, screen);
+    const unique_screen_dc screen(GetDC(nullptr));
+    const int dpi = GetDeviceCaps(screen.get(), LOGPIXELSY);
     LOGFONTW description{};
     description.lfHeight = -MulDiv(settings.size, dpi, 72);
     description.lfWeight = FW_NORMAL;

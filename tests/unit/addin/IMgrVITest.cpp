@@ -1,12 +1,7 @@
-#include "addin/IMgrVI.h"
-#include "base/module.h"
 #include "com/automation.h"
-#include "fakeIde.h"
-#include "serverview/serverViewDoc.h"
-#include "support/fakeBackend.h"
+#include "IMgrVIFixture.h"
 #include "ui/splashscrnFrm.h"
 
-#include <algorithm>
 #include <gmock/gmock.h>
 
 namespace velk {
@@ -14,26 +9,7 @@ namespace {
 
 using Calls = std::vector<std::string>;
 
-class IMgrVITest : public testing::Test {
-protected:
-    IMgrVITest() { manager->setupIM(ide.dte.get(), ide.addin.get()); }
-    ~IMgrVITest() override
-    {
-        manager->closeRZCommunication();
-        manager->deleteRZUI();
-        serverViewWindow() = {};
-    }
-    IntegrationMgr requests() { return IntegrationMgr(com_ptr<_IntegrationMgr>(manager.get())); }
-    int32_t windowState() { return ide.mainWindow->read(L"WindowState").asLong(); }
-    int64_t timesInJournal(const std::wstring& line)
-    {
-        return std::count(ide.journal.begin(), ide.journal.end(), line);
-    }
-
-    test::FakeBackend backend;
-    test::FakeIde ide;
-    com_ptr<IMgrVI> manager = makeObject<IMgrVI>();
-};
+class IMgrVITest : public test::IMgrVIFixture {};
 
 TEST_F(IMgrVITest, setupIM_keepsTheIdeAndTheAddin)
 {
@@ -147,14 +123,6 @@ TEST_F(IMgrVITest, createRZUI_takesFourOfTheSixSplashSteps)
     EXPECT_EQ(SendMessageW(splashScreen().ProgressBar1(), PBM_GETRANGE, FALSE, 0), 6);
 }
 
-TEST_F(IMgrVITest, closeRZCommunicationTwice_endsTheSessionOnce)
-{
-    manager->openRZCommunication();
-    manager->closeRZCommunication();
-    manager->closeRZCommunication();
-    EXPECT_EQ(std::count(backend.calls.begin(), backend.calls.end(), "RZTerminate()"), 1);
-}
-
 TEST_F(IMgrVITest, hostThatTakesTheDocumentAsAVariant_isServedToo)
 {
     ide.windows->function(L"CreateToolWindow", [this](const std::vector<variant>& arguments) {
@@ -246,58 +214,6 @@ TEST_F(IMgrVITest, projectShownWhileTheEntriesAreBuilt_leavesTheSplashScreenAway
     EXPECT_FALSE(isSplashScreenLoaded());
 }
 
-TEST_F(IMgrVITest, secondManagersFailedStart_leavesTheRunningSessionAlone)
-{
-    manager->openRZCommunication();
-    manager->createRZUI();
-    const com_ptr<IMgrVI> second = makeObject<IMgrVI>();
-    second->setupIM(nullptr, nullptr);
-    EXPECT_FALSE(SUCCEEDED(second->openRZCommunication()));
-    second->deleteRZUI();
-    EXPECT_EQ(timesInJournal(L"ToolWindow.Close()"), 0);
-    EXPECT_TRUE(isSplashScreenLoaded());
-    EXPECT_TRUE(GetModuleHandleW(L"velkvsadd.dll"));
-    EXPECT_EQ(backend.calls.size(), 1u);
-}
-
-TEST_F(IMgrVITest, secondManager_getsNoSessionBesideTheRunningOne)
-{
-    manager->openRZCommunication();
-    manager->createRZUI();
-    const com_ptr<IMgrVI> second = makeObject<IMgrVI>();
-    second->setupIM(ide.dte.get(), ide.addin.get());
-    EXPECT_EQ(Error::fromResult(second->openRZCommunication()).number(), errorPermissionDenied);
-    EXPECT_FALSE(SUCCEEDED(second->createRZUI()));
-    second->closeRZCommunication();
-    second->deleteRZUI();
-    EXPECT_EQ(backend.calls.size(), 1u);
-    EXPECT_TRUE(isSplashScreenLoaded());
-    EXPECT_EQ(timesInJournal(L"ToolWindow.Close()"), 0);
-}
-
-TEST_F(IMgrVITest, secondManagerAfterTheEndOfTheFirst_getsASession)
-{
-    manager->openRZCommunication();
-    manager->closeRZCommunication();
-    const com_ptr<IMgrVI> second = makeObject<IMgrVI>();
-    second->setupIM(ide.dte.get(), ide.addin.get());
-    EXPECT_EQ(second->openRZCommunication(), S_OK);
-    second->closeRZCommunication();
-    second->deleteRZUI();
-}
-
-TEST_F(IMgrVITest, windowOfAnotherManager_staysWhenThisOneEnds)
-{
-    requests().showDevView();
-    const com_ptr<IMgrVI> second = makeObject<IMgrVI>();
-    second->setupIM(ide.dte.get(), ide.addin.get());
-    EXPECT_EQ(second->openRZCommunication(), S_OK);
-    second->closeRZCommunication();
-    second->deleteRZUI();
-    EXPECT_EQ(timesInJournal(L"ToolWindow.Close()"), 0);
-    EXPECT_TRUE(serverViewWindow().window);
-}
-
 TEST_F(IMgrVITest, deleteRZUI_takesTheToolbarAwayWhileTheManagerLives)
 {
     ide.bars->function(L"Add", [this](const auto&) { return test::asVariant(ide.bar); });
@@ -335,33 +251,6 @@ TEST_F(IMgrVITest, documentWhoseSetUpFails_isClosedAndMadeAnew)
     EXPECT_EQ(manager->openRZCommunication(), S_OK);
 }
 
-TEST_F(IMgrVITest, openingTwice_opensOneSession)
-{
-    manager->openRZCommunication();
-    manager->openRZCommunication();
-    EXPECT_EQ(backend.calls.size(), 1u);
-}
-
-TEST_F(IMgrVITest, closingInsideRZInitialize_isCarriedOutWhenItReturns)
-{
-    const auto initialize = backend.on.RZInitialize;
-    backend.on.RZInitialize = [this, initialize](int32_t type, auto* file, auto* empty) {
-        manager->closeRZCommunication();
-        EXPECT_EQ(std::count(backend.calls.begin(), backend.calls.end(), "RZTerminate()"), 0);
-        return initialize(type, file, empty);
-    };
-    manager->openRZCommunication();
-    EXPECT_EQ(backend.calls.back(), "RZTerminate()");
-}
-
-TEST_F(IMgrVITest, openingAgainAfterAClose_opensANewSession)
-{
-    manager->openRZCommunication();
-    manager->closeRZCommunication();
-    EXPECT_EQ(manager->openRZCommunication(), S_OK);
-    EXPECT_EQ(backend.calls.size(), 3u);
-}
-
 TEST_F(IMgrVITest, viewRequestedWhileTheWindowIsBeingMade_makesNoSecondOne)
 {
     ide.windows->function(L"CreateToolWindow", [this](const std::vector<variant>& arguments) {
@@ -371,34 +260,6 @@ TEST_F(IMgrVITest, viewRequestedWhileTheWindowIsBeingMade_makesNoSecondOne)
     });
     manager->openRZCommunication();
     EXPECT_EQ(timesInJournal(L"Document.setupGUI()"), 1);
-}
-
-// The pump's class is taken, so it cannot be made: the start fails after RZInitialize.
-void failToOpen(const com_ptr<IMgrVI>& manager)
-{
-    WNDCLASSW taken{};
-    taken.lpfnWndProc = DefWindowProcW;
-    taken.hInstance = module::instance();
-    taken.lpszClassName = L"velkviadd.notificationThreadFrm";
-    ASSERT_TRUE(RegisterClassW(&taken));
-    EXPECT_FALSE(SUCCEEDED(manager->openRZCommunication()));
-    UnregisterClassW(taken.lpszClassName, taken.hInstance);
-}
-
-TEST_F(IMgrVITest, windowThatWasThereBeforeAFailedStart_stays)
-{
-    manager->createRZUI();
-    failToOpen(manager);
-    EXPECT_EQ(timesInJournal(L"ToolWindow.Close()"), 0);
-    EXPECT_TRUE(serverViewWindow().window);
-}
-
-TEST_F(IMgrVITest, startThatFailsAfterRZInitialize_isUndone)
-{
-    failToOpen(manager);
-    EXPECT_EQ(backend.calls.back(), "RZTerminate()");
-    EXPECT_EQ(timesInJournal(L"ToolWindow.Close()"), 1);
-    EXPECT_EQ(manager->openRZCommunication(), S_OK);
 }
 
 TEST_F(IMgrVITest, lateBoundCaller_findsTheManagersOwnMembers)

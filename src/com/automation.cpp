@@ -77,8 +77,7 @@ struct Exception : EXCEPINFO {
         const HRESULT result = scode ? scode : MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, wCode);
         const Error plain = Error::fromResult(result);
         const std::wstring_view description = bstr::viewOf(bstrDescription);
-        return Error(wCode ? wCode : plain.number(),
-                     description.empty() ? plain.description() : std::wstring(description),
+        return Error(plain.number(), description.empty() ? plain.description() : std::wstring(description),
                      std::wstring(bstr::viewOf(bstrSource)), result);
     }
 };

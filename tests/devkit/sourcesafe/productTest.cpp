@@ -4,7 +4,7 @@
 #include "scc/VSSAPI.h"
 #include "support/failureLog.h"
 #include "support/fakeBackend.h"
-#include "ui/messageBox.h"
+#include "support/shownMessages.h"
 
 namespace velk {
 namespace {
@@ -21,17 +21,12 @@ class ProductTest : public test::SourceSafeFixture {
 protected:
     ProductTest()
     {
-        setMessagePresenter([this](const std::wstring& text, uint32_t, const std::wstring&) {
-            messages.push_back(text);
-            return IDOK;
-        });
         registry::setText(registry::createKey(HKEY_LOCAL_MACHINE, databasesKey).get(), L"Sample", folder + L"\\vss");
         getSourceSafeDatabases(table);
     }
     ~ProductTest() override
     {
         closeSourceSafe();
-        setMessagePresenter({});
         registry::removeTree(HKEY_LOCAL_MACHINE, databasesKey);
     }
     bool logIn(const std::wstring& password = L"secret")
@@ -43,7 +38,8 @@ protected:
     test::FakeBackend backend;
     test::FailureLog failures;
     DatabaseTable table;
-    std::vector<std::wstring> messages;
+    test::ShownMessages shown;
+    std::vector<std::wstring>& messages = shown.lines;
 };
 
 TEST_F(ProductTest, registeredStandIn_countsAsInstalled)

@@ -3,7 +3,7 @@
 #include "scc/frmVSSLogin.h"
 #include "support/fakeBackend.h"
 #include "support/fakeSourceSafe.h"
-#include "ui/messageBox.h"
+#include "support/shownMessages.h"
 
 #include <gmock/gmock.h>
 
@@ -12,19 +12,8 @@ namespace velk::test {
 // The login dialog over a SourceSafe of fakes, not loaded yet.
 class LoginFixture : public testing::Test {
 protected:
-    LoginFixture()
-    {
-        backend.numbersAsTexts = true;
-        setMessagePresenter([this](const std::wstring& text, uint32_t, const std::wstring&) {
-            messages.push_back(text);
-            return IDOK;
-        });
-    }
-    ~LoginFixture() override
-    {
-        closeSourceSafe();
-        setMessagePresenter({});
-    }
+    LoginFixture() { backend.numbersAsTexts = true; }
+    ~LoginFixture() override { closeSourceSafe(); }
     void loadWithADatabase()
     {
         FakeSourceSafe::addDatabase(L"Main", L"C:\\vss");
@@ -42,7 +31,8 @@ protected:
 
     FakeBackend backend;
     FakeSourceSafe sourceSafe;
-    std::vector<std::wstring> messages;
+    ShownMessages shown;
+    std::vector<std::wstring>& messages = shown.lines;
     frmVSSLogin form;
 };
 

@@ -4,7 +4,7 @@
 #include "fakeIde.h"
 #include "serverview/serverViewDoc.h"
 #include "support/fakeBackend.h"
-#include "ui/messageBox.h"
+#include "support/shownMessages.h"
 #include "ui/splashscrnFrm.h"
 #include "ui/uiFont.h"
 
@@ -21,18 +21,11 @@ protected:
     ConnectFixture()
     {
         backend.texts = {{100, L"Tahoma"}, {101, L"10"}, {200, L"Rozel"}, {400, L"Server View"}, {669, L"No project"}};
-        setMessagePresenter([this](const std::wstring& text, uint32_t style, const std::wstring& title) {
-            messages.push_back(text + L"|" + std::to_wstring(style) + L"|" + title);
-            if (duringMessage)
-                duringMessage();
-            return IDOK;
-        });
     }
     ~ConnectFixture() override
     {
         disconnect();
         connect.reset();
-        setMessagePresenter({});
         serverViewWindow() = {};
         uiFont() = {};
     }
@@ -85,8 +78,9 @@ protected:
 
     FakeBackend backend;
     FakeIde ide;
-    std::vector<std::wstring> messages;
-    std::function<void()> duringMessage;
+    ShownMessages shown{ShownMessages::whole};
+    std::vector<std::wstring>& messages = shown.lines;
+    std::function<void()>& duringMessage = shown.duringMessage;
     com_ptr<Connect> connect;
 };
 

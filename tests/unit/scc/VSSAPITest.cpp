@@ -2,10 +2,9 @@
 #include "support/failureLog.h"
 #include "support/fakeBackend.h"
 #include "support/fakeSourceSafe.h"
-#include "ui/messageBox.h"
+#include "support/shownMessages.h"
 
 #include <gmock/gmock.h>
-#include <set>
 
 namespace velk {
 namespace {
@@ -18,20 +17,8 @@ using Journal = test::FakeObject::Journal;
 
 class VSSAPITest : public testing::Test {
 protected:
-    VSSAPITest()
-    {
-        backend.texts = {{675, L"not %1"}, {682, L"log in"}};
-        setMessagePresenter([this](const std::wstring& text, uint32_t style, const std::wstring& title) {
-            messages.push_back(text + L"|" + std::to_wstring(style));
-            titles.insert(title);
-            return IDOK;
-        });
-    }
-    ~VSSAPITest() override
-    {
-        closeSourceSafe();
-        setMessagePresenter({});
-    }
+    VSSAPITest() { backend.texts = {{675, L"not %1"}, {682, L"log in"}}; }
+    ~VSSAPITest() override { closeSourceSafe(); }
     void logIn()
     {
         openSourceSafeDatabase(L"ann", L"secret", L"Main", {{L"Main", L"C:\\vss"}});
@@ -41,8 +28,8 @@ protected:
 
     test::FakeBackend backend;
     test::FakeSourceSafe sourceSafe;
-    std::vector<std::wstring> messages;
-    std::set<std::wstring> titles;
+    test::ShownMessages shown{test::ShownMessages::textAndStyle};
+    const std::vector<std::wstring>& messages = shown.lines;
 };
 
 TEST_F(VSSAPITest, withoutTheKey_sourceSafeIsAbsent)
@@ -166,7 +153,7 @@ TEST_F(VSSAPITest, messages_haveNoTitleOfTheirOwn)
     sourceSafe.database->failing(L"Open", Error(5, L"Invalid password", L"SourceSafe", E_FAIL));
     openSourceSafeDatabase(L"ann", L"wrong", L"Main", {{L"Main", L"C:\\vss"}});
     EXPECT_EQ(messages.size(), 2u);
-    EXPECT_THAT(titles, ElementsAre(applicationTitle));
+    EXPECT_THAT(shown.titles, testing::AllOf(Not(testing::IsEmpty()), testing::Each(applicationTitle)));
 }
 
 TEST_F(VSSAPITest, projectThatCannotBeHad_leavesTheCurrentOne)

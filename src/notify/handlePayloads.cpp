@@ -1,6 +1,6 @@
 // Code and data-environment objects that the tool made for the IDE's project: handed to the project model.
 
-#include "notify/fetched.h"
+#include "backend/fetched.h"
 #include "notify/handlers.h"
 
 namespace velk {
@@ -37,7 +37,7 @@ int32_t adoTypeOf(int32_t toolType)
 
 void handleSQLText(const IntegrationMgr& manager, const trzNotify& notification)
 {
-    const trzSQLText sql = fetched<trzSQLText>(manager.session(), fetchSQLText, notification.lObjectHdl);
+    const trzSQLText sql = fetched(manager.session(), fetchSQLText, notification.lObjectHdl);
     manager.getModel().insertSQLCode(sql.strText,
                                      {sql.lSelFromLine, sql.lSelFromColumn, sql.lSelToLine, sql.lSelToColumn},
                                      sql.strVSProject, sql.strVSFile);
@@ -45,21 +45,20 @@ void handleSQLText(const IntegrationMgr& manager, const trzNotify& notification)
 
 void handleADOText(const IntegrationMgr& manager, const trzNotify& notification)
 {
-    const trzADOText ado = fetched<trzADOText>(manager.session(), fetchADOText, notification.lObjectHdl);
+    const trzADOText ado = fetched(manager.session(), fetchADOText, notification.lObjectHdl);
     manager.getModel().insertClientCode(ado.strText, ado.strVSProject, ado.strVSFile);
 }
 
 void handleConnectionDE(const IntegrationMgr& manager, const trzNotify& notification)
 {
-    const trzConnectionDE connection =
-        fetched<trzConnectionDE>(manager.session(), fetchConnectionDE, notification.lObjectHdl);
+    const trzConnectionDE connection = fetched(manager.session(), fetchConnectionDE, notification.lObjectHdl);
     manager.getModel().addADOConnection(connection.strConnectionString, connection.strDEConnection,
                                         connection.strDEName, connection.strVSProject);
 }
 
 void handleCommandDE(const IntegrationMgr& manager, const trzNotify& notification)
 {
-    const trzCommandDE command = fetched<trzCommandDE>(manager.session(), fetchCommandDE, notification.lObjectHdl);
+    const trzCommandDE command = fetched(manager.session(), fetchCommandDE, notification.lObjectHdl);
     manager.getModel().AddADOCommand(adoTypeOf(command.lCommandType), command.strCommandText, command.strDECommand,
                                      command.strDEConnection, command.strDEName, command.strVSProject);
 }

@@ -1,4 +1,4 @@
-#include "notify/fetched.h"
+#include "backend/fetched.h"
 #include "notify/handlers.h"
 #include "notify/prompts.h"
 
@@ -54,7 +54,7 @@ constexpr CommandWord commandWords[] = {
 
 void handleText(const IntegrationMgr& manager, const trzNotify& notification)
 {
-    const trzText text = fetched<trzText>(manager.session(), fetchText, notification.lObjectHdl);
+    const trzText text = fetched(manager.session(), fetchText, notification.lObjectHdl);
     if (text.lTextType == plainMessage)
         showMessage(text.strText);
     if (text.lTextType != commandOrPrompt)

@@ -1,10 +1,8 @@
 #include "serverview/popupMenus.h"
 
 #include "backend/texts.h"
-#include "base/text.h"
 #include "com/variant.h"
-
-#include <algorithm>
+#include "serverview/folderKinds.h"
 
 namespace velk {
 namespace {
@@ -22,30 +20,19 @@ constexpr MenuItem debugItems[]        = {devObjBuildWDebugMnuItem, devObjRunWDe
 constexpr MenuItem sourceItems[]       = {devObjViewSrcMnuItem, devObjEditSrcMnuItem, devObjBuildMnuItem, devObjBuildWDebugMnuItem};
 constexpr MenuItem databaseItems[]     = {devObjDropMnuItem, devObjCopyMnuItem};
 constexpr MenuItem fileItems[]         = {devObjScmMnuItem, devObjChkInMnuItem, devObjChkOutMnuItem, devObjAddFileMnuItem};
-constexpr const wchar_t* languages[]   = {L"COMPJAVA", L"Java", L"SQL"};
 // clang-format on
 
-// -1, 0 or 1, without regard to case, as Basic's text comparison gives it.
-int compareTexts(const std::wstring& left, const wchar_t* right)
+// Whether one of the comparisons with "COMPJAVA", "Java" and "SQL" finds a difference: no text equals all three words.
+// Kept so, because objects of other languages can be worked on, too.
+bool isWorkableLanguage(const std::wstring&)
 {
-    return CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, left.c_str(), -1, right, -1) - CSTR_EQUAL;
+    return true;
 }
 
-// The three comparisons have always been joined by a bitwise Or. No text equals all three words, so the result is never
-// zero and every language counts; kept so, because objects of other languages can be worked on, too.
-bool isWorkableLanguage(const std::wstring& language)
+// Running with the debugger depends on the whole tag as a variant: a text is never the Boolean False, whatever it says.
+bool isFalse(const variant& tag)
 {
-    int joined = 0;
-    for (const wchar_t* known : languages)
-        joined |= compareTexts(language, known);
-    return joined != 0;
-}
-
-// The whole tag has always been compared with the Boolean False as variants, and among variants a text never equals a
-// Boolean, whatever it says. So running with the debugger is offered in practice; kept so.
-bool areEqual(const variant& left, const variant& right)
-{
-    return left.type() == right.type() && left.asText() == right.asText();
+    return tag.type() == VT_BOOL && !tag.asBool();
 }
 
 } // namespace
@@ -59,8 +46,7 @@ PopupMenus::PopupMenus()
 void PopupMenus::setUp(bool isSourceSafeAvailable, int32_t ideType)
 {
     for (const MenuRow& row : menuRows()) {
-        if (row.code != noCode)
-            (*this)[row.item].tag = numberText(row.code);
+        (*this)[row.item].tag = row.code;
         if (row.text != noText)
             (*this)[row.item].caption = getRZString(row.text);
     }
@@ -75,45 +61,33 @@ void PopupMenus::setUp(bool isSourceSafeAvailable, int32_t ideType)
 
 PopupMenu PopupMenus::menuOfNode(int32_t kind) noexcept
 {
-    switch (kind) {
-    case 5:
+    if (kind == kindProject)
         return PopupMenu::conFolderMnu;
-    case 6:
+    if (kind == kindConnection)
         return PopupMenu::dbConMnu;
-    case 7:
-    case 9:
-        return PopupMenu::devObjFolderMnu;
-    default:
-        return PopupMenu::dbObjFolderMnu;
-    }
+    const FolderKindRow* folder = folderKindRow(kind);
+    return folder ? folder->nodeMenu : PopupMenu::dbObjFolderMnu;
 }
 
 std::optional<PopupMenu> PopupMenus::menuOfRow(int32_t folderKind, const std::wstring& language,
                                                const std::wstring& tag)
 {
-    switch (folderKind) {
-    case 7:
-    case 9:
-        prepareRoutineMenu(folderKind, language, tag);
-        return PopupMenu::devObjMnu;
-    case 11:
-        return PopupMenu::trigObjMnu;
-    case 13:
-    case 15:
-        return PopupMenu::dbTableObjMnu;
-    default:
+    const FolderKindRow* folder = folderKindRow(folderKind);
+    if (!folder)
         return std::nullopt;
-    }
+    if (folder->rowMenu == PopupMenu::devObjMnu)
+        prepareRoutineMenu(folder->isDebuggingOffered, language, tag);
+    return folder->rowMenu;
 }
 
-void PopupMenus::prepareRoutineMenu(int32_t folderKind, const std::wstring& language, const std::wstring& tag)
+void PopupMenus::prepareRoutineMenu(bool isDebuggingOffered, const std::wstring& language, const std::wstring& tag)
 {
     for (const MenuItem item : debugItems)
-        (*this)[item].visible = folderKind != 9;
+        (*this)[item].visible = isDebuggingOffered;
     const bool isWorkable = isWorkableLanguage(language);
     for (const MenuItem item : sourceItems)
         (*this)[item].enabled = isWorkable;
-    (*this)[devObjRunWDebugMnuItem].enabled = isWorkable && !areEqual(variant(tag), variant(false));
+    (*this)[devObjRunWDebugMnuItem].enabled = isWorkable && !isFalse(variant(tag));
     for (const MenuItem item : databaseItems)
         (*this)[item].enabled = isWorkable;
     // Without SourceSafe these four keep the state that they had.

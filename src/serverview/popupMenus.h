@@ -4,16 +4,15 @@
 #include "window/menu.h"
 
 #include <array>
-#include <functional>
 #include <optional>
 #include <string>
 
 namespace velk {
 
-// What an item of a context menu is like at the moment. The tag is the action code as text, as the dispatcher reads it.
+// What an item of a context menu is like at the moment. The tag is the action code that its command reads.
 struct MenuItemState {
     std::wstring caption;
-    std::wstring tag;
+    int32_t tag = noCode;
     bool enabled = true;
     bool visible = true;
 };
@@ -43,7 +42,7 @@ public:
     std::optional<MenuItem> firstEnabled(PopupMenu menu) const noexcept;
 
 private:
-    void prepareRoutineMenu(int32_t folderKind, const std::wstring& language, const std::wstring& tag);
+    void prepareRoutineMenu(bool isDebuggingOffered, const std::wstring& language, const std::wstring& tag);
 
     std::array<MenuItemState, static_cast<size_t>(MenuItem::count)> m_items;
     bool m_isSourceSafeAvailable = false;

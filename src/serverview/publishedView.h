@@ -17,6 +17,12 @@ struct PublishedView {
 };
 PublishedView& publishedView();
 
+// Its parts; error 91 when no view is published.
+tree_view& publishedTree();
+DetailsList& publishedList();
+// The number of a picture; error 35601 for a key that names none.
+int pictureOf(const wchar_t* key);
+
 // Whether a command's work is for nobody: its manager's session is over, or the view that was published at its begin
 // is gone. To be made before the first call that leaves the house: what is published afterwards may be something else.
 class CommandLife {

@@ -102,7 +102,7 @@ void svrViewCtl::clickMenuItem(MenuItem item)
 void svrViewCtl::doMenuCommand(MenuItem item, bool fromTree) noexcept
 {
     carryOut(m_life, L"doMenuCommand", [&] {
-        const int32_t code = textToLong(m_menus[item].tag);
+        const int32_t code = m_menus[item].tag;
         const TreeNode* node = m_serverTreeView->selected();
         const Row* row = m_serverDetailsView->selected();
         if (fromTree ? !node : !row)

@@ -3,9 +3,8 @@
 #include "backend/calls.h"
 #include "backend/texts.h"
 #include "base/boundary.h"
-#include "base/text.h"
 #include "scc/VSSAPI.h"
-#include "serverview/kinds.h"
+#include "serverview/folderKinds.h"
 #include "serverview/publishedView.h"
 #include "serverview/viewAPIs.h"
 #include "ui/uiFont.h"
@@ -112,7 +111,7 @@ void svrViewCtl::selectNode(bool force)
         return;
     m_previousNode = node->key;
     const int32_t handle = keyToHandle(node->key);
-    const int32_t kind = roundToLong(leadingNumber(node->tag));
+    const int32_t kind = kindOf(node);
     const auto columns = m_columnSets.find(kind);
     m_serverDetailsView->showColumns(kind,
                                      columns == m_columnSets.end() ? std::vector<std::wstring>() : columns->second);

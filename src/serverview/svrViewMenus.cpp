@@ -1,8 +1,9 @@
 // When the server view's context menus open, and which keys stand for their items.
 
-#include "base/text.h"
-#include "serverview/kinds.h"
+#include "serverview/folderKinds.h"
+#include "serverview/objectColumns.h"
 #include "serverview/svrViewCtl.h"
+#include "serverview/viewAPIs.h"
 
 #include <algorithm>
 
@@ -10,10 +11,6 @@ namespace velk {
 namespace {
 
 using enum MenuItem;
-
-constexpr size_t languageColumn = 4; // of procedures and functions alike
-constexpr int32_t kindConnection = 6;
-constexpr int32_t nothingSelected = -1;
 
 POINT onScreen(HWND window, POINT place)
 {
@@ -44,8 +41,7 @@ std::wstring cellOf(const Row& row, size_t column)
 
 int32_t svrViewCtl::selectedKind() const
 {
-    const TreeNode* node = m_serverTreeView->selected();
-    return node ? roundToLong(leadingNumber(node->tag)) : nothingSelected;
+    return kindOf(m_serverTreeView->selected());
 }
 
 void svrViewCtl::onContextMenu(HWND source, POINT place, bool isByKeyboard)

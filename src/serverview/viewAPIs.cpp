@@ -1,9 +1,8 @@
 #include "serverview/viewAPIs.h"
 
 #include "base/boundary.h"
-#include "base/never_destroyed.h"
 #include "base/text.h"
-#include "serverview/kinds.h"
+#include "serverview/folderKinds.h"
 #include "serverview/publishedView.h"
 
 namespace velk {
@@ -12,43 +11,12 @@ namespace {
 constexpr wchar_t where[] = L"viewAPIs";
 constexpr wchar_t why[] = L"the view keeps what it shows";
 
-constexpr wchar_t folderImage[] = L"RZFolder";
-constexpr wchar_t filteredFolderImage[] = L"FilteredRZFolder";
-constexpr wchar_t connectionTag[] = L"6";
-constexpr int32_t nothingSelected = -1;
-
-tree_view& tree()
+const wchar_t* pictureKeyOf(const trzConnection& connection)
 {
-    if (!publishedView().serverTreeView)
-        throw Error(errorObjectNotSet);
-    return *publishedView().serverTreeView;
-}
-
-int imageOf(const wchar_t* key)
-{
-    if (!publishedView().ImageList1)
-        throw Error(errorObjectNotSet);
-    return publishedView().ImageList1->indexOf(key);
-}
-
-const wchar_t* connectionImage(const trzConnection& connection)
-{
-    return connection.bConnected ? L"ConnectedConnection" : L"DisconnectedConnection";
-}
-
-int32_t selectedKind()
-{
-    const TreeNode* node = tree().selected();
-    return node ? roundToLong(leadingNumber(node->tag)) : nothingSelected;
+    return connection.bConnected ? connectedPicture : disconnectedPicture;
 }
 
 } // namespace
-
-PublishedView& publishedView()
-{
-    static never_destroyed<PublishedView> view;
-    return view.get();
-}
 
 std::wstring makeKey(int32_t handle)
 {
@@ -57,11 +25,25 @@ std::wstring makeKey(int32_t handle)
 
 int32_t keyToHandle(const std::wstring& key)
 {
-    // The error for a corrupt key has always been raised with a text where its number belongs. Converting that text is
-    // what fails, so callers get a type mismatch; they rely on it.
+    // "Corrupt key" has always been raised with a text for its number; what callers get, and rely on, is that mismatch.
     if (!key.starts_with(L'K'))
-        return textToLong(L"curreptud key");
+        throw Error(errorTypeMismatch);
     return roundToLong(leadingNumber(std::wstring_view(key).substr(1)));
+}
+
+std::wstring kindTag(int32_t kind)
+{
+    return numberText(kind);
+}
+
+int32_t kindOfTag(const std::wstring& tag)
+{
+    return roundToLong(leadingNumber(tag));
+}
+
+int32_t kindOf(const TreeNode* node)
+{
+    return node ? kindOfTag(node->tag) : kindNone;
 }
 
 void addFolderNode(const std::wstring& parentKey, const std::wstring& tag, const std::wstring& key,
@@ -70,41 +52,42 @@ void addFolderNode(const std::wstring& parentKey, const std::wstring& tag, const
     swallow(where, why, [&] {
         const bool asRoot = isRoot == booleanText(true);
         if (asRoot)
-            tree().clear();
-        TreeNode node{key, tag, text, imageOf(folderImage)};
+            publishedTree().clear();
+        TreeNode node{key, tag, text, pictureOf(folderPicture)};
         if (asRoot)
-            tree().addRoot(std::move(node));
+            publishedTree().addRoot(std::move(node));
         else
-            tree().add(parentKey, std::move(node));
+            publishedTree().add(parentKey, std::move(node));
     });
 }
 
 void addConnectionNode(const std::wstring& projectKey, const trzConnection& connection) noexcept
 {
     swallow(where, why, [&] {
-        tree().add(projectKey, {makeKey(connection.lHdl), connectionTag, connection.strDatabase,
-                                imageOf(connectionImage(connection))});
+        publishedTree().add(projectKey, {makeKey(connection.lHdl), kindTag(kindConnection), connection.strDatabase,
+                                         pictureOf(pictureKeyOf(connection))});
     });
 }
 
 void removeNode(const std::wstring& key) noexcept
 {
-    swallow(where, why, [&] { tree().remove(key); });
+    swallow(where, why, [&] { publishedTree().remove(key); });
 }
 
 void setFolderFiltered(const std::wstring& key, bool filtered) noexcept
 {
-    swallow(where, why, [&] { tree().setImage(key, imageOf(filtered ? filteredFolderImage : folderImage)); });
+    swallow(where, why,
+            [&] { publishedTree().setImage(key, pictureOf(filtered ? filteredFolderPicture : folderPicture)); });
 }
 
 void updateProjectNode(const trzProject& project) noexcept
 {
     swallow(where, why, [&] {
         const std::wstring key = makeKey(project.lHdl);
-        if (!tree().has(key))
+        if (!publishedTree().has(key))
             return;
-        if (tree().node(key).text != project.strName)
-            tree().setText(key, project.strName);
+        if (publishedTree().node(key).text != project.strName)
+            publishedTree().setText(key, project.strName);
         publishedView().IMgr.setRZFileName(project.strPath);
     });
 }
@@ -113,35 +96,38 @@ void updateConnectionNode(const trzConnection& connection) noexcept
 {
     swallow(where, why, [&] {
         const std::wstring key = makeKey(connection.lHdl);
-        if (!tree().has(key))
+        if (!publishedTree().has(key))
             return;
-        if (tree().node(key).text != connection.strDatabase)
-            tree().setText(key, connection.strDatabase);
-        tree().setImage(key, imageOf(connectionImage(connection)));
+        if (publishedTree().node(key).text != connection.strDatabase)
+            publishedTree().setText(key, connection.strDatabase);
+        publishedTree().setImage(key, pictureOf(pictureKeyOf(connection)));
     });
 }
 
 void expandSelected() noexcept
 {
     swallow(where, why, [] {
-        if (const TreeNode* node = tree().selected())
-            tree().expand(node->key);
+        if (const TreeNode* node = publishedTree().selected())
+            publishedTree().expand(node->key);
     });
 }
 
 bool selectedNodeKindIs(int32_t kind) noexcept
 {
     bool is = false;
-    swallow(where, why, [&] { is = tree().selected() && selectedKind() == kind; });
+    swallow(where, why, [&] {
+        const TreeNode* node = publishedTree().selected();
+        is = node && kindOf(node) == kind;
+    });
     return is;
 }
 
 void removeListRow(const std::wstring& objectKind, const std::wstring& key) noexcept
 {
     swallow(where, why, [&] {
-        const FolderKindRow* folder = folderKindRow(selectedKind());
-        if (folder && folder->objectKind == textToLong(objectKind) && publishedView().serverDetailsView)
-            publishedView().serverDetailsView->remove(key);
+        const FolderKindRow* folder = folderKindRow(kindOf(publishedTree().selected()));
+        if (folder && folder->objectKind() == kindOfTag(objectKind))
+            publishedList().remove(key);
     });
 }
 

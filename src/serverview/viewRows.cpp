@@ -1,7 +1,8 @@
-// The rows of the details list: which fields of a record stand in which column.
+// The rows of the details list, made of the records and their columns.
 
 #include "base/boundary.h"
 #include "base/text.h"
+#include "serverview/objectColumns.h"
 #include "serverview/publishedView.h"
 #include "serverview/viewAPIs.h"
 
@@ -11,110 +12,94 @@ namespace {
 constexpr wchar_t where[] = L"viewAPIs rows";
 constexpr wchar_t why[] = L"the list keeps what it shows";
 
-DetailsList& list()
+template <class Record, size_t count>
+Row rowOf(const Record& record, const Column<Record> (&columns)[count])
 {
-    if (!publishedView().serverDetailsView)
-        throw Error(errorObjectNotSet);
-    return *publishedView().serverDetailsView;
-}
-
-int imageOf(const wchar_t* key)
-{
-    if (!publishedView().ImageList1)
-        throw Error(errorObjectNotSet);
-    return publishedView().ImageList1->indexOf(key);
+    Row row{makeKey(record.lHdl), {}, {}};
+    row.cells.reserve(count);
+    for (const Column<Record>& column : columns)
+        row.cells.push_back(column.cell(record));
+    return row;
 }
 
 // What changes in a row when its routine changes. The commands read the debug flag and the file name from the tag.
 template <class Routine>
-void dress(Row& row, const Routine& routine, const wchar_t* plainImage, const wchar_t* dirtyImage)
+void dress(Row& row, const Routine& routine, const ObjectPictures& pictures)
 {
     row.cells.at(0) = routine.strName;
     row.tag = booleanText(routine.bCanDebug) + L"#" + routine.strFileName;
     row.bold = routine.bIsDirty;
-    row.image = imageOf(routine.bIsDirty ? dirtyImage : plainImage);
+    row.image = pictureOf(routine.bIsDirty ? pictures.dirty : pictures.plain);
 }
 
-void dressProcedure(Row& row, const trzProcedure& procedure)
+template <class Record, size_t count>
+void addRow(const Record& record, const Column<Record> (&columns)[count], const ObjectPictures& pictures) noexcept
 {
-    dress(row, procedure, L"StoredProcedure", L"DirtyStoredProcedure");
+    swallow(where, why, [&] {
+        Row row = rowOf(record, columns);
+        row.image = pictureOf(pictures.plain);
+        publishedList().add(std::move(row));
+    });
 }
 
-void dressFunction(Row& row, const trzFunction& function)
+template <class Routine, size_t count>
+void addRoutineRow(const Routine& routine, const Column<Routine> (&columns)[count],
+                   const ObjectPictures& pictures) noexcept
 {
-    dress(row, function, L"UserFunction", L"DirtyUserFunction");
+    swallow(where, why, [&] {
+        Row row = rowOf(routine, columns);
+        dress(row, routine, pictures);
+        publishedList().add(std::move(row));
+    });
+}
+
+template <class Routine>
+void updateRoutineRow(const Routine& routine, const ObjectPictures& pictures) noexcept
+{
+    swallow(where, why,
+            [&] { publishedList().update(makeKey(routine.lHdl), [&](Row& row) { dress(row, routine, pictures); }); });
 }
 
 } // namespace
 
 void addProcedureRow(const trzProcedure& procedure) noexcept
 {
-    swallow(where, why, [&] {
-        Row row{makeKey(procedure.lHdl),
-                {procedure.strName, procedure.strSchema, procedure.strParameters, numberText(procedure.lResultSets),
-                 procedure.strLanguage, procedure.strSpecific, procedure.strSQLPackage,
-                 booleanText(procedure.bIsFenced), procedure.strComment},
-                {}};
-        dressProcedure(row, procedure);
-        list().add(std::move(row));
-    });
+    addRoutineRow(procedure, procedureColumns, procedurePictures);
 }
 
 void addFunctionRow(const trzFunction& function) noexcept
 {
-    swallow(where, why, [&] {
-        Row row{makeKey(function.lHdl),
-                {function.strName, function.strSchema, function.strParameters, function.strResult, function.strLanguage,
-                 function.strSpecific, numberText(function.bIsFenced), function.strComment},
-                {}};
-        dressFunction(row, function);
-        list().add(std::move(row));
-    });
+    addRoutineRow(function, functionColumns, functionPictures);
 }
 
 void addTriggerRow(const trzTrigger& trigger) noexcept
 {
-    swallow(where, why, [&] {
-        list().add(
-            {makeKey(trigger.lHdl),
-             {trigger.strName, trigger.strSchema, trigger.strTableName, trigger.strTableSchema, trigger.strComment},
-             {},
-             imageOf(L"Trigger")});
-    });
+    addRow(trigger, triggerColumns, triggerPictures);
 }
 
 void addTableRow(const trzTable& table) noexcept
 {
-    swallow(where, why, [&] {
-        list().add({makeKey(table.lHdl),
-                    {table.strName, table.strSchema, table.strTableSpace, numberText(table.lType), table.strComment},
-                    {},
-                    imageOf(L"VelkTable")});
-    });
+    addRow(table, tableColumns, tablePictures);
 }
 
 void addViewRow(const trzView& view) noexcept
 {
-    swallow(where, why, [&] {
-        list().add({makeKey(view.lHdl), {view.strName, view.strSchema, view.strComment}, {}, imageOf(L"VelkView")});
-    });
+    addRow(view, viewColumns, viewPictures);
 }
 
 void updateProcedureRow(const trzProcedure& procedure) noexcept
 {
-    swallow(where, why,
-            [&] { list().update(makeKey(procedure.lHdl), [&](Row& row) { dressProcedure(row, procedure); }); });
+    updateRoutineRow(procedure, procedurePictures);
 }
 
 void updateFunctionRow(const trzFunction& function) noexcept
 {
-    swallow(where, why,
-            [&] { list().update(makeKey(function.lHdl), [&](Row& row) { dressFunction(row, function); }); });
+    updateRoutineRow(function, functionPictures);
 }
 
 void clearListRows() noexcept
 {
-    swallow(where, why, [] { list().clear(); });
+    swallow(where, why, [] { publishedList().clear(); });
 }
 
 ListFilling::ListFilling() noexcept : m_filling(publishedView().serverDetailsView)

@@ -1,4 +1,4 @@
-#include "serverview/kinds.h"
+#include "serverview/pictures.h"
 #include "viewFixture.h"
 
 namespace velk {

@@ -76,10 +76,6 @@ std::wstring captionAfterTheStart(const Item& item)
 {
     return item.text ? L"#" + std::to_wstring(item.text) : item.caption;
 }
-std::wstring tagAfterTheStart(const Item& item)
-{
-    return item.code ? std::to_wstring(item.code) : L"";
-}
 
 class MenuTableTest : public test::CommandsFixture {
 protected:
@@ -136,7 +132,7 @@ TEST_P(MenuItemTest, item_hasItsTextAndItsCodeAfterTheStart)
     EXPECT_EQ(menus[GetParam().item].caption, GetParam().caption);
     menus.setUp(true, 1);
     EXPECT_EQ(menus[GetParam().item].caption, captionAfterTheStart(GetParam()));
-    EXPECT_EQ(menus[GetParam().item].tag, tagAfterTheStart(GetParam()));
+    EXPECT_EQ(menus[GetParam().item].tag, GetParam().code);
 }
 INSTANTIATE_TEST_SUITE_P(Items, MenuItemTest, testing::ValuesIn(items));
 
@@ -165,7 +161,7 @@ INSTANTIATE_TEST_SUITE_P(Items, PlainItemTest, testing::ValuesIn(PlainItemTest::
 TEST_F(MenuTableTest, clickedItem_isReadFromItsTag)
 {
     showProcedure();
-    view.menus()[devObjRunMnuItem].tag = L"77";
+    view.menus()[devObjRunMnuItem].tag = 77;
     view.clickMenuItem(devObjRunMnuItem);
     EXPECT_EQ(backend.calls, test::Calls{"RZObjectDoAction(100, 77)"});
 }

@@ -83,14 +83,14 @@ TEST_F(MenusTest, routineMenu_hasItsItemsAndTheSubmenu)
 TEST_F(MenusTest, tags_carryTheActionCodes)
 {
     menus.setUp(false, 3);
-    EXPECT_EQ(menus[projPropsMnuItem].tag, L"13");
-    EXPECT_EQ(menus[conPropsMnuItem].tag, L"13");
-    EXPECT_EQ(menus[conRemoveMnuItem].tag, L"21");
-    EXPECT_EQ(menus[devObjRmMnuItem].tag, L"21");
-    EXPECT_EQ(menus[addConMnuItem].tag, L"9");
-    EXPECT_EQ(menus[devObjFolderNewMnuItem].tag, L"9");
-    EXPECT_EQ(menus[projSaveAsMnuItem].tag, L"4");
-    EXPECT_EQ(menus[scmPropsMnuItem].tag, L"");
+    EXPECT_EQ(menus[projPropsMnuItem].tag, 13);
+    EXPECT_EQ(menus[conPropsMnuItem].tag, 13);
+    EXPECT_EQ(menus[conRemoveMnuItem].tag, 21);
+    EXPECT_EQ(menus[devObjRmMnuItem].tag, 21);
+    EXPECT_EQ(menus[addConMnuItem].tag, 9);
+    EXPECT_EQ(menus[devObjFolderNewMnuItem].tag, 9);
+    EXPECT_EQ(menus[projSaveAsMnuItem].tag, 4);
+    EXPECT_EQ(menus[scmPropsMnuItem].tag, noCode);
 }
 
 TEST_F(MenusTest, withoutSourceSafe_itsItemsAreDisabled)

@@ -1,4 +1,4 @@
-#include "serverview/kinds.h"
+#include "serverview/folderKinds.h"
 #include "serverview/splitter.h"
 #include "serverview/viewAPIs.h"
 
@@ -72,7 +72,7 @@ TEST(folderKindRow, otherKinds_haveNone)
 {
     EXPECT_EQ(folderKindRow(5), nullptr);
     EXPECT_EQ(folderKindRow(8), nullptr);
-    EXPECT_EQ(folderKindRow(13)->objectKind, 14);
+    EXPECT_EQ(folderKindRow(13)->objectKind(), 14);
 }
 
 TEST(SplitterRules, positionLessThan300FromTheBarAtTheLeft_isRefused)

@@ -6,8 +6,8 @@
 
 namespace velk {
 
-// The record of a handle; a Backend that does not give it is a failure of the notification (error 35601), and so is a
-// session that ended inside the call (error 5).
+// The record of a handle; error 35601 when the Backend does not give it, error 5 when the session ended inside the
+// call.
 template <class Record>
 Record fetched(const Session& session, int32_t (*fetch)(int32_t, Record&) noexcept, int32_t handle)
 {

@@ -9,10 +9,10 @@ using enum MenuItem;
 
 // clang-format off
 constexpr MenuRow rows[] = {
-    {projOpenMnuItem,            PopupMenu::conFolderMnu,    L"Open",                            438,     2},
+    {projOpenMnuItem,            PopupMenu::conFolderMnu,    L"Open",                            438,     2,      openOtherProject},
     {projSaveMnuItem,            PopupMenu::conFolderMnu,    L"Save",                            439,     3},
-    {projSaveAsMnuItem,          PopupMenu::conFolderMnu,    L"Save As",                         440,     4}, // its handler never reads the code
-    {scmPropsMnuItem,            PopupMenu::conFolderMnu,    L"Add Project to Visual SourceSafe",431,     noCode},
+    {projSaveAsMnuItem,          PopupMenu::conFolderMnu,    L"Save As",                         440,     4,      projSaveAsMnuItem_Click}, // which never reads the code
+    {scmPropsMnuItem,            PopupMenu::conFolderMnu,    L"Add Project to Visual SourceSafe",431,     noCode, scmPropsMnuItem_Click},
     {projSep,                    PopupMenu::conFolderMnu,    L"-",                               noText,  noCode},
     {addConMnuItem,              PopupMenu::conFolderMnu,    L"Add Connection",                  401,     9},
     {projPropsMnuItem,           PopupMenu::conFolderMnu,    L"Properties",                      noText,  13},
@@ -31,8 +31,8 @@ constexpr MenuRow rows[] = {
     {conRemoveMnuItem,           PopupMenu::dbConMnu,        L"Remove",                          410,     21},
     {conPropsMnuItem,            PopupMenu::dbConMnu,        L"Properties",                      noText,  13},
     {dbConSep,                   PopupMenu::dbConMnu,        L"-",                               noText,  noCode},
-    {adoConCodeMnuItem,          PopupMenu::dbConMnu,        L"Add ADO Connection Code",         412,     26},
-    {adoConObjMnuItem,           PopupMenu::dbConMnu,        L"Add ADO Connection Object",       413,     27},
+    {adoConCodeMnuItem,          PopupMenu::dbConMnu,        L"Add ADO Connection Code",         412,     26,     addCode},
+    {adoConObjMnuItem,           PopupMenu::dbConMnu,        L"Add ADO Connection Object",       413,     27,     addConnectionObject},
 
     {devObjViewSrcMnuItem,       PopupMenu::devObjMnu,       L"View Source",                     414,     25},
     {devObjEditSrcMnuItem,       PopupMenu::devObjMnu,       L"Edit Source",                     444,     14},
@@ -47,19 +47,19 @@ constexpr MenuRow rows[] = {
     {devObjCopyMnuItem,          PopupMenu::devObjMnu,       L"Copy",                            421,     24},
     {devObjPropsMnuItem,         PopupMenu::devObjMnu,       L"Properties",                      noText,  13},
     {devObjSep1,                 PopupMenu::devObjMnu,       L"-",                               noText,  noCode},
-    {devObjScmMnuItem, PopupMenu::devObjMnu,       L"Visual SourceSafe",               432,     noCode},
+    {devObjScmMnuItem,           PopupMenu::devObjMnu,       L"Visual SourceSafe",               432,     noCode},
     {devObjSep,                  PopupMenu::devObjMnu,       L"-",                               noText,  noCode},
-    {addCmdCodeMnuItem,          PopupMenu::devObjMnu,       L"Add ADO Command Code",            noText,  28},
-    {addCmdObjMnuItem,           PopupMenu::devObjMnu,       L"Add ADO Command Object",          noText,  29},
+    {addCmdCodeMnuItem,          PopupMenu::devObjMnu,       L"Add ADO Command Code",            noText,  28,     addCode},
+    {addCmdObjMnuItem,           PopupMenu::devObjMnu,       L"Add ADO Command Object",          noText,  29,     addCommandObject},
 
     {dbTblPropsMnuItem,          PopupMenu::dbTableObjMnu,   L"Properties",                      noText,  13},
     {dbTblSmplContMnuItem,       PopupMenu::dbTableObjMnu,   L"Sample Contents",                 424,     20},
 
     {trigObjPropsMnuItem,        PopupMenu::trigObjMnu,      L"Properties",                      noText,  13},
 
-    {devObjAddFileMnuItem,       PopupMenu::devObjScmMnuItem, L"Add &File",           443,     noCode},
-    {devObjChkOutMnuItem,        PopupMenu::devObjScmMnuItem, L"Check Out",           434,     noCode},
-    {devObjChkInMnuItem,         PopupMenu::devObjScmMnuItem, L"Check In",            433,     noCode},
+    {devObjAddFileMnuItem,       PopupMenu::devObjScmMnuItem, L"Add &File",           443,     noCode, devObjAddFileMnuItem_Click},
+    {devObjChkOutMnuItem,        PopupMenu::devObjScmMnuItem, L"Check Out",           434,     noCode, devObjChkOutMnuItem_Click},
+    {devObjChkInMnuItem,         PopupMenu::devObjScmMnuItem, L"Check In",            433,     noCode, devObjChkInMnuItem_Click},
 };
 // clang-format on
 
@@ -77,6 +77,11 @@ static_assert(itemsStandInTheOrderOfTheirNames(), "an item is found by its numbe
 std::span<const MenuRow> menuRows() noexcept
 {
     return rows;
+}
+
+const MenuRow& menuRow(MenuItem item) noexcept
+{
+    return rows[static_cast<size_t>(item)];
 }
 
 bool actsOnTheTree(PopupMenu menu) noexcept

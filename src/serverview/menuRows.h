@@ -1,5 +1,7 @@
 #pragma once
 
+#include "serverview/commands.h"
+
 #include <cstdint>
 #include <span>
 
@@ -33,20 +35,22 @@ enum class MenuItem {
 // clang-format on
 
 inline constexpr int32_t noText = 0; // keeps the caption of its row
-inline constexpr int32_t noCode = 0; // has a handler of its own, or is a separator
+inline constexpr int32_t noCode = 0; // its command reads none, or it is a separator
 
-// One item: the menu it stands in, its caption ("-" is a separator), the message number of its text, and the action
-// code that its tag carries.
+// One item: the menu it stands in, its caption ("-" is a separator), the message number of its text, the action code
+// that its tag carries, and what it does.
 struct MenuRow {
     MenuItem item;
     PopupMenu menu;
     const wchar_t* caption;
     int32_t text;
     int32_t code;
+    Command command = doMenuCommand;
 };
 
-// All items, in their order within each menu.
+// All items, in their order within each menu; and the row of one.
 std::span<const MenuRow> menuRows() noexcept;
+const MenuRow& menuRow(MenuItem item) noexcept;
 
 // Whether the items of a menu act on the tree's selected node; else on the details list's selected row.
 bool actsOnTheTree(PopupMenu menu) noexcept;

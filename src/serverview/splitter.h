@@ -1,34 +1,40 @@
 #pragma once
 
-#include <algorithm>
+#include "serverview/splitterRules.h"
+#include "window/control.h"
 
 namespace velk {
 
-// The splitter's rules, in twips of the control's inner area.
-struct SplitterRules {
-    static constexpr int treeRoom = 300;
-    static constexpr int listRoom = 400;
+// The bar between the two panes of the server view, and with it the view's layout. Positions are twips of the owner's
+// inner area, as the panes' limits are.
+class Splitter {
+public:
+    // The bar becomes a child of the owner, as the panes are.
+    Splitter(HWND owner, HWND leftPane, HWND rightPane);
 
-    int barWidth; // the bar's width
-    int width;    // the control's inner width
+    HWND bar() const noexcept { return m_bar.hwnd(); }
+    // Puts the panes and the bar in their places.
+    void resizeGUI();
+    // Carries out a message of the owner if it is one of the mouse's; whether it is.
+    bool useMouse(UINT message, WPARAM wParam, LPARAM lParam);
+    // Ends a drag with the panes as they were; whether there was one.
+    bool cancelDrag();
 
-    // Whether the bar may stand at a position: both sides keep the room that they need.
-    bool accepts(int position) const noexcept
-    {
-        return position - barWidth - treeRoom > 0 && position + barWidth + listRoom < width;
-    }
-    // Where the bar stands when the tree is to have a width: the list keeps its room in a view that is too narrow for
-    // both.
-    int barAt(int treeWidth) const noexcept
-    {
-        return std::clamp(treeWidth, 0, std::max(0, width - barWidth - listRoom));
-    }
-    // Whether the mouse is over a bar whose left edge is given.
-    bool isOver(int barLeft, int x, int y) const noexcept
-    {
-        constexpr int reach = 5;
-        return x >= barLeft && x <= barLeft + barWidth + reach && y > 0;
-    }
+private:
+    void press(int x, int y);
+    void UserControl_MouseMove(bool isButtonDown, int x, int y);
+    void UserControl_MouseUp(int x, int y);
+    void loseCapture();
+    void endDrag() noexcept;
+    SplitterRules rules() const noexcept;
+
+    HWND m_owner;
+    HWND m_leftPane;
+    HWND m_rightPane;
+    Control m_bar;
+    int m_treeWidth;
+    int m_barLeft; // while dragged elsewhere than the tree's edge
+    bool m_isDragging = false;
 };
 
 } // namespace velk

@@ -1,5 +1,5 @@
 #include "serverview/folderKinds.h"
-#include "serverview/splitter.h"
+#include "serverview/splitterRules.h"
 #include "serverview/viewAPIs.h"
 
 #include "base/error.h"

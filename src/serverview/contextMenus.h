@@ -1,0 +1,38 @@
+#pragma once
+
+#include "serverview/currentFolder.h"
+#include "serverview/popupMenus.h"
+#include "serverview/viewParts.h"
+
+#include <optional>
+
+namespace velk {
+
+// When the server view's context menus open, for what, and what becomes of the user's choice.
+class ContextMenus {
+public:
+    ContextMenus(ViewParts& parts, CurrentFolder& folder) noexcept : m_parts(parts), m_folder(folder) {}
+
+    PopupMenus& menus() noexcept { return m_menus; }
+
+    // A right click on one of the panes, or the menu key there. The menu opens over the owner; the place is in pixels
+    // of the screen.
+    void open(HWND owner, HWND pane, POINT place, bool isByKeyboard);
+    // The menu that the list's selected row would have, its items set for the row; nothing without one.
+    std::optional<PopupMenu> menuOfSelectedRow();
+    // What the user's choice of a menu item does. A failure is told in a message box.
+    void clickMenuItem(MenuItem item) noexcept;
+
+private:
+    void serverTreeView_MouseUp(HWND owner, POINT place, bool isByKeyboard);
+    void serverDetailsView_MouseUp(HWND owner, POINT place, bool isByKeyboard);
+    void popUp(PopupMenu menu, HWND owner, POINT place);
+    Choice choiceOf(const MenuRow& row) const;
+    std::optional<Choice::Object> objectOf(PopupMenu menu) const;
+
+    ViewParts& m_parts;
+    CurrentFolder& m_folder;
+    PopupMenus m_menus;
+};
+
+} // namespace velk

@@ -1,0 +1,144 @@
+#include "serverview/splitter.h"
+
+#include <algorithm>
+
+namespace velk {
+namespace {
+
+constexpr int twipsPerInch = 1440;
+constexpr int barWidthTwips = 60; // 4 pixels at 96 dpi
+constexpr int firstTreeWidth = 3600;
+
+int dotsPerInch() noexcept
+{
+    const HDC screen = GetDC(nullptr);
+    const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
+    ReleaseDC(nullptr, screen);
+    return dpi;
+}
+
+int toTwips(int pixels) noexcept
+{
+    return MulDiv(pixels, twipsPerInch, dotsPerInch());
+}
+
+int toPixels(int twips) noexcept
+{
+    return MulDiv(twips, dotsPerInch(), twipsPerInch);
+}
+
+RECT innerOf(HWND window) noexcept
+{
+    RECT inner{};
+    GetClientRect(window, &inner);
+    return inner;
+}
+
+} // namespace
+
+Splitter::Splitter(HWND owner, HWND leftPane, HWND rightPane)
+    : m_owner(owner), m_leftPane(leftPane), m_rightPane(rightPane), m_bar(L"STATIC", owner, WS_CLIPSIBLINGS),
+      m_treeWidth(firstTreeWidth), m_barLeft(firstTreeWidth)
+{
+}
+
+SplitterRules Splitter::rules() const noexcept
+{
+    return {barWidthTwips, toTwips(innerOf(m_owner).right)};
+}
+
+void Splitter::resizeGUI()
+{
+    const RECT inner = innerOf(m_owner);
+    // The tree's own width stays, however much of it a narrow view shows.
+    const int treeWidth = std::min<int>(toPixels(rules().barAt(m_treeWidth)), inner.right);
+    m_barLeft = toTwips(treeWidth);
+    const int barWidth = std::min<int>(toPixels(barWidthTwips), inner.right - treeWidth);
+    const int listLeft = treeWidth + barWidth;
+    HDWP places = BeginDeferWindowPos(3);
+    const auto place = [&](HWND window, int left, int width) {
+        if (places)
+            places =
+                DeferWindowPos(places, window, nullptr, left, 0, width, inner.bottom, SWP_NOZORDER | SWP_NOACTIVATE);
+    };
+    place(m_leftPane, 0, treeWidth);
+    place(m_bar.hwnd(), treeWidth, barWidth);
+    place(m_rightPane, listLeft, inner.right - listLeft);
+    if (places)
+        EndDeferWindowPos(places);
+}
+
+bool Splitter::useMouse(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const auto x = [&] { return toTwips(static_cast<short>(LOWORD(lParam))); };
+    const auto y = [&] { return toTwips(static_cast<short>(HIWORD(lParam))); };
+    switch (message) {
+    case WM_LBUTTONDOWN:
+        press(x(), y());
+        return true;
+    case WM_MOUSEMOVE:
+        UserControl_MouseMove((wParam & MK_LBUTTON) != 0, x(), y());
+        return true;
+    case WM_LBUTTONUP:
+        UserControl_MouseUp(x(), y());
+        return true;
+    case WM_CAPTURECHANGED:
+        loseCapture();
+        return true;
+    default:
+        return false;
+    }
+}
+
+void Splitter::press(int x, int y)
+{
+    if (!rules().isOver(m_barLeft, x, y))
+        return;
+    SetCapture(m_owner);
+    m_isDragging = true;
+}
+
+void Splitter::UserControl_MouseMove(bool isButtonDown, int x, int y)
+{
+    const SplitterRules splitter = rules();
+    if (m_isDragging || splitter.isOver(m_barLeft, x, y))
+        SetCursor(LoadCursorW(nullptr, IDC_SIZEWE));
+    if (!m_isDragging || !isButtonDown || !splitter.accepts(x))
+        return;
+    m_barLeft = x;
+    SetWindowPos(m_bar.hwnd(), HWND_TOP, toPixels(x), 0, toPixels(barWidthTwips), innerOf(m_owner).bottom,
+                 SWP_NOACTIVATE);
+}
+
+void Splitter::UserControl_MouseUp(int x, int)
+{
+    if (!m_isDragging)
+        return;
+    if (rules().accepts(x))
+        m_treeWidth = x;
+    endDrag();
+    resizeGUI();
+}
+
+void Splitter::loseCapture()
+{
+    m_isDragging = false;
+    resizeGUI();
+}
+
+bool Splitter::cancelDrag()
+{
+    if (!m_isDragging)
+        return false;
+    endDrag();
+    resizeGUI();
+    return true;
+}
+
+void Splitter::endDrag() noexcept
+{
+    m_isDragging = false;
+    ReleaseCapture();
+}
+
+} // namespace velk

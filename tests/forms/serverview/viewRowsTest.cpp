@@ -1,4 +1,3 @@
-#include "serverview/pictures.h"
 #include "viewFixture.h"
 
 namespace velk {
@@ -26,13 +25,6 @@ protected:
         return found;
     }
 };
-
-TEST_F(ListRowsTest, pictures_haveTheAgreedKeys)
-{
-    EXPECT_EQ(imageKeys(), (Texts{L"RZFolder", L"FilteredRZFolder", L"ConnectedConnection", L"DisconnectedConnection",
-                                  L"StoredProcedure", L"DirtyStoredProcedure", L"UserFunction", L"DirtyUserFunction",
-                                  L"Trigger", L"VelkTable", L"VelkView"}));
-}
 
 struct Folder {
     const wchar_t* node;

@@ -1,8 +1,7 @@
-#include "serverview/folderKinds.h"
-#include "serverview/splitterRules.h"
 #include "serverview/viewAPIs.h"
 
 #include "base/error.h"
+#include "serverview/folderKinds.h"
 
 #include <gtest/gtest.h>
 
@@ -68,45 +67,23 @@ TEST(keyToHandle, emptyKey_isATypeMismatch)
     EXPECT_EQ(errorOf(L""), errorTypeMismatch);
 }
 
-TEST(folderKindRow, otherKinds_haveNone)
+TEST(kindTag, kindOfItsText_isTheKind)
 {
-    EXPECT_EQ(folderKindRow(5), nullptr);
-    EXPECT_EQ(folderKindRow(8), nullptr);
-    EXPECT_EQ(folderKindRow(13)->objectKind(), 14);
+    EXPECT_EQ(kindTag(kindConnection), L"6");
+    EXPECT_EQ(kindOfTag(kindTag(kindProject)), kindProject);
 }
 
-TEST(SplitterRules, positionLessThan300FromTheBarAtTheLeft_isRefused)
+TEST(kindOfTag, textBehindTheNumber_isIgnored)
 {
-    const SplitterRules rules{60, 6000};
-    EXPECT_FALSE(rules.accepts(360));
-    EXPECT_TRUE(rules.accepts(361));
+    EXPECT_EQ(kindOfTag(L"13 tables"), 13);
+    EXPECT_EQ(kindOfTag(L"tables"), 0);
 }
 
-TEST(SplitterRules, positionLessThan400FromTheBarAtTheRight_isRefused)
+TEST(kindOf, noNode_isOfNoKind)
 {
-    const SplitterRules rules{60, 6000};
-    EXPECT_FALSE(rules.accepts(5540));
-    EXPECT_TRUE(rules.accepts(5539));
-}
-
-TEST(SplitterRules, mouseOverTheBar_reachesFiveBeyondItsWidth)
-{
-    const SplitterRules rules{60, 6000};
-    EXPECT_TRUE(rules.isOver(1000, 1000, 1));
-    EXPECT_TRUE(rules.isOver(1000, 1065, 1));
-    EXPECT_FALSE(rules.isOver(1000, 1066, 1));
-    EXPECT_FALSE(rules.isOver(1000, 999, 1));
-    EXPECT_FALSE(rules.isOver(1000, 1030, 0));
-}
-
-TEST(SplitterRules, bar_standsAtTheTreesWidthAsFarAsTheListsRoomLetsIt)
-{
-    const SplitterRules rules{60, 6000};
-    EXPECT_EQ(rules.barAt(3600), 3600);
-    EXPECT_EQ(rules.barAt(5540), 5540);
-    EXPECT_EQ(rules.barAt(5541), 5540);
-    EXPECT_EQ((SplitterRules{60, 460}.barAt(3600)), 0);
-    EXPECT_EQ((SplitterRules{60, 0}.barAt(3600)), 0);
+    EXPECT_EQ(kindOf(nullptr), kindNone);
+    const TreeNode node{L"K1", L"15", L"Views"};
+    EXPECT_EQ(kindOf(&node), 15);
 }
 
 } // namespace

@@ -180,5 +180,23 @@ TEST_F(SelectionTest, nodeThatWasSelectedLast_isForgottenWhenItGoesUnselected)
     EXPECT_EQ(backend.calls, Calls{});
 }
 
+TEST_F(SelectionTest, nodeSelectedInTheFirstSetUp_hasNoColumnsYet)
+{
+    svrViewCtl other;
+    other.create(host, {0, 0, 400, 300});
+    backend.unjournaled.erase("RZGetString");
+    backend.onCall = [&](const std::string& call) {
+        if (call != "RZGetString(500)")
+            return;
+        addFolderNode(L"", L"7", L"K9", L"Procedures", L"True");
+        other.serverTreeView().select(L"K9");
+    };
+    other.setupGUI();
+    EXPECT_EQ(other.serverTreeView().selected()->key, L"K9");
+    EXPECT_EQ(other.serverDetailsView().view().columnCount(), 0);
+    other.selectNode(true);
+    EXPECT_EQ(other.serverDetailsView().view().columnCount(), 9);
+}
+
 } // namespace
 } // namespace velk

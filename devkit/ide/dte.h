@@ -1,7 +1,7 @@
 #pragma once
 
 #include "devkit/ide/commandBars.h"
-#include "devkit/ide/windows.h"
+#include "devkit/ide/ideWindows.h"
 
 namespace velk::devkit {
 

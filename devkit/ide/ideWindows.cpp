@@ -1,4 +1,4 @@
-#include "devkit/ide/windows.h"
+#include "devkit/ide/ideWindows.h"
 
 #include <algorithm>
 #include <cwchar>

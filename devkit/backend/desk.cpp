@@ -10,7 +10,7 @@
 namespace velk::devkit {
 namespace {
 
-constexpr int32_t answerCodes[] = {1, 2, 6, 7};
+constexpr int32_t answerCodes[] = {answerOk, answerCancel, answerYes, answerNo};
 constexpr int32_t accessOpen = 2;
 constexpr int32_t accessSaveAs = 4;
 
@@ -161,7 +161,7 @@ int32_t Desk::RZButtonDoAction(char* text, int32_t answer)
         breach(L"the text is not the fixed one");
     if (std::find(std::begin(answerCodes), std::end(answerCodes), answer) == std::end(answerCodes))
         breach(L"there is no such answer");
-    if (m_session->answer(answer))
+    if (m_session->conversation().answer(answer))
         return 1;
     breach(L"nothing was asked");
     return 0;
@@ -235,7 +235,7 @@ int32_t Desk::RZObjectDoAction(int32_t handle, int32_t code)
 
 int32_t Desk::notAvailable(int32_t action)
 {
-    m_session->tell(messageNotAvailable, {m_texts.text(actionNames + action)});
+    m_session->conversation().tell(messageNotAvailable, {m_texts.text(actionNames + action)});
     return 0;
 }
 

@@ -16,7 +16,7 @@ int32_t Desk::enumBegin(const wchar_t* name, int32_t kind, int32_t container, in
     const bool live = checkHandle(container, kind == kindConnection ? kindProject : kind - 1);
     Enumeration made{container, kind, {}, 0};
     if (live)
-        made.handles = m_session->contents(container);
+        made.handles = m_session->tree().contents(container);
     *count = static_cast<int32_t>(made.handles.size());
     *enumeration = ++m_lastEnumeration;
     m_enumerations.emplace(*enumeration, std::move(made));

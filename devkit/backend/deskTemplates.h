@@ -53,8 +53,8 @@ const PresetRow& longField(const Record* record)
 template <class Kind>
 std::optional<Kind> Desk::payload(int32_t handle)
 {
-    auto found = m_session->queue().payload<Kind>(handle);
-    if (!found && !m_session->queue().everHad(handle))
+    auto found = m_session->conversation().queue().payload<Kind>(handle);
+    if (!found && !m_session->conversation().queue().everHad(handle))
         breach(L"nothing of this kind was ever queued");
     return found;
 }
@@ -115,17 +115,17 @@ template <class Record>
 bool Desk::fillRecord(int32_t handle, Record& record)
 {
     if constexpr (std::is_same_v<Record, wire::trzConnection>) {
-        const auto facts = m_session->connection(handle);
+        const auto facts = m_session->tree().connectionFacts(handle);
         if (facts)
             fill(record, handle, *facts);
         return facts.has_value();
     } else if constexpr (std::is_same_v<Record, wire::trzProject>) {
-        const ProjectFacts* const facts = m_session->project(handle);
-        if (facts)
-            fill(record, handle, *facts);
-        return facts != nullptr;
+        const ProjectState* const project = m_session->tree().project(handle);
+        if (project)
+            fill(record, handle, project->facts);
+        return project != nullptr;
     } else {
-        const ObjectFacts* const facts = m_session->object(handle);
+        const ObjectFacts* const facts = m_session->tree().facts(handle);
         if (facts)
             fill(record, handle, *facts);
         return facts != nullptr;

@@ -26,7 +26,7 @@ int32_t Desk::RZObjectDoGetADO(int32_t handle, int32_t language, char* project, 
     const std::wstring componentName = input(component);
     if (m_handles.kindOf(handle) == 0)
         breach(L"the handle is not live");
-    return m_session->makeADO(handle, projectName, componentName) ? 1 : 0;
+    return m_session->client().makeADO(handle, projectName, componentName) ? 1 : 0;
 }
 
 int32_t Desk::RZConnectionDoGetDE(int32_t handle, char* project, char* environment, char* connection)
@@ -34,7 +34,8 @@ int32_t Desk::RZConnectionDoGetDE(int32_t handle, char* project, char* environme
     if (!enter(L"RZConnectionDoGetDE", handle, project, environment, connection))
         return 0;
     ConnectionDEPayload wanted{input(project), input(environment), input(connection), {}};
-    return checkHandle(handle, kindConnection) && m_session->makeConnectionDE(handle, std::move(wanted)) ? 1 : 0;
+    return checkHandle(handle, kindConnection) && m_session->client().makeConnectionDE(handle, std::move(wanted)) ? 1
+                                                                                                                  : 0;
 }
 
 int32_t Desk::RZCommandDoGetDE(int32_t handle, char* project, char* environment, char* connection, char* command)
@@ -44,7 +45,7 @@ int32_t Desk::RZCommandDoGetDE(int32_t handle, char* project, char* environment,
     CommandDEPayload wanted{input(project), input(environment), input(connection), input(command), {}};
     if (m_handles.kindOf(handle) == 0)
         breach(L"the handle is not live");
-    return m_session->makeCommandDE(handle, std::move(wanted)) ? 1 : 0;
+    return m_session->client().makeCommandDE(handle, std::move(wanted)) ? 1 : 0;
 }
 
 int32_t Desk::RZLaunchApp(int32_t application, char* arguments)
@@ -52,7 +53,7 @@ int32_t Desk::RZLaunchApp(int32_t application, char* arguments)
     if (!enter(L"RZLaunchApp", application, arguments))
         return 0;
     input(arguments);
-    m_session->tell(messageNoTool, {m_texts.text(applicationName, {std::to_wstring(application)})});
+    m_session->conversation().tell(messageNoTool, {m_texts.text(applicationName, {std::to_wstring(application)})});
     return 0;
 }
 
@@ -60,7 +61,7 @@ int32_t Desk::RZLaunchVelkTool(int32_t tool)
 {
     if (!enter(L"RZLaunchVelkTool", tool))
         return 0;
-    m_session->tell(messageNoTool, {m_texts.text(toolName, {std::to_wstring(tool)})});
+    m_session->conversation().tell(messageNoTool, {m_texts.text(toolName, {std::to_wstring(tool)})});
     return 0;
 }
 

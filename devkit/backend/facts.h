@@ -26,6 +26,13 @@ enum Kind : int32_t {
 inline constexpr int32_t folderKinds[] = {kindProcedureFolder, kindFunctionFolder, kindTriggerFolder, kindTableFolder,
                                           kindViewFolder};
 
+constexpr bool isTableLike(int32_t folderKind)
+{
+    return folderKind == kindTableFolder || folderKind == kindViewFolder;
+}
+
+inline constexpr int32_t plainTable = 1; // a type of tables
+
 // What is known of a database object of any kind; the fields that a kind does not have stay empty.
 struct ObjectFacts {
     std::wstring key; // tells an object from its neighbours in the folder, for as long as the object lives
@@ -37,6 +44,12 @@ struct ObjectFacts {
 
     bool operator==(const ObjectFacts&) const = default;
 };
+
+// With its schema, where it has one.
+inline std::wstring fullName(const ObjectFacts& facts)
+{
+    return facts.schema.empty() ? facts.name : facts.schema + L"." + facts.name;
+}
 
 struct ProjectFacts {
     std::wstring name, path;

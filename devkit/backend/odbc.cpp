@@ -193,4 +193,18 @@ OdbcConnection::Table OdbcConnection::table(const std::wstring& sql, size_t limi
     return result;
 }
 
+std::wstring tableText(const OdbcConnection::Table& table)
+{
+    std::wstring text;
+    const auto addLine = [&text](const std::vector<std::wstring>& cells) {
+        for (size_t index = 0; index < cells.size(); ++index)
+            text += (index == 0 ? L"" : L" | ") + cells[index];
+        text += L"\n";
+    };
+    addLine(table.columns);
+    for (const auto& row : table.rows)
+        addLine(row);
+    return text;
+}
+
 } // namespace velk::devkit

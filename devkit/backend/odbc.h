@@ -72,6 +72,9 @@ private:
     SQLHSTMT m_idle = SQL_NULL_HSTMT; // by which all of the connection is cancelled, where that is possible
 };
 
+// Rows as lines, cells apart by bars.
+std::wstring tableText(const OdbcConnection::Table& table);
+
 // The connection string with its Database= made absolute (relative to a folder) and, under Wine, a Unix path, which is
 // what the drivers there want. Other databases than files are named without a path and stay as they are.
 struct DatabasePlace {

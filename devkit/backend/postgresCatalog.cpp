@@ -5,8 +5,6 @@
 namespace velk::devkit {
 namespace {
 
-constexpr int32_t plainTable = 1;
-
 struct ObjectsRow {
     int32_t folderKind;
     const wchar_t* query; // schema, name, remark, table's schema and name, table space
@@ -27,11 +25,6 @@ constexpr ObjectsRow objectsRows[] = {
      L"JOIN pg_class c ON c.oid = g.tgrelid JOIN pg_namespace n ON n.oid = c.relnamespace WHERE NOT g.tgisinternal ORDER BY g.tgname"},
 };
 // clang-format on
-
-std::wstring fullName(const ObjectFacts& facts)
-{
-    return facts.schema.empty() ? facts.name : facts.schema + L"." + facts.name;
-}
 
 bool isFunction(const ObjectFacts& facts)
 {

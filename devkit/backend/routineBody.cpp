@@ -127,9 +127,9 @@ std::vector<RoutineParameter> parametersOf(const ObjectFacts& facts)
     return parameters;
 }
 
-bool isSql(const ObjectFacts& facts)
+bool isWrittenIn(const ObjectFacts& facts, const wchar_t* language)
 {
-    return _wcsicmp(facts.language.c_str(), L"SQL") == 0;
+    return isSame(facts.language, language);
 }
 
 std::map<std::wstring, std::wstring> nothingFor(const ObjectFacts& facts)

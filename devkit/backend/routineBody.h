@@ -16,7 +16,7 @@ struct RoutineParameter {
 // The parameters of a routine in their order, without their direction.
 std::vector<RoutineParameter> parametersOf(const ObjectFacts& facts);
 
-bool isSql(const ObjectFacts& facts);
+bool isWrittenIn(const ObjectFacts& facts, const wchar_t* language);
 // NULL for every parameter: to have statements checked without running them.
 std::map<std::wstring, std::wstring> nothingFor(const ObjectFacts& facts);
 

@@ -5,7 +5,6 @@
 namespace velk::devkit {
 namespace {
 
-constexpr int32_t plainTable = 1;
 constexpr const wchar_t* schema = L"main";
 
 struct ObjectsRow {
@@ -49,7 +48,7 @@ public:
     // The database only checks the statements; the routine itself is the tool's.
     void build(OdbcConnection& connection, const ObjectFacts& facts, const std::wstring& source) override
     {
-        if (isSql(facts))
+        if (isWrittenIn(facts, L"SQL"))
             for (const std::wstring& statement : statementsOf(source, facts, nothingFor(facts)))
                 connection.query(L"EXPLAIN " + statement);
         keepSource(connection, facts.name, source);

@@ -1,10 +1,12 @@
+#include "devkit/backend/conversation.h"
 #include "devkit/backend/counted.h"
+#include "devkit/backend/facts.h"
 #include "devkit/backend/journal.h"
+#include "devkit/backend/messages.h"
 #include "devkit/backend/odbc.h"
 #include "devkit/backend/projectFile.h"
 #include "devkit/backend/queue.h"
 #include "devkit/backend/routineSource.h"
-#include "devkit/backend/session.h"
 #include "devkit/backend/texts.h"
 
 #include <gmock/gmock.h>
@@ -173,14 +175,13 @@ TEST(Queues, notifications_inOrder_sayWhetherMoreWait)
 
 TEST(Questions, answer_toOne_arrivesOnce)
 {
-    Handles handles;
     const TextTable texts(L"");
-    Session session(handles, texts);
+    Conversation conversation(texts);
     int32_t answered = 0;
-    session.ask(L"Really?", L"IDE_QUESTION#67#Drop", [&](int32_t button) { answered = button; });
-    EXPECT_TRUE(session.answer(7));
+    conversation.ask(questionDrop, {L"p"}, questionDropButtons, [&](int32_t button) { answered = button; });
+    EXPECT_TRUE(conversation.answer(answerNo));
     EXPECT_EQ(answered, 7);
-    EXPECT_FALSE(session.answer(7));
+    EXPECT_FALSE(conversation.answer(answerNo));
 }
 
 } // namespace

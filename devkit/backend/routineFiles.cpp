@@ -1,0 +1,171 @@
+#include "devkit/backend/routineFiles.h"
+
+#include "devkit/backend/messages.h"
+#include "devkit/backend/routineSource.h"
+#include "devkit/backend/systemFile.h"
+
+#include <algorithm>
+
+namespace velk::devkit {
+namespace {
+
+// A source for a new routine of each kind.
+constexpr const wchar_t* newProcedure = L"-- remark: A new procedure\nCREATE PROCEDURE main.%1 (IN a_number INTEGER)\n"
+                                        L"LANGUAGE SQL\nBEGIN\n    SELECT a_number;\nEND\n";
+constexpr const wchar_t* newFunction = L"-- remark: A new function\nCREATE FUNCTION main.%1 (a_number INTEGER) RETURNS "
+                                       L"INTEGER\nLANGUAGE SQL\nRETURN SELECT a_number\n";
+
+std::vector<std::wstring> sourcesIn(const std::wstring& folder)
+{
+    std::vector<std::wstring> files;
+    for (const wchar_t* pattern : {L"\\*.sql", L"\\*.java"}) {
+        WIN32_FIND_DATAW entry{};
+        const HANDLE search = FindFirstFileW((folder + pattern).c_str(), &entry);
+        if (search == INVALID_HANDLE_VALUE)
+            continue;
+        do
+            files.push_back(folder + L"\\" + entry.cFileName);
+        while (FindNextFileW(search, &entry));
+        FindClose(search);
+    }
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+void replaceAll(std::wstring& text, const std::wstring& from, const std::wstring& to)
+{
+    for (size_t place = text.find(from); place != std::wstring::npos; place = text.find(from, place + to.size()))
+        text.replace(place, from.size(), to);
+}
+
+} // namespace
+
+void tellUnread(Conversation& conversation, const std::wstring& file)
+{
+    conversation.tell(messageFileUnread, {file, systemReason(GetLastError())});
+}
+
+Routine readRoutine(const ProjectTree& tree, Conversation& conversation, int32_t handle)
+{
+    const Place place = tree.object(handle);
+    if (!place.routines())
+        return {};
+    const auto bytes = readBytes(place.facts->file);
+    if (!bytes)
+        tellUnread(conversation, place.facts->file);
+    return {handle, place, bytes ? std::optional(fromUtf8(*bytes)) : std::nullopt};
+}
+
+bool RoutineFiles::add(int32_t folder)
+{
+    const Place place = m_tree.folder(folder);
+    if (!place.routines())
+        return false;
+    const bool isProcedure = place.folder->kind == kindProcedureFolder;
+    write(place, isProcedure ? L"new_procedure" : L"new_function", isProcedure ? newProcedure : newFunction);
+    return true;
+}
+
+bool RoutineFiles::import(int32_t folder)
+{
+    const Place place = m_tree.folder(folder);
+    if (!place.routines())
+        return false;
+    const std::wstring from = folderOf(m_tree.opened()->facts.path) + L"\\import";
+    const std::vector<std::wstring> files = sourcesIn(from);
+    if (files.empty())
+        m_conversation.tell(messageNothingToImport, {from});
+    for (const std::wstring& file : files)
+        include(place, file);
+    return true;
+}
+
+void RoutineFiles::copy(const Routine& routine)
+{
+    m_copied = *routine.source;
+}
+
+bool RoutineFiles::paste(int32_t folder)
+{
+    const Place place = m_tree.folder(folder);
+    if (!place.routines())
+        return false;
+    if (m_copied.empty()) {
+        m_conversation.tell(messageNothingCopied, {});
+        return true;
+    }
+    const std::wstring name = parseRoutine(m_copied).name;
+    std::wstring source = m_copied;
+    if (!name.empty())
+        replaceAll(source, name, L"%1");
+    write(place, name.empty() ? L"pasted" : name, source);
+    return true;
+}
+
+// Beside the other sources, under a name that is free: name, name2, name3 ... The name goes into the source, too.
+void RoutineFiles::write(const Place& folder, const std::wstring& name, std::wstring source)
+{
+    const std::vector<ProjectRoutine>& routines = *folder.routines();
+    const std::wstring beside = folderOf(routines.empty() ? m_tree.opened()->facts.path : routines.front().file);
+    std::wstring free = name;
+    for (int number = 2; !fileStamp(beside + L"\\" + free + L".sql").empty(); ++number)
+        free = name + std::to_wstring(number);
+    replaceAll(source, L"%1", free);
+    const std::wstring file = beside + L"\\" + free + L".sql";
+    if (writeBytes(file, toUtf8(source)))
+        include(folder, file);
+    else
+        tellUnread(m_conversation, file);
+}
+
+// The folder shows the routine as soon as it is read again.
+void RoutineFiles::include(const Place& folder, const std::wstring& file)
+{
+    std::vector<ProjectRoutine>& routines = *folder.routines();
+    const auto same = [&](const ProjectRoutine& routine) { return routine.file == file; };
+    if (std::none_of(routines.begin(), routines.end(), same))
+        routines.push_back({file, {}, false});
+    m_folders.reload(folder);
+}
+
+void RoutineFiles::exclude(const Place& object)
+{
+    std::erase_if(*object.routines(), [&](const ProjectRoutine& routine) { return routine.file == object.facts->key; });
+    m_folders.reload(object);
+}
+
+bool RoutineFiles::remove(int32_t routine)
+{
+    const Place place = m_tree.object(routine);
+    if (!place.routines())
+        return false;
+    exclude(place);
+    return true;
+}
+
+bool RoutineFiles::drop(int32_t routine)
+{
+    const Place place = m_tree.object(routine);
+    if (!place.routines())
+        return false;
+    m_conversation.ask(questionDrop, {place.facts->name}, questionDropButtons, [this, routine](int32_t answer) {
+        if (answer == answerYes)
+            dropNow(routine);
+    });
+    return true;
+}
+
+void RoutineFiles::dropNow(int32_t routine)
+{
+    const Place place = m_tree.object(routine);
+    if (!place.facts)
+        return; // it went while the question was open
+    try {
+        place.connection->database.drop(*place.facts);
+        exclude(place);
+    } catch (const OdbcError& error) {
+        m_conversation.tell(messageDropFailed, {place.facts->name, error.text});
+    }
+}
+
+} // namespace velk::devkit

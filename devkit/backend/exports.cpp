@@ -1,7 +1,7 @@
-// The library's exports: each one forwards to the desk, and no exception leaves it.
+// The library's exports: each one forwards to a call on the desk, and no exception leaves it.
 #include "base/boundary.h"
+#include "devkit/backend/calls.h"
 #include "devkit/backend/callWatch.h"
-#include "devkit/backend/desk.h"
 
 #include <string_view>
 
@@ -21,7 +21,8 @@ int32_t served(std::wstring_view name, Body body) noexcept
     const auto work = [&] { answer = body(desk()); };
     if (swallow(name, L"the caller cannot take an exception: it gets a failure", work))
         return answer;
-    swallow(name, L"the journal is the last resort", [&] { desk().journal().line(L"FAILED " + std::wstring(name)); });
+    swallow(name, L"the journal is the last resort",
+            [&] { desk().rules.journal().line(L"FAILED " + std::wstring(name)); });
     return 0;
 }
 
@@ -30,9 +31,9 @@ int32_t served(std::wstring_view name, Body body) noexcept
 template <class Body>
 int32_t watched(const wchar_t* name, Body body) noexcept
 {
-    const bool wasOpen = desk().isOpen();
+    const bool wasOpen = desk().session != nullptr;
     passMoment(name, CallMoment::begins);
-    const bool isLost = wasOpen && !desk().isOpen() && !std::wstring_view(name).starts_with(L"RZGetString");
+    const bool isLost = wasOpen && !desk().session && !std::wstring_view(name).starts_with(L"RZGetString");
     const int32_t answer = isLost ? 0 : served(name, body);
     passMoment(name, CallMoment::ends);
     return answer;
@@ -42,13 +43,15 @@ int32_t watched(const wchar_t* name, Body body) noexcept
 
 extern "C" {
 
+#define VELK_WITH_DESK(...) (desk __VA_OPT__(, ) __VA_ARGS__)
 #define BACKEND_EXPORT(name, parameters, arguments)                                                                    \
     __declspec(dllexport) int32_t __stdcall name parameters noexcept                                                   \
     {                                                                                                                  \
-        return watched(L"" #name, [&](Desk& desk) { return desk.name arguments; });                                    \
+        return watched(L"" #name, [&](Desk& desk) { return calls::name VELK_WITH_DESK arguments; });                   \
     }
 #include "devkit/contract/exports.inc"
 #undef BACKEND_EXPORT
+#undef VELK_WITH_DESK
 
 // For tests: whether the library's own thread has work, and how many breaches there were since it was loaded.
 __declspec(dllexport) int32_t __stdcall RZStandinIsWorking() noexcept
@@ -58,7 +61,7 @@ __declspec(dllexport) int32_t __stdcall RZStandinIsWorking() noexcept
 
 __declspec(dllexport) int32_t __stdcall RZStandinBreaches() noexcept
 {
-    return served(L"RZStandinBreaches", [](Desk& desk) { return desk.journal().breaches(); });
+    return served(L"RZStandinBreaches", [](Desk& desk) { return desk.rules.journal().breaches(); });
 }
 
 // For tests: a function of the host's that hears of every call; null for none.

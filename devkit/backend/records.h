@@ -5,6 +5,7 @@
 #include "devkit/backend/queue.h"
 #include "devkit/contract/wire.h"
 
+#include <cstring>
 #include <span>
 
 namespace velk::devkit {
@@ -15,6 +16,14 @@ struct PresetRow {
     size_t offset;
     size_t capacity;
 };
+
+// What the caller has put into such a field of a record.
+inline char* stringAt(const void* record, const PresetRow& row)
+{
+    char* text = nullptr;
+    std::memcpy(&text, static_cast<const char*>(record) + row.offset, sizeof text);
+    return text;
+}
 
 // The preset fields of each record that is fetched, in the record's order.
 std::span<const PresetRow> presetsOf(const wire::trzText*);

@@ -40,14 +40,14 @@ bool CallRules::checkPreset(const std::wstring& name, char* text, size_t capacit
     return !string.missing() && string.length() <= capacity;
 }
 
-bool CallRules::checkPresets(const void* record, std::span<const PresetRow> rows)
+bool CallRules::checkPresets(const void* record, std::span<const TextRow> rows)
 {
     if (!record) {
         breach(L"there is no record");
         return false;
     }
     bool complete = true;
-    for (const PresetRow& row : rows)
+    for (const TextRow& row : rows)
         complete = checkPreset(row.name, stringAt(record, row), row.capacity) && complete;
     return complete;
 }

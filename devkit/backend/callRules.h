@@ -52,7 +52,7 @@ public:
     template <class Record>
     bool checkPresets(const Record* record)
     {
-        return checkPresets(record, presetsOf(record));
+        return checkPresets(record, textRows(record));
     }
     bool checkLive(int32_t handle);
     bool checkHandle(int32_t handle, int32_t kind);
@@ -61,7 +61,7 @@ public:
 private:
     static std::wstring shown(int32_t number) { return std::to_wstring(number); }
     static std::wstring shown(char* text) { return L"\"" + CountedString(text).text() + L"\""; }
-    bool checkPresets(const void* record, std::span<const PresetRow> rows);
+    bool checkPresets(const void* record, std::span<const TextRow> rows);
 
     const Handles& m_handles;
     Journal m_journal;

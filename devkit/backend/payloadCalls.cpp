@@ -10,19 +10,19 @@ namespace {
 
 // The field that holds a record's long text.
 template <class Record>
-const PresetRow& longField(const Record* record)
+const TextRow& longField(const Record* record)
 {
-    for (const PresetRow& row : presetsOf(record))
+    for (const TextRow& row : textRows(record))
         if (row.offset == offsetof(Record, strText))
             return row;
-    return presetsOf(record).front();
+    return textRows(record).front();
 }
 
 // Whether every string that is filled has a buffer, whatever is in it.
 template <class Record>
 bool stringsAreThere(const Record& record)
 {
-    return std::ranges::all_of(presetsOf(&record), [&](const PresetRow& row) { return stringAt(&record, row); });
+    return std::ranges::all_of(textRows(&record), [&](const TextRow& row) { return stringAt(&record, row); });
 }
 
 template <class Kind>

@@ -1,17 +1,12 @@
 #include "devkit/backend/projectFile.h"
 
 #include "devkit/backend/systemFile.h"
+#include "devkit/text/words.h"
 
 #include <algorithm>
 
 namespace velk::devkit {
 namespace {
-
-std::wstring trimmed(const std::wstring& text)
-{
-    const size_t first = text.find_first_not_of(L" \t\r\n\xFEFF");
-    return first == std::wstring::npos ? L"" : text.substr(first, text.find_last_not_of(L" \t\r\n") - first + 1);
-}
 
 bool truth(const std::wstring& value, int line)
 {
@@ -109,7 +104,7 @@ ProjectFile parseProject(std::string_view bytes)
         bytes.remove_prefix(end == std::string_view::npos ? bytes.size() : end + 1);
         if (!decoded)
             throw ProjectFileError(number, L"the line is not UTF-8 text");
-        const std::wstring line = trimmed(*decoded);
+        const std::wstring line = trimmed(*decoded, L" \t\r\n\xFEFF");
         if (line.empty() || line.front() == L'#')
             continue;
         if (line.front() == L'[' && line.back() == L']') {

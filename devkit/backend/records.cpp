@@ -7,41 +7,91 @@
 namespace velk::devkit {
 namespace {
 
-#define ROW(record, field, capacity) {L## #record L"." L## #field, offsetof(wire::record, field), capacity}
+template <auto field, class Facts>
+const std::wstring& textIn(const void* facts)
+{
+    return static_cast<const Facts*>(facts)->*field;
+}
+
+template <class Facts>
+Facts ownerOf(std::wstring Facts::*);
+
+#define ROW(record, field, capacity, from)                                                                             \
+    {L## #record L"." L## #field, offsetof(wire::record, field), capacity, textIn<&from, decltype(ownerOf(&from))>}
 
 // clang-format off
-constexpr PresetRow textRows[] = {
-    ROW(trzText, strText, 4096), ROW(trzText, strButtons, 256)};
-constexpr PresetRow sqlTextRows[] = {
-    ROW(trzSQLText, strVSFile, 1024), ROW(trzSQLText, strText, 4096)};
-constexpr PresetRow adoTextRows[] = {
-    ROW(trzADOText, strVSProject, 1024), ROW(trzADOText, strVSFile, 1024), ROW(trzADOText, strText, 65536)};
-constexpr PresetRow connectionDERows[] = {
-    ROW(trzConnectionDE, strVSProject, 256), ROW(trzConnectionDE, strDEName, 256),
-    ROW(trzConnectionDE, strDEConnection, 256), ROW(trzConnectionDE, strConnectionString, 1024)};
-constexpr PresetRow commandDERows[] = {
-    ROW(trzCommandDE, strVSProject, 256), ROW(trzCommandDE, strDEName, 256), ROW(trzCommandDE, strDEConnection, 256),
-    ROW(trzCommandDE, strDECommand, 256), ROW(trzCommandDE, strCommandText, 4096)};
-constexpr PresetRow projectRows[] = {
-    ROW(trzProject, strName, 256), ROW(trzProject, strPath, 1024)};
-constexpr PresetRow connectionRows[] = {
-    ROW(trzConnection, strDatabase, 256)};
-constexpr PresetRow procedureRows[] = {
-    ROW(trzProcedure, strSchema, 256), ROW(trzProcedure, strName, 1024), ROW(trzProcedure, strSpecific, 1024),
-    ROW(trzProcedure, strParameters, 1024), ROW(trzProcedure, strLanguage, 256),
-    ROW(trzProcedure, strSQLPackage, 256), ROW(trzProcedure, strComment, 256), ROW(trzProcedure, strFileName, 1024)};
-constexpr PresetRow functionRows[] = {
-    ROW(trzFunction, strSchema, 256), ROW(trzFunction, strName, 256), ROW(trzFunction, strSpecific, 1024),
-    ROW(trzFunction, strParameters, 1024), ROW(trzFunction, strResult, 1024), ROW(trzFunction, strLanguage, 256),
-    ROW(trzFunction, strComment, 256), ROW(trzFunction, strFileName, 1024)};
-constexpr PresetRow triggerRows[] = {
-    ROW(trzTrigger, strSchema, 256), ROW(trzTrigger, strName, 256), ROW(trzTrigger, strTableSchema, 256),
-    ROW(trzTrigger, strTableName, 256), ROW(trzTrigger, strComment, 256), ROW(trzTrigger, strFileName, 1024)};
-constexpr PresetRow tableRows[] = {
-    ROW(trzTable, strSchema, 256), ROW(trzTable, strName, 256), ROW(trzTable, strTableSpace, 256),
-    ROW(trzTable, strComment, 256)};
-constexpr PresetRow viewRows[] = {
-    ROW(trzView, strSchema, 256), ROW(trzView, strName, 256), ROW(trzView, strComment, 256)};
+constexpr TextRow plainTextRows[] = {
+    ROW(trzText, strText, 4096, TextPayload::text),
+    ROW(trzText, strButtons, 256, TextPayload::buttons),
+};
+constexpr TextRow sqlTextRows[] = {
+    ROW(trzSQLText, strVSFile, 1024, SqlPayload::file),
+    ROW(trzSQLText, strText, 4096, SqlPayload::text),
+};
+constexpr TextRow adoTextRows[] = {
+    ROW(trzADOText, strVSProject, 1024, AdoPayload::project),
+    ROW(trzADOText, strVSFile, 1024, AdoPayload::file),
+    ROW(trzADOText, strText, 65536, AdoPayload::text),
+};
+constexpr TextRow connectionDERows[] = {
+    ROW(trzConnectionDE, strVSProject, 256, ConnectionDEPayload::project),
+    ROW(trzConnectionDE, strDEName, 256, ConnectionDEPayload::environment),
+    ROW(trzConnectionDE, strDEConnection, 256, ConnectionDEPayload::connection),
+    ROW(trzConnectionDE, strConnectionString, 1024, ConnectionDEPayload::connectionString),
+};
+constexpr TextRow commandDERows[] = {
+    ROW(trzCommandDE, strVSProject, 256, CommandDEPayload::project),
+    ROW(trzCommandDE, strDEName, 256, CommandDEPayload::environment),
+    ROW(trzCommandDE, strDEConnection, 256, CommandDEPayload::connection),
+    ROW(trzCommandDE, strDECommand, 256, CommandDEPayload::command),
+    ROW(trzCommandDE, strCommandText, 4096, CommandDEPayload::text),
+};
+constexpr TextRow projectRows[] = {
+    ROW(trzProject, strName, 256, ProjectFacts::name),
+    ROW(trzProject, strPath, 1024, ProjectFacts::path),
+};
+constexpr TextRow connectionRows[] = {
+    ROW(trzConnection, strDatabase, 256, ConnectionFacts::database),
+};
+constexpr TextRow procedureRows[] = {
+    ROW(trzProcedure, strSchema, 256, ObjectFacts::schema),
+    ROW(trzProcedure, strName, 1024, ObjectFacts::name),
+    ROW(trzProcedure, strSpecific, 1024, ObjectFacts::specific),
+    ROW(trzProcedure, strParameters, 1024, ObjectFacts::parameters),
+    ROW(trzProcedure, strLanguage, 256, ObjectFacts::language),
+    ROW(trzProcedure, strSQLPackage, 256, ObjectFacts::package),
+    ROW(trzProcedure, strComment, 256, ObjectFacts::comment),
+    ROW(trzProcedure, strFileName, 1024, ObjectFacts::file),
+};
+constexpr TextRow functionRows[] = {
+    ROW(trzFunction, strSchema, 256, ObjectFacts::schema),
+    ROW(trzFunction, strName, 256, ObjectFacts::name),
+    ROW(trzFunction, strSpecific, 1024, ObjectFacts::specific),
+    ROW(trzFunction, strParameters, 1024, ObjectFacts::parameters),
+    ROW(trzFunction, strResult, 1024, ObjectFacts::result),
+    ROW(trzFunction, strLanguage, 256, ObjectFacts::language),
+    ROW(trzFunction, strComment, 256, ObjectFacts::comment),
+    ROW(trzFunction, strFileName, 1024, ObjectFacts::file),
+};
+constexpr TextRow triggerRows[] = {
+    ROW(trzTrigger, strSchema, 256, ObjectFacts::schema),
+    ROW(trzTrigger, strName, 256, ObjectFacts::name),
+    ROW(trzTrigger, strTableSchema, 256, ObjectFacts::tableSchema),
+    ROW(trzTrigger, strTableName, 256, ObjectFacts::tableName),
+    ROW(trzTrigger, strComment, 256, ObjectFacts::comment),
+    ROW(trzTrigger, strFileName, 1024, ObjectFacts::file),
+};
+constexpr TextRow tableRows[] = {
+    ROW(trzTable, strSchema, 256, ObjectFacts::schema),
+    ROW(trzTable, strName, 256, ObjectFacts::name),
+    ROW(trzTable, strTableSpace, 256, ObjectFacts::tableSpace),
+    ROW(trzTable, strComment, 256, ObjectFacts::comment),
+};
+constexpr TextRow viewRows[] = {
+    ROW(trzView, strSchema, 256, ObjectFacts::schema),
+    ROW(trzView, strName, 256, ObjectFacts::name),
+    ROW(trzView, strComment, 256, ObjectFacts::comment),
+};
 // clang-format on
 #undef ROW
 
@@ -56,121 +106,111 @@ int32_t room(const std::wstring& text)
     return static_cast<int32_t>(toAnsi(text).size() + 1);
 }
 
-void put(char* field, const std::wstring& text)
+template <class Record, class Facts>
+void fillTexts(Record& record, const Facts& facts)
 {
-    CountedString(field).write(text);
+    for (const TextRow& row : textRows(&record))
+        CountedString(stringAt(&record, row)).write(row.text(&facts));
 }
 
 } // namespace
 
-std::span<const PresetRow> presetsOf(const wire::trzText*)
+std::span<const TextRow> textRows(const wire::trzText*)
 {
-    return textRows;
+    return plainTextRows;
 }
-std::span<const PresetRow> presetsOf(const wire::trzSQLText*)
+std::span<const TextRow> textRows(const wire::trzSQLText*)
 {
     return sqlTextRows;
 }
-std::span<const PresetRow> presetsOf(const wire::trzADOText*)
+std::span<const TextRow> textRows(const wire::trzADOText*)
 {
     return adoTextRows;
 }
-std::span<const PresetRow> presetsOf(const wire::trzConnectionDE*)
+std::span<const TextRow> textRows(const wire::trzConnectionDE*)
 {
     return connectionDERows;
 }
-std::span<const PresetRow> presetsOf(const wire::trzCommandDE*)
+std::span<const TextRow> textRows(const wire::trzCommandDE*)
 {
     return commandDERows;
 }
-std::span<const PresetRow> presetsOf(const wire::trzProject*)
+std::span<const TextRow> textRows(const wire::trzProject*)
 {
     return projectRows;
 }
-std::span<const PresetRow> presetsOf(const wire::trzConnection*)
+std::span<const TextRow> textRows(const wire::trzConnection*)
 {
     return connectionRows;
 }
-std::span<const PresetRow> presetsOf(const wire::trzProcedure*)
+std::span<const TextRow> textRows(const wire::trzProcedure*)
 {
     return procedureRows;
 }
-std::span<const PresetRow> presetsOf(const wire::trzFunction*)
+std::span<const TextRow> textRows(const wire::trzFunction*)
 {
     return functionRows;
 }
-std::span<const PresetRow> presetsOf(const wire::trzTrigger*)
+std::span<const TextRow> textRows(const wire::trzTrigger*)
 {
     return triggerRows;
 }
-std::span<const PresetRow> presetsOf(const wire::trzTable*)
+std::span<const TextRow> textRows(const wire::trzTable*)
 {
     return tableRows;
 }
-std::span<const PresetRow> presetsOf(const wire::trzView*)
+std::span<const TextRow> textRows(const wire::trzView*)
 {
     return viewRows;
 }
 
 void fill(wire::trzText& record, const TextPayload& payload)
 {
-    put(record.strText, payload.text);
+    fillTexts(record, payload);
     record.lTextSz = room(payload.text);
     record.lTextType = static_cast<int32_t>(payload.type);
-    put(record.strButtons, payload.buttons);
 }
 
 void fill(wire::trzSQLText& record, const SqlPayload& payload)
 {
-    put(record.strVSProject, payload.project);
-    put(record.strVSFile, payload.file);
+    fillTexts(record, payload);
+    CountedString(record.strVSProject).write(payload.project); // has no room of its own
     record.lSelFromLine = payload.fromLine;
     record.lSelFromColumn = payload.fromColumn;
     record.lSelToLine = payload.toLine;
     record.lSelToColumn = payload.toColumn;
-    put(record.strText, payload.text);
     record.lTextSz = room(payload.text);
 }
 
 void fill(wire::trzADOText& record, const AdoPayload& payload)
 {
-    put(record.strVSProject, payload.project);
-    put(record.strVSFile, payload.file);
-    put(record.strText, payload.text);
+    fillTexts(record, payload);
     record.lTextSz = room(payload.text);
 }
 
 void fill(wire::trzConnectionDE& record, const ConnectionDEPayload& payload)
 {
-    put(record.strVSProject, payload.project);
-    put(record.strDEName, payload.environment);
-    put(record.strDEConnection, payload.connection);
-    put(record.strConnectionString, payload.connectionString);
+    fillTexts(record, payload);
 }
 
 void fill(wire::trzCommandDE& record, const CommandDEPayload& payload)
 {
-    put(record.strVSProject, payload.project);
-    put(record.strDEName, payload.environment);
-    put(record.strDEConnection, payload.connection);
-    put(record.strDECommand, payload.command);
-    put(record.strCommandText, payload.text);
+    fillTexts(record, payload);
     record.lCommandType = payload.type;
     record.bHasParemeters = flag(payload.hasParameters);
 }
 
 void fill(wire::trzProject& record, int32_t handle, const ProjectFacts& facts)
 {
+    fillTexts(record, facts);
     record.lHdl = handle;
-    put(record.strName, facts.name);
-    put(record.strPath, facts.path);
 }
 
 void fill(wire::trzConnection& record, int32_t handle, const ConnectionFacts& facts)
 {
+    fillTexts(record, facts);
     record.lHdl = handle;
     record.bConnected = flag(facts.connected);
-    put(record.strDatabase, facts.database);
     record.lProceduresHdl = facts.folders[0];
     record.lFunctionsHdl = facts.folders[1];
     record.lTriggersHdl = facts.folders[2];
@@ -180,68 +220,44 @@ void fill(wire::trzConnection& record, int32_t handle, const ConnectionFacts& fa
 
 void fill(wire::trzProcedure& record, int32_t handle, const ObjectFacts& facts)
 {
+    fillTexts(record, facts);
     record.lHdl = handle;
     record.bIsDirty = flag(facts.dirty);
     record.bCanDebug = flag(facts.canDebug);
-    put(record.strSchema, facts.schema);
-    put(record.strName, facts.name);
-    put(record.strSpecific, facts.specific);
-    put(record.strParameters, facts.parameters);
-    put(record.strLanguage, facts.language);
-    put(record.strSQLPackage, facts.package);
     record.lResultSets = facts.resultSets;
     record.bIsFenced = flag(facts.fenced);
-    put(record.strComment, facts.comment);
-    put(record.strFileName, facts.file);
 }
 
 void fill(wire::trzFunction& record, int32_t handle, const ObjectFacts& facts)
 {
+    fillTexts(record, facts);
     record.lHdl = handle;
     record.bIsDirty = flag(facts.dirty);
     record.bCanDebug = flag(facts.canDebug);
-    put(record.strSchema, facts.schema);
-    put(record.strName, facts.name);
-    put(record.strSpecific, facts.specific);
-    put(record.strParameters, facts.parameters);
-    put(record.strResult, facts.result);
-    put(record.strLanguage, facts.language);
     record.bIsFenced = facts.fenced ? 1 : 0;
-    put(record.strComment, facts.comment);
-    put(record.strFileName, facts.file);
 }
 
 void fill(wire::trzTrigger& record, int32_t handle, const ObjectFacts& facts)
 {
+    fillTexts(record, facts);
     record.lHdl = handle;
     record.bIsDirty = flag(facts.dirty);
     record.bCanDebug = flag(facts.canDebug);
-    put(record.strSchema, facts.schema);
-    put(record.strName, facts.name);
-    put(record.strTableSchema, facts.tableSchema);
-    put(record.strTableName, facts.tableName);
-    put(record.strComment, facts.comment);
-    put(record.strFileName, facts.file);
 }
 
 void fill(wire::trzTable& record, int32_t handle, const ObjectFacts& facts)
 {
+    fillTexts(record, facts);
     record.lHdl = handle;
     record.bIsDirty = flag(facts.dirty);
-    put(record.strSchema, facts.schema);
-    put(record.strName, facts.name);
-    put(record.strTableSpace, facts.tableSpace);
     record.lType = facts.type;
-    put(record.strComment, facts.comment);
 }
 
 void fill(wire::trzView& record, int32_t handle, const ObjectFacts& facts)
 {
+    fillTexts(record, facts);
     record.lHdl = handle;
     record.bIsDirty = flag(facts.dirty);
-    put(record.strSchema, facts.schema);
-    put(record.strName, facts.name);
-    put(record.strComment, facts.comment);
 }
 
 } // namespace velk::devkit

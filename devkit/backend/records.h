@@ -10,34 +10,36 @@
 
 namespace velk::devkit {
 
-// A string field that the caller presets with so many NULs.
-struct PresetRow {
+// A string field of a record that is fetched: the caller presets it with so many NULs, and this text of the facts or
+// the payload goes into it.
+struct TextRow {
     const wchar_t* name;
     size_t offset;
     size_t capacity;
+    const std::wstring& (*text)(const void* facts);
 };
 
 // What the caller has put into such a field of a record.
-inline char* stringAt(const void* record, const PresetRow& row)
+inline char* stringAt(const void* record, const TextRow& row)
 {
     char* text = nullptr;
     std::memcpy(&text, static_cast<const char*>(record) + row.offset, sizeof text);
     return text;
 }
 
-// The preset fields of each record that is fetched, in the record's order.
-std::span<const PresetRow> presetsOf(const wire::trzText*);
-std::span<const PresetRow> presetsOf(const wire::trzSQLText*);
-std::span<const PresetRow> presetsOf(const wire::trzADOText*);
-std::span<const PresetRow> presetsOf(const wire::trzConnectionDE*);
-std::span<const PresetRow> presetsOf(const wire::trzCommandDE*);
-std::span<const PresetRow> presetsOf(const wire::trzProject*);
-std::span<const PresetRow> presetsOf(const wire::trzConnection*);
-std::span<const PresetRow> presetsOf(const wire::trzProcedure*);
-std::span<const PresetRow> presetsOf(const wire::trzFunction*);
-std::span<const PresetRow> presetsOf(const wire::trzTrigger*);
-std::span<const PresetRow> presetsOf(const wire::trzTable*);
-std::span<const PresetRow> presetsOf(const wire::trzView*);
+// The string fields of each record, in the record's order.
+std::span<const TextRow> textRows(const wire::trzText*);
+std::span<const TextRow> textRows(const wire::trzSQLText*);
+std::span<const TextRow> textRows(const wire::trzADOText*);
+std::span<const TextRow> textRows(const wire::trzConnectionDE*);
+std::span<const TextRow> textRows(const wire::trzCommandDE*);
+std::span<const TextRow> textRows(const wire::trzProject*);
+std::span<const TextRow> textRows(const wire::trzConnection*);
+std::span<const TextRow> textRows(const wire::trzProcedure*);
+std::span<const TextRow> textRows(const wire::trzFunction*);
+std::span<const TextRow> textRows(const wire::trzTrigger*);
+std::span<const TextRow> textRows(const wire::trzTable*);
+std::span<const TextRow> textRows(const wire::trzView*);
 
 // Fills a record's fields in place. Of a long text, lTextSz says how much room all of it needs with its NUL.
 void fill(wire::trzText& record, const TextPayload& payload);

@@ -1,25 +1,16 @@
 #include "devkit/backend/routineBody.h"
 
-#include <algorithm>
+#include "devkit/text/words.h"
+
 #include <cwchar>
-#include <cwctype>
 #include <sstream>
 
 namespace velk::devkit {
 namespace {
 
+constexpr const wchar_t* spaceOrEnd = L" \t\r\n;";
+constexpr const wchar_t* wordMarks = L"_."; // a name is one word with its qualifier
 constexpr const wchar_t* numberTypes[] = {L"INT", L"DEC", L"NUM", L"FLOAT", L"DOUBLE", L"REAL", L"SMALL", L"BIG"};
-
-std::wstring trimmed(const std::wstring& text)
-{
-    const size_t first = text.find_first_not_of(L" \t\r\n;");
-    return first == std::wstring::npos ? L"" : text.substr(first, text.find_last_not_of(L" \t\r\n;") - first + 1);
-}
-
-bool isWordLetter(wchar_t letter)
-{
-    return std::iswalnum(letter) || letter == L'_' || letter == L'.';
-}
 
 bool isSame(const std::wstring& left, const std::wstring& right)
 {
@@ -54,10 +45,7 @@ size_t wordPlace(const std::wstring& text, const std::wstring& word, bool last)
                 break;
             continue;
         }
-        const bool begins = place == 0 || !isWordLetter(text[place - 1]);
-        const size_t end = place + word.size();
-        const bool ends = end == text.size() || !isWordLetter(text[end]);
-        if (begins && ends && _wcsnicmp(text.c_str() + place, word.c_str(), word.size()) == 0) {
+        if (wordStandsAt(text, place, word, wordMarks)) {
             found = place;
             if (!last)
                 break;
@@ -95,7 +83,7 @@ std::wstring withValues(const std::wstring& statement, const std::wstring& routi
         const wchar_t letter = statement[place];
         quoted = quoted != (letter == L'\'');
         size_t end = place;
-        while (!quoted && end < statement.size() && isWordLetter(statement[end]))
+        while (!quoted && end < statement.size() && isWordLetter(statement[end], wordMarks))
             ++end;
         if (end == place) {
             result += letter;
@@ -120,7 +108,7 @@ std::vector<RoutineParameter> parametersOf(const ObjectFacts& facts)
         if (isSame(parameter.name, L"IN") || isSame(parameter.name, L"OUT") || isSame(parameter.name, L"INOUT"))
             words >> parameter.name;
         std::getline(words, parameter.type);
-        parameter.type = trimmed(parameter.type);
+        parameter.type = trimmed(parameter.type, spaceOrEnd);
         if (!parameter.name.empty())
             parameters.push_back(parameter);
     }
@@ -153,7 +141,7 @@ std::vector<std::wstring> statementsOf(const std::wstring& source, const ObjectF
 {
     std::vector<std::wstring> statements;
     for (const std::wstring& part : splitOutside(bodyOf(source), L';'))
-        if (const std::wstring statement = trimmed(part); !statement.empty())
+        if (const std::wstring statement = trimmed(part, spaceOrEnd); !statement.empty())
             statements.push_back(withValues(statement, facts.name, values));
     return statements;
 }

@@ -3,6 +3,7 @@
 #include "devkit/backend/messages.h"
 #include "devkit/backend/routineSource.h"
 #include "devkit/backend/systemFile.h"
+#include "devkit/text/words.h"
 
 #include <algorithm>
 
@@ -30,12 +31,6 @@ std::vector<std::wstring> sourcesIn(const std::wstring& folder)
     }
     std::sort(files.begin(), files.end());
     return files;
-}
-
-void replaceAll(std::wstring& text, const std::wstring& from, const std::wstring& to)
-{
-    for (size_t place = text.find(from); place != std::wstring::npos; place = text.find(from, place + to.size()))
-        text.replace(place, from.size(), to);
 }
 
 } // namespace

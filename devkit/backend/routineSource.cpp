@@ -1,8 +1,9 @@
 #include "devkit/backend/routineSource.h"
 
+#include "devkit/text/words.h"
+
 #include <algorithm>
 #include <cwchar>
-#include <cwctype>
 #include <optional>
 #include <sstream>
 #include <string_view>
@@ -13,12 +14,6 @@ namespace {
 
 // The head of a source is short; what comes later is the routine's body.
 constexpr size_t longestHead = 8192;
-
-std::wstring trimmed(const std::wstring& text)
-{
-    const size_t first = text.find_first_not_of(L" \t\r\n");
-    return first == std::wstring::npos ? L"" : text.substr(first, text.find_last_not_of(L" \t\r\n") - first + 1);
-}
 
 // All white space as single blanks.
 std::wstring onOneLine(const std::wstring& text)
@@ -74,21 +69,12 @@ size_t closingBracket(const std::wstring& text, size_t open)
     return std::wstring::npos;
 }
 
-bool isWordLetter(wchar_t letter)
-{
-    return std::iswalnum(letter) || letter == L'_';
-}
-
 // The place of a word of a statement, in letters of either case; a word inside another does not count.
 size_t wordPlace(const std::wstring& text, std::wstring_view word, size_t from)
 {
-    for (size_t place = from; place + word.size() <= text.size(); ++place) {
-        const size_t end = place + word.size();
-        const bool begins = place == 0 || !isWordLetter(text[place - 1]);
-        const bool ends = end == text.size() || !isWordLetter(text[end]);
-        if (begins && ends && _wcsnicmp(text.c_str() + place, word.data(), word.size()) == 0)
+    for (size_t place = from; place + word.size() <= text.size(); ++place)
+        if (wordStandsAt(text, place, word, L"_"))
             return place;
-    }
     return std::wstring::npos;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/unique_any.h"
+#include "devkit/text/utf8.h"
 
 #include <optional>
 #include <string>
@@ -26,11 +27,6 @@ std::optional<std::string> readBytes(const std::wstring& path);
 // Writes a file as a whole: beside it first, then in its place, so that a crash in between loses neither. False when it
 // cannot be written: GetLastError tells why.
 bool writeBytes(const std::wstring& path, std::string_view bytes);
-
-// UTF-8 text; what is not UTF-8 becomes the replacement character, or nothing at all in the strict form.
-std::wstring fromUtf8(std::string_view bytes);
-std::optional<std::wstring> fromUtf8Strictly(std::string_view bytes);
-std::string toUtf8(std::wstring_view text);
 
 // Size and time of last change in one text that differs when the file was changed; empty when there is no file.
 std::wstring fileStamp(const std::wstring& path);

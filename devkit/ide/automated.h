@@ -42,6 +42,16 @@ public:
     using WithMembers<Class, AutomationObject>::WithMembers;
 };
 
+// _NewEnum of a list of the IDE's objects.
+template <class Items>
+variant enumerate(const Items& items)
+{
+    std::vector<variant> values;
+    for (const auto& item : items)
+        values.push_back(asVariant(item.get()));
+    return enumerationOf(std::move(values));
+}
+
 // The IDE's own object behind an automation pointer; null for a foreign one.
 AutomationObject* ownObject(IDispatch* object) noexcept;
 

@@ -32,15 +32,6 @@ constexpr BuiltInBar builtInBars[] = {
 constexpr const wchar_t* menus[] = {L"&File", L"&Edit", L"&View", L"&Project", L"&Tools", L"&Add-Ins", L"&Window", L"&Help"};
 // clang-format on
 
-template <class Items>
-variant enumerate(const Items& items)
-{
-    std::vector<variant> values;
-    for (const auto& item : items)
-        values.push_back(asVariant(item.get()));
-    return enumerationOf(std::move(values));
-}
-
 size_t numbered(const VARIANT& index, size_t count)
 {
     variant number;
@@ -201,7 +192,7 @@ std::span<const Member<CommandBars>> CommandBars::members()
         {L"_NewEnum",      [](Self& self, Arguments) { return enumerate(self.living()); }},
         {L"ActiveMenuBar", [](Self& self, Arguments) { return asVariant(&self.menuBar()); }},
         {L"Add",           [](Self& self, Arguments arguments) {
-             return asVariant(self.add(arguments.text(0), arguments.number(1, barFloating), arguments.truth(3, false)));
+             return asVariant(self.add(arguments.text(0), arguments.number(1, barFloating)));
          }, nullptr, L"Name Position MenuBar Temporary"},
     };
     // clang-format on
@@ -235,14 +226,13 @@ CommandBar* CommandBars::item(const CallArguments& arguments) const
     throw Error(errorInvalidCall);
 }
 
-CommandBar* CommandBars::add(const std::wstring& name, int32_t position, bool temporary)
+CommandBar* CommandBars::add(const std::wstring& name, int32_t position)
 {
     if (!name.empty() && find(name))
         throw Error(errorInvalidCall, L"there is a bar of that name");
     const auto made = makeObject<CommandBar>(name.empty() ? L"Custom" : name,
                                              position == barPopup ? barTypePopup : barTypeNormal, false);
     made->position = position;
-    made->temporary = temporary;
     m_bars.push_back(made);
     barsChanged();
     return made.get();

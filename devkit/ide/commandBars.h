@@ -91,7 +91,6 @@ public:
     std::wstring name;
     const int32_t type;
     const bool builtIn;
-    bool temporary = false;
     bool visible = false;
     bool enabled = true;
     int32_t position = barTop;
@@ -106,10 +105,8 @@ public:
     static std::span<const Member<CommandBars>> members();
 
     CommandBar& menuBar() const { return *m_bars.front().get(); }
-    const std::vector<com_ptr<CommandBar>>& bars() const { return m_bars; }
     CommandBar* find(const std::wstring& name) const;
-    // What an add-in left behind; the IDE forgets it when it ends.
-    CommandBar* add(const std::wstring& name, int32_t position, bool temporary);
+    CommandBar* add(const std::wstring& name, int32_t position);
     // By number (from 1) or name; error 5 when there is none.
     CommandBar* item(const CallArguments& arguments) const;
     std::vector<com_ptr<CommandBar>> living() const;

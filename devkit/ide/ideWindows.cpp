@@ -107,12 +107,7 @@ std::span<const Member<IdeWindows>> IdeWindows::members()
     static const Member<Self> rows[] = {
         {L"Item",             [](Self& self, Arguments arguments) { return self.item(arguments); }, nullptr, L"Index"},
         {L"Count",            [](Self& self, Arguments) { return variant(static_cast<int32_t>(self.open().size())); }},
-        {L"_NewEnum",         [](Self& self, Arguments) {
-             std::vector<variant> values;
-             for (const auto& window : self.open())
-                 values.push_back(asVariant(window.get()));
-             return enumerationOf(std::move(values));
-         }},
+        {L"_NewEnum",         [](Self& self, Arguments) { return enumerate(self.open()); }},
         {L"CreateToolWindow", [](Self& self, Arguments arguments) { return self.createToolWindow(arguments); }, nullptr,
                               L"AddInInst ProgID Caption GuidPosition DocObj"},
     };

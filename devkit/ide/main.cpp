@@ -17,13 +17,6 @@ constexpr UINT exitFailed = 1;
 constexpr UINT exitUsage = 2;
 constexpr UINT exitTimeLimit = 3;
 
-void say(const std::wstring& text)
-{
-    const std::string bytes = toUtf8(text + L"\n");
-    DWORD written = 0;
-    WriteFile(GetStdHandle(STD_OUTPUT_HANDLE), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
-}
-
 std::vector<std::wstring> commandLine()
 {
     int count = 0;
@@ -52,7 +45,7 @@ DWORD WINAPI runScript(void* parameter) noexcept
 DWORD WINAPI watch(void* seconds) noexcept
 {
     Sleep(static_cast<DWORD>(reinterpret_cast<UINT_PTR>(seconds)) * 1000);
-    say(L"FAILED: the time limit was reached");
+    writeOutput(L"FAILED: the time limit was reached");
     TerminateProcess(GetCurrentProcess(), exitTimeLimit);
     return 0;
 }
@@ -111,12 +104,12 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int)
     try {
         status = run(parseOptions(commandLine()));
     } catch (const ScriptFailure& failure) {
-        say(L"velkide: " + failure.text);
+        writeOutput(L"velkide: " + failure.text);
         status = exitUsage;
     } catch (const velk::Error& error) {
-        say(L"velkide: " + error.description());
+        writeOutput(L"velkide: " + error.description());
     } catch (const std::exception&) {
-        say(L"velkide: an unexpected failure");
+        writeOutput(L"velkide: an unexpected failure");
     }
     OleUninitialize();
     return status;

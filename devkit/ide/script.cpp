@@ -1,16 +1,12 @@
 #include "devkit/ide/script.h"
 
+#include "devkit/text/words.h"
+
 #include <cwctype>
 #include <sstream>
 
 namespace velk::devkit {
 namespace {
-
-std::wstring trimmed(const std::wstring& text)
-{
-    const size_t first = text.find_first_not_of(L" \t\r");
-    return first == std::wstring::npos ? L"" : text.substr(first, text.find_last_not_of(L" \t\r") - first + 1);
-}
 
 std::wstring expanded(const std::wstring& line, int number, const Definitions& definitions)
 {

@@ -20,13 +20,6 @@ const ScriptCommand& commandOf(const ScriptLine& line)
 
 } // namespace
 
-void ScriptRunner::say(const std::wstring& line) const
-{
-    const std::string bytes = toUtf8(line + L"\n");
-    DWORD written = 0;
-    WriteFile(GetStdHandle(STD_OUTPUT_HANDLE), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
-}
-
 void ScriptRunner::expect(const std::wstring& what, const std::function<bool()>& condition,
                           const std::function<std::wstring()>& instead) const
 {
@@ -65,7 +58,8 @@ int ScriptRunner::run(const std::vector<ScriptLine>& lines)
         } catch (const std::exception&) {
             failure = L"an unexpected failure";
         }
-        say(L"FAILED line " + std::to_wstring(line.number) + L": " + line.command + L" " + line.rest + L": " + failure);
+        writeOutput(L"FAILED line " + std::to_wstring(line.number) + L": " + line.command + L" " + line.rest + L": " +
+                    failure);
         swallow(L"script", L"the failure is what counts", [this] { screenshot(L"failed"); });
         return 1;
     }

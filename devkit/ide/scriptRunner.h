@@ -34,7 +34,6 @@ public:
     void screenshot(const std::wstring& name) const;
     // Where the picture of this name is written, without an ending; empty when the run writes none.
     std::wstring shotPath(const std::wstring& name) const { return m_shots.empty() ? m_shots : m_shots + L"\\" + name; }
-    void say(const std::wstring& line) const;
 
 private:
     Shell& m_shell;

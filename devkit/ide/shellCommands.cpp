@@ -2,6 +2,7 @@
 #include "devkit/ide/probe.h"
 #include "devkit/ide/scriptRunner.h"
 #include "devkit/ide/stepWatch.h"
+#include "devkit/ide/textFile.h"
 
 namespace velk::devkit {
 namespace {
@@ -69,7 +70,7 @@ void addBar(ScriptRunner& script, Text rest)
     const size_t end = rest.find(word);
     const std::wstring tag = end == std::wstring::npos ? L"" : rest.substr(end + word.size());
     script.onShell([&] {
-        CommandBar* bar = script.shell().dte().bars->add(rest.substr(0, end), barTop, true);
+        CommandBar* bar = script.shell().dte().bars->add(rest.substr(0, end), barTop);
         bar->add(controlButton, 0, true)->tag = tag;
         return true;
     });
@@ -220,7 +221,7 @@ void expectSteps(ScriptRunner& script, Text wanted)
 
 // clang-format off
 constexpr ScriptCommand commands[] = {
-    {L"step",              [](ScriptRunner& script, Text text) { script.say(text); }},
+    {L"step",              [](ScriptRunner&, Text text) { writeOutput(text); }},
     {L"load",              load},
     {L"unload",            unload},
     {L"open-solution",     openSolution},

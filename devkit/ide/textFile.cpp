@@ -4,24 +4,6 @@
 
 namespace velk::devkit {
 
-std::string toUtf8(const std::wstring& text)
-{
-    const int length = static_cast<int>(text.size());
-    const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
-    std::string bytes(static_cast<size_t>(size), '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text.data(), length, bytes.data(), size, nullptr, nullptr);
-    return bytes;
-}
-
-std::wstring fromUtf8(const std::string& bytes)
-{
-    const int length = static_cast<int>(bytes.size());
-    const int size = MultiByteToWideChar(CP_UTF8, 0, bytes.data(), length, nullptr, 0);
-    std::wstring text(static_cast<size_t>(size), L'\0');
-    MultiByteToWideChar(CP_UTF8, 0, bytes.data(), length, text.data(), size);
-    return text;
-}
-
 bool readTextFile(const std::wstring& path, std::wstring& text)
 {
     const HANDLE file =
@@ -47,6 +29,13 @@ void appendToFile(const std::wstring& path, const std::wstring& text)
     const std::string bytes = toUtf8(text);
     DWORD written = 0;
     WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+}
+
+void writeOutput(const std::wstring& line)
+{
+    const std::string bytes = toUtf8(line + L"\n");
+    DWORD written = 0;
+    WriteFile(GetStdHandle(STD_OUTPUT_HANDLE), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
 }
 
 } // namespace velk::devkit

@@ -20,7 +20,6 @@ public:
     // Creates the document by its ProgID; throws what the container reports.
     void host(const std::wstring& progId);
     com_ptr<IDispatch> document() const { return m_document.tryAs<IDispatch>(); }
-    const std::wstring& caption() const { return m_caption; }
     // Offers a message to the document's keyboard handling; true when it was used.
     bool translate(MSG& message) const;
     void focus() const;

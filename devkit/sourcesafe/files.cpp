@@ -1,6 +1,7 @@
 #include "devkit/sourcesafe/files.h"
 
 #include "devkit/sourcesafe/failures.h"
+#include "devkit/text/utf8.h"
 
 #include <algorithm>
 #include <array>
@@ -182,23 +183,11 @@ void setStepObserver(StepObserver observer)
     stepObserver = std::move(observer);
 }
 
-std::string toUtf8(const std::wstring& text)
+std::wstring readText(const std::wstring& path)
 {
-    const int wide = static_cast<int>(text.size());
-    const int length = WideCharToMultiByte(CP_UTF8, 0, text.data(), wide, nullptr, 0, nullptr, nullptr);
-    std::string bytes(static_cast<size_t>(length), '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text.data(), wide, bytes.data(), length, nullptr, nullptr);
-    return bytes;
-}
-
-std::wstring fromUtf8(const std::string& bytes)
-{
-    const int narrow = static_cast<int>(bytes.size());
-    const int length = MultiByteToWideChar(CP_UTF8, 0, bytes.data(), narrow, nullptr, 0);
-    std::wstring text(static_cast<size_t>(length), L'\0');
-    MultiByteToWideChar(CP_UTF8, 0, bytes.data(), narrow, text.data(), length);
+    const std::wstring text = fromUtf8(read(path));
     // Editors like to begin a file with a byte order mark.
-    return text.rfind(L'\xFEFF', 0) == 0 ? text.substr(1) : text;
+    return text.starts_with(L'\xFEFF') ? text.substr(1) : text;
 }
 
 std::vector<std::wstring> linesOf(const std::wstring& text)

@@ -49,9 +49,8 @@ private:
 using StepObserver = std::function<void(const wchar_t* step, const std::wstring& path)>;
 void setStepObserver(StepObserver observer);
 
-// Texts of the database's files.
-std::string toUtf8(const std::wstring& text);
-std::wstring fromUtf8(const std::string& bytes);
+// Texts of the database's files, in UTF-8.
+std::wstring readText(const std::wstring& path);
 std::vector<std::wstring> linesOf(const std::wstring& text);
 // A line of the form "key=value"; a line without "=" has an empty value.
 std::pair<std::wstring, std::wstring> keyAndValue(const std::wstring& line);

@@ -2,6 +2,7 @@
 
 #include "devkit/sourcesafe/failures.h"
 #include "devkit/sourcesafe/files.h"
+#include "devkit/text/utf8.h"
 
 #include <algorithm>
 #include <cwchar>
@@ -69,7 +70,7 @@ Store::Store(const std::wstring& iniPath)
     m_name = files::nameOf(files::folderOf(m_iniPath));
     m_data = beside(m_iniPath, L"data");
     m_users = beside(m_iniPath, L"users.txt");
-    for (const std::wstring& line : files::linesOf(files::fromUtf8(files::read(m_iniPath)))) {
+    for (const std::wstring& line : files::linesOf(files::readText(m_iniPath))) {
         const auto [key, value] = files::keyAndValue(line);
         if (key == L"Database_Name")
             m_name = value;
@@ -85,7 +86,7 @@ Store::Store(const std::wstring& iniPath)
 
 std::wstring Store::logIn(const std::wstring& user, const std::wstring& password) const
 {
-    for (const std::wstring& line : files::linesOf(files::fromUtf8(files::read(m_users)))) {
+    for (const std::wstring& line : files::linesOf(files::readText(m_users))) {
         const auto [name, secret] = files::keyAndValue(line);
         if (name.empty() || _wcsicmp(name.c_str(), user.c_str()) != 0)
             continue;
@@ -162,7 +163,7 @@ std::wstring Store::workingFolder(const Place& project, const std::wstring& user
         return {};
     std::wstring best;
     size_t bestLength = 0;
-    for (const std::wstring& line : files::linesOf(files::fromUtf8(files::read(path)))) {
+    for (const std::wstring& line : files::linesOf(files::readText(path))) {
         const auto [key, folder] = files::keyAndValue(line);
         const std::wstring spec = key.substr(std::min(key.size(), user.size() + 1));
         if (key != user + L"|" + spec || spec.empty() || spec.size() < bestLength)
@@ -188,9 +189,9 @@ void Store::setWorkingFolder(const Place& project, const std::wstring& user, con
     const std::wstring key = user + L"|" + project.spec;
     std::wstring text;
     if (files::isFile(path))
-        for (const std::wstring& line : files::linesOf(files::fromUtf8(files::read(path))))
+        for (const std::wstring& line : files::linesOf(files::readText(path)))
             text += files::keyAndValue(line).first == key ? L"" : line + L"\r\n";
-    files::replace(path, files::toUtf8(text + key + L"=" + folder + L"\r\n"));
+    files::replace(path, toUtf8(text + key + L"=" + folder + L"\r\n"));
 }
 
 } // namespace velk::devkit::vss

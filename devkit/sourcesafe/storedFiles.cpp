@@ -3,6 +3,7 @@
 #include "devkit/sourcesafe/failures.h"
 #include "devkit/sourcesafe/files.h"
 #include "devkit/sourcesafe/store.h"
+#include "devkit/text/utf8.h"
 
 #include <algorithm>
 #include <cwchar>
@@ -56,7 +57,7 @@ std::string readLocal(const std::wstring& local)
 void addVersion(const Place& file, int32_t number, const std::wstring& user, const std::wstring& comment,
                 const std::string& content)
 {
-    files::replace(notePath(file, number), files::toUtf8(user + L"\r\n" + comment));
+    files::replace(notePath(file, number), toUtf8(user + L"\r\n" + comment));
     files::replace(contentPath(file, number), content);
 }
 
@@ -104,7 +105,7 @@ std::vector<Version> Store::versionsOf(const Place& file) const
     for (int32_t number = 1; number <= newestOf(file); ++number) {
         if (!files::isFile(contentPath(file, number)) || !files::isFile(notePath(file, number)))
             throw failure(Code::corrupt, L"The file \"" + file.spec + L"\" is damaged: a version is missing.");
-        const std::wstring note = files::fromUtf8(files::read(notePath(file, number)));
+        const std::wstring note = files::readText(notePath(file, number));
         versions.push_back({number, files::linesOf(note).at(0), afterFirstLine(note)});
     }
     return versions;
@@ -123,7 +124,7 @@ std::optional<CheckOut> Store::checkOutOf(const Place& file) const
     requireFile(file);
     if (!files::isFile(checkOutPath(file)))
         return {};
-    const std::wstring record = files::fromUtf8(files::read(checkOutPath(file)));
+    const std::wstring record = files::readText(checkOutPath(file));
     return CheckOut{files::linesOf(record).at(0), afterFirstLine(record)};
 }
 
@@ -150,7 +151,7 @@ void Store::checkOut(const Place& file, const std::wstring& user, const std::wst
         putLocal(local, contentOf(file, newestOf(file)));
         files::setReadOnly(local, true);
     }
-    files::replace(checkOutPath(file), files::toUtf8(user + L"\r\n" + files::fullPath(local)));
+    files::replace(checkOutPath(file), toUtf8(user + L"\r\n" + files::fullPath(local)));
     files::setReadOnly(local, false);
 }
 

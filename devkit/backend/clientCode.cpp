@@ -32,7 +32,7 @@ std::wstring commandCode(const ObjectFacts& facts, int32_t folderKind)
 bool ClientCode::makeADO(int32_t handle, const std::wstring& project, const std::wstring& component)
 {
     const ConnectionState* const connection = m_tree.connection(handle);
-    const Place place = m_tree.object(handle);
+    const TreePlace place = m_tree.object(handle);
     if (!connection && !place.facts)
         return false;
     m_conversation.pushPayload(Notice::adoText, AdoPayload{project, component,
@@ -53,7 +53,7 @@ bool ClientCode::makeConnectionDE(int32_t handle, ConnectionDEPayload wanted)
 
 bool ClientCode::makeCommandDE(int32_t handle, CommandDEPayload wanted)
 {
-    const Place place = m_tree.object(handle);
+    const TreePlace place = m_tree.object(handle);
     if (!place.facts)
         return false;
     const int32_t kind = place.folder->kind;

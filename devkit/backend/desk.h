@@ -2,7 +2,7 @@
 
 #include "devkit/backend/callRules.h"
 #include "devkit/backend/enumerations.h"
-#include "devkit/backend/session.h"
+#include "devkit/backend/toolSession.h"
 
 #include <map>
 #include <memory>
@@ -22,7 +22,7 @@ struct Desk {
     Handles handles;
     CallRules rules{handles};
     TextTable texts;
-    std::unique_ptr<Session> session; // from RZInitialize to RZTerminate
+    std::unique_ptr<ToolSession> session; // from RZInitialize to RZTerminate
     Enumerations enumerations;
     std::map<int32_t, int32_t> longTexts; // texts that did not fit at first, and the room that they need
 };

@@ -7,7 +7,7 @@
 namespace velk::devkit {
 
 // An enumeration that the caller has begun.
-struct Enumeration {
+struct OpenEnumeration {
     int32_t kind = 0; // of what it gives
     std::vector<int32_t> handles;
     size_t next = 0;
@@ -19,21 +19,21 @@ class Enumerations {
 public:
     int32_t begin(int32_t kind, std::vector<int32_t> handles)
     {
-        m_open.emplace(++m_last, Enumeration{kind, std::move(handles)});
+        m_open.emplace(++m_last, OpenEnumeration{kind, std::move(handles)});
         return m_last;
     }
     // Null when no such enumeration is open.
-    Enumeration* find(int32_t handle, int32_t kind)
+    OpenEnumeration* find(int32_t handle, int32_t kind)
     {
         const auto found = m_open.find(handle);
         return found == m_open.end() || found->second.kind != kind ? nullptr : &found->second;
     }
     void end(int32_t handle) { m_open.erase(handle); }
     void endAll() { m_open.clear(); }
-    const std::map<int32_t, Enumeration>& open() const { return m_open; }
+    const std::map<int32_t, OpenEnumeration>& open() const { return m_open; }
 
 private:
-    std::map<int32_t, Enumeration> m_open;
+    std::map<int32_t, OpenEnumeration> m_open;
     int32_t m_last = 800000;
 };
 

@@ -39,7 +39,7 @@ bool matches(std::wstring_view name, std::wstring_view pattern)
 
 void FolderContents::showCurrent(ConnectionState& connection)
 {
-    const Place current = m_tree.folder(m_current);
+    const TreePlace current = m_tree.folder(m_current);
     if (current.connection != &connection)
         return;
     load(connection, *current.folder, false);
@@ -48,7 +48,7 @@ void FolderContents::showCurrent(ConnectionState& connection)
 
 void FolderContents::announceCurrent(const ConnectionState& connection)
 {
-    const Place current = m_tree.folder(m_current);
+    const TreePlace current = m_tree.folder(m_current);
     if (current.connection == &connection)
         announceContents(connection, *current.folder);
 }
@@ -132,7 +132,7 @@ void FolderContents::take(const ConnectionState& connection, FolderState& folder
 
 void FolderContents::watch()
 {
-    const Place current = m_tree.folder(m_current);
+    const TreePlace current = m_tree.folder(m_current);
     const uint64_t time = now();
     if (!current.folder || !current.connection->database.connected() || time < m_nextWatch)
         return;

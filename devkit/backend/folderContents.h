@@ -19,7 +19,7 @@ public:
     void showCurrent(ConnectionState& connection);
     void announceCurrent(const ConnectionState& connection);
     // Reads a folder again and tells each difference.
-    void reload(const Place& place) { load(*place.connection, *place.folder, true); }
+    void reload(const TreePlace& place) { load(*place.connection, *place.folder, true); }
     // Closes the database and empties the folders without a word for each object.
     void close(ConnectionState& connection);
     // Tells what others have changed in the current folder; looks at most once a second.

@@ -2,6 +2,7 @@
 
 #include "base/boundary.h"
 #include "devkit/backend/systemFile.h"
+#include "devkit/base/uniqueFile.h"
 
 #include <algorithm>
 #include <cwctype>

@@ -50,9 +50,9 @@ int32_t enumBegin(Desk& desk, const wchar_t* name, int32_t kind, int32_t contain
 }
 
 // Null when no such enumeration is open.
-Enumeration* opened(Desk& desk, int32_t kind, int32_t enumeration)
+OpenEnumeration* opened(Desk& desk, int32_t kind, int32_t enumeration)
 {
-    Enumeration* const found = desk.enumerations.find(enumeration, kind);
+    OpenEnumeration* const found = desk.enumerations.find(enumeration, kind);
     if (!found)
         desk.rules.breach(L"no such enumeration is open");
     return found;
@@ -64,7 +64,7 @@ int32_t enumNext(Desk& desk, const wchar_t* name, int32_t kind, int32_t enumerat
     if (!desk.rules.enter(name, enumeration))
         return 0;
     const bool complete = desk.rules.checkPresets(record);
-    Enumeration* const open = opened(desk, kind, enumeration);
+    OpenEnumeration* const open = opened(desk, kind, enumeration);
     // An object may have gone since the enumeration began: the next one is given in its place.
     while (open && complete && open->next < open->handles.size())
         if (fillRecord(desk, open->handles[open->next++], *record))

@@ -41,7 +41,7 @@ bool ObjectReports::properties(int32_t handle)
     else if (const ConnectionState* const state = m_tree.connection(handle))
         text = L"Connection: " + state->database.name() + L"\nDatabase: " + state->database.file() + L"\nState: " +
                (state->database.connected() ? L"connected" : L"disconnected");
-    else if (const Place place = m_tree.object(handle); place.facts)
+    else if (const TreePlace place = m_tree.object(handle); place.facts)
         text = propertiesText(*place.facts);
     else
         return false;
@@ -51,7 +51,7 @@ bool ObjectReports::properties(int32_t handle)
 
 bool ObjectReports::sampleContents(int32_t handle)
 {
-    const Place place = m_tree.object(handle);
+    const TreePlace place = m_tree.object(handle);
     if (!place.facts || !isTableLike(place.folder->kind))
         return false;
     m_worker.add([this, name = place.facts->name, sql = L"SELECT * FROM " + quoted(place.facts->name),

@@ -1,7 +1,7 @@
 #include "devkit/backend/projectFile.h"
 
 #include "devkit/backend/systemFile.h"
-#include "devkit/text/words.h"
+#include "devkit/base/words.h"
 
 #include <algorithm>
 

@@ -31,7 +31,7 @@ ConnectionState* ProjectTree::connection(int32_t handle) const
     return nullptr;
 }
 
-Place ProjectTree::folder(int32_t handle) const
+TreePlace ProjectTree::folder(int32_t handle) const
 {
     if (m_project)
         for (const auto& connection : m_project->connections)
@@ -41,7 +41,7 @@ Place ProjectTree::folder(int32_t handle) const
     return {};
 }
 
-Place ProjectTree::object(int32_t handle) const
+TreePlace ProjectTree::object(int32_t handle) const
 {
     const ObjectFacts* const found = facts(handle);
     if (!found)

@@ -38,7 +38,7 @@ struct ProjectState {
 };
 
 // Where a folder or an object stands; nulls for a handle that is of no such thing.
-struct Place {
+struct TreePlace {
     ConnectionState* connection = nullptr;
     FolderState* folder = nullptr;
     const ObjectFacts* facts = nullptr; // of an object
@@ -63,8 +63,8 @@ public:
     // Each of these is null, or has nulls, when the handle does not stand for such a thing.
     ProjectState* project(int32_t handle) const;
     ConnectionState* connection(int32_t handle) const;
-    Place folder(int32_t handle) const;
-    Place object(int32_t handle) const;
+    TreePlace folder(int32_t handle) const;
+    TreePlace object(int32_t handle) const;
     const ObjectFacts* facts(int32_t object) const;
     std::optional<ConnectionFacts> connectionFacts(int32_t handle) const;
     // The objects in a folder, or the connections of a project.

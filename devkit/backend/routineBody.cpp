@@ -1,6 +1,6 @@
 #include "devkit/backend/routineBody.h"
 
-#include "devkit/text/words.h"
+#include "devkit/base/words.h"
 
 #include <cwchar>
 #include <sstream>

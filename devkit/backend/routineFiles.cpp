@@ -3,7 +3,8 @@
 #include "devkit/backend/messages.h"
 #include "devkit/backend/routineSource.h"
 #include "devkit/backend/systemFile.h"
-#include "devkit/text/words.h"
+#include "devkit/base/uniqueFile.h"
+#include "devkit/base/words.h"
 
 #include <algorithm>
 
@@ -21,13 +22,9 @@ std::vector<std::wstring> sourcesIn(const std::wstring& folder)
     std::vector<std::wstring> files;
     for (const wchar_t* pattern : {L"\\*.sql", L"\\*.java"}) {
         WIN32_FIND_DATAW entry{};
-        const HANDLE search = FindFirstFileW((folder + pattern).c_str(), &entry);
-        if (search == INVALID_HANDLE_VALUE)
-            continue;
-        do
+        const unique_search search(FindFirstFileW((folder + pattern).c_str(), &entry));
+        for (bool more = static_cast<bool>(search); more; more = FindNextFileW(search.get(), &entry))
             files.push_back(folder + L"\\" + entry.cFileName);
-        while (FindNextFileW(search, &entry));
-        FindClose(search);
     }
     std::sort(files.begin(), files.end());
     return files;
@@ -42,7 +39,7 @@ void tellUnread(Conversation& conversation, const std::wstring& file)
 
 Routine readRoutine(const ProjectTree& tree, Conversation& conversation, int32_t handle)
 {
-    const Place place = tree.object(handle);
+    const TreePlace place = tree.object(handle);
     if (!place.routines())
         return {};
     const auto bytes = readBytes(place.facts->file);
@@ -53,7 +50,7 @@ Routine readRoutine(const ProjectTree& tree, Conversation& conversation, int32_t
 
 bool RoutineFiles::add(int32_t folder)
 {
-    const Place place = m_tree.folder(folder);
+    const TreePlace place = m_tree.folder(folder);
     if (!place.routines())
         return false;
     const bool isProcedure = place.folder->kind == kindProcedureFolder;
@@ -63,7 +60,7 @@ bool RoutineFiles::add(int32_t folder)
 
 bool RoutineFiles::import(int32_t folder)
 {
-    const Place place = m_tree.folder(folder);
+    const TreePlace place = m_tree.folder(folder);
     if (!place.routines())
         return false;
     const std::wstring from = folderOf(m_tree.opened()->facts.path) + L"\\import";
@@ -82,7 +79,7 @@ void RoutineFiles::copy(const Routine& routine)
 
 bool RoutineFiles::paste(int32_t folder)
 {
-    const Place place = m_tree.folder(folder);
+    const TreePlace place = m_tree.folder(folder);
     if (!place.routines())
         return false;
     if (m_copied.empty()) {
@@ -98,7 +95,7 @@ bool RoutineFiles::paste(int32_t folder)
 }
 
 // Beside the other sources, under a name that is free: name, name2, name3 ... The name goes into the source, too.
-void RoutineFiles::write(const Place& folder, const std::wstring& name, std::wstring source)
+void RoutineFiles::write(const TreePlace& folder, const std::wstring& name, std::wstring source)
 {
     const std::vector<ProjectRoutine>& routines = *folder.routines();
     const std::wstring beside = folderOf(routines.empty() ? m_tree.opened()->facts.path : routines.front().file);
@@ -114,7 +111,7 @@ void RoutineFiles::write(const Place& folder, const std::wstring& name, std::wst
 }
 
 // The folder shows the routine as soon as it is read again.
-void RoutineFiles::include(const Place& folder, const std::wstring& file)
+void RoutineFiles::include(const TreePlace& folder, const std::wstring& file)
 {
     std::vector<ProjectRoutine>& routines = *folder.routines();
     const auto same = [&](const ProjectRoutine& routine) { return routine.file == file; };
@@ -123,7 +120,7 @@ void RoutineFiles::include(const Place& folder, const std::wstring& file)
     m_folders.reload(folder);
 }
 
-void RoutineFiles::exclude(const Place& object)
+void RoutineFiles::exclude(const TreePlace& object)
 {
     std::erase_if(*object.routines(), [&](const ProjectRoutine& routine) { return routine.file == object.facts->key; });
     m_folders.reload(object);
@@ -131,7 +128,7 @@ void RoutineFiles::exclude(const Place& object)
 
 bool RoutineFiles::remove(int32_t routine)
 {
-    const Place place = m_tree.object(routine);
+    const TreePlace place = m_tree.object(routine);
     if (!place.routines())
         return false;
     exclude(place);
@@ -140,7 +137,7 @@ bool RoutineFiles::remove(int32_t routine)
 
 bool RoutineFiles::drop(int32_t routine)
 {
-    const Place place = m_tree.object(routine);
+    const TreePlace place = m_tree.object(routine);
     if (!place.routines())
         return false;
     m_conversation.ask(questionDrop, {place.facts->name}, questionDropButtons, [this, routine](int32_t answer) {
@@ -152,7 +149,7 @@ bool RoutineFiles::drop(int32_t routine)
 
 void RoutineFiles::dropNow(int32_t routine)
 {
-    const Place place = m_tree.object(routine);
+    const TreePlace place = m_tree.object(routine);
     if (!place.facts)
         return; // it went while the question was open
     try {

@@ -10,7 +10,7 @@ namespace velk::devkit {
 // A procedure or function with its source.
 struct Routine {
     int32_t handle = 0;
-    Place place; // has nulls for anything else
+    TreePlace place; // has nulls for anything else
     std::optional<std::wstring> source;
 };
 // Where the source cannot be read the user is told.
@@ -38,9 +38,9 @@ public:
     bool drop(int32_t routine); // after a question, out of the database as well
 
 private:
-    void write(const Place& folder, const std::wstring& name, std::wstring source);
-    void include(const Place& folder, const std::wstring& file);
-    void exclude(const Place& object);
+    void write(const TreePlace& folder, const std::wstring& name, std::wstring source);
+    void include(const TreePlace& folder, const std::wstring& file);
+    void exclude(const TreePlace& object);
     void dropNow(int32_t routine);
 
     ProjectTree& m_tree;

@@ -1,6 +1,6 @@
 #include "devkit/backend/routineSource.h"
 
-#include "devkit/text/words.h"
+#include "devkit/base/words.h"
 
 #include <algorithm>
 #include <cwchar>

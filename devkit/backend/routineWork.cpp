@@ -109,7 +109,7 @@ void RoutineWork::showSource(const Routine& routine)
 // language is kept as it is.
 void RoutineWork::build(const Routine& routine)
 {
-    const Place& place = routine.place;
+    const TreePlace& place = routine.place;
     const ObjectFacts facts = parseRoutine(*routine.source);
     const std::wstring name = facts.name.empty() ? place.facts->name : facts.name;
     m_conversation.command(taskBegins);
@@ -117,7 +117,7 @@ void RoutineWork::build(const Routine& routine)
                   workshop = place.connection->database.workshop()](Cancellation& cancellation) -> Worker::Completion {
         const std::wstring failure = buildFailure(workshop, cancellation, facts, source);
         return [this, handle, name, failure] {
-            if (const Place built = m_tree.object(handle); built.facts)
+            if (const TreePlace built = m_tree.object(handle); built.facts)
                 m_folders.reload(built);
             m_conversation.command(taskEnds);
             m_conversation.tell(failure.empty() ? messageBuilt : messageBuildFailed, {name, failure});

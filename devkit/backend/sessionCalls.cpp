@@ -37,7 +37,7 @@ int32_t RZInitialize(Desk& desk, int32_t ideType, char* projectFile, char* secon
         return 0;
     }
     desk.rules.sessionBegins();
-    desk.session = std::make_unique<Session>(desk.handles, desk.texts);
+    desk.session = std::make_unique<ToolSession>(desk.handles, desk.texts);
     desk.session->begin();
     return 1;
 }

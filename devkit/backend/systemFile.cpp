@@ -1,5 +1,7 @@
 #include "devkit/backend/systemFile.h"
 
+#include "devkit/base/uniqueFile.h"
+
 #include <algorithm>
 
 namespace velk::devkit {

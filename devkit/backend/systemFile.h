@@ -1,23 +1,13 @@
 #pragma once
 
-#include "base/unique_any.h"
-#include "devkit/text/utf8.h"
+#include "base/win32.h"
+#include "devkit/base/utf8.h"
 
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace velk::devkit {
-
-struct file_traits {
-    using Handle = HANDLE;
-    static Handle empty() noexcept { return INVALID_HANDLE_VALUE; }
-    static void close(Handle file) noexcept { CloseHandle(file); }
-};
-class unique_file : public unique_any<file_traits> {
-public:
-    explicit unique_file(HANDLE file) : unique_any(file) {}
-};
 
 std::wstring environmentText(const wchar_t* name);
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "devkit/ide/automatedWindows.h"
 #include "devkit/ide/commandBars.h"
-#include "devkit/ide/ideWindows.h"
 
 namespace velk::devkit {
 
@@ -53,8 +53,8 @@ public:
     Dte() : Automated(L"DTE") {}
     static std::span<const Member<Dte>> members();
 
-    com_ptr<IdeWindow> mainWindow; // set by the shell
-    const com_ptr<IdeWindows> windows = makeObject<IdeWindows>();
+    com_ptr<AutomatedWindow> mainWindow; // set by the shell
+    const com_ptr<AutomatedWindows> windows = makeObject<AutomatedWindows>();
     const com_ptr<Solution> solution = makeObject<Solution>();
     const com_ptr<Events> events = makeObject<Events>();
     const com_ptr<CommandBars> bars = makeObject<CommandBars>();

@@ -1,6 +1,6 @@
 #include "devkit/ide/script.h"
 
-#include "devkit/text/words.h"
+#include "devkit/base/words.h"
 
 #include <cwctype>
 #include <sstream>

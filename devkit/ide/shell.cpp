@@ -125,7 +125,7 @@ void Shell::layOut() const
     const int workTop = ToolbarRow::height + 2;
     const int workBottom = bottom - immediateHeight;
     MoveWindow(m_immediate, 2, workBottom + stripHeight, area.right - 4, immediateHeight - stripHeight - 2, TRUE);
-    std::vector<com_ptr<IdeWindow>> panes;
+    std::vector<com_ptr<AutomatedWindow>> panes;
     for (const auto& window : m_dte->windows->open())
         if (window->pane && window->isShown())
             panes.push_back(window);

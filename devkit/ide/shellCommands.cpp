@@ -132,7 +132,7 @@ void fill(ScriptRunner& script, Text rest)
     SendMessageW(field(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
-com_ptr<IdeWindow> windowOf(Dte& dte, Text caption)
+com_ptr<AutomatedWindow> windowOf(Dte& dte, Text caption)
 {
     for (const auto& window : dte.windows->open())
         if (window->caption == caption)

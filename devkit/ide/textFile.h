@@ -1,6 +1,6 @@
 #pragma once
 
-#include "devkit/text/utf8.h"
+#include "devkit/base/utf8.h"
 
 #include <string>
 

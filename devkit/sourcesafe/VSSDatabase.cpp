@@ -33,7 +33,7 @@ variant currentProject(VSSDatabase& database, const CallArguments&)
 
 void setCurrentProject(VSSDatabase& database, const CallArguments& arguments)
 {
-    Session& session = *database.session();
+    OpenDatabase& session = *database.session();
     const Place place = session.store.find(arguments.text(0), session.currentProject);
     if (!place.isProject)
         throw failure(Code::wantProject, L"\"" + place.spec + L"\" is a file, not a project.");
@@ -43,7 +43,7 @@ void setCurrentProject(VSSDatabase& database, const CallArguments& arguments)
 // The second argument asks for deleted items; nothing can be deleted here, so both kinds are the same.
 variant item(VSSDatabase& database, const CallArguments& arguments)
 {
-    const std::shared_ptr<Session>& session = database.session();
+    const std::shared_ptr<OpenDatabase>& session = database.session();
     return itemVariant(session, session->store.find(arguments.text(0), session->currentProject));
 }
 
@@ -77,10 +77,10 @@ void VSSDatabase::open(const std::wstring& ini, const std::wstring& user, const 
 {
     Store store(ini);
     std::wstring name = store.logIn(user.empty() ? systemUser() : user, password);
-    m_session = std::make_shared<Session>(std::move(store), std::move(name));
+    m_session = std::make_shared<OpenDatabase>(std::move(store), std::move(name));
 }
 
-const std::shared_ptr<Session>& VSSDatabase::session() const
+const std::shared_ptr<OpenDatabase>& VSSDatabase::session() const
 {
     if (!m_session)
         throw failure(Code::noIniFile, L"No database is open.");

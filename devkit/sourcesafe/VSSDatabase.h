@@ -1,6 +1,6 @@
 #pragma once
 
-#include "devkit/sourcesafe/session.h"
+#include "devkit/sourcesafe/openDatabase.h"
 
 namespace velk::devkit::vss {
 
@@ -12,10 +12,10 @@ public:
     // Fails with the reason and keeps what was open before.
     void open(const std::wstring& ini, const std::wstring& user, const std::wstring& password);
     // Fails while nothing is open.
-    const std::shared_ptr<Session>& session() const;
+    const std::shared_ptr<OpenDatabase>& session() const;
 
 private:
-    std::shared_ptr<Session> m_session;
+    std::shared_ptr<OpenDatabase> m_session;
 };
 
 } // namespace velk::devkit::vss

@@ -180,7 +180,7 @@ int32_t VSSItem::versionNumber() const
     return version ? version : session->store.versionsOf(place).back().number;
 }
 
-variant itemVariant(const std::shared_ptr<Session>& session, const Place& place, int32_t version)
+variant itemVariant(const std::shared_ptr<OpenDatabase>& session, const Place& place, int32_t version)
 {
     return asVariant(makeObject<VSSItem>(session, place, version).get());
 }

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "devkit/sourcesafe/session.h"
+#include "devkit/sourcesafe/openDatabase.h"
 
 namespace velk::devkit::vss {
 
 // A project or a file of an open database, or a file as it was at a version.
 class VSSItem : public WithMembers<VSSItem, VssObject> {
 public:
-    VSSItem(std::shared_ptr<Session> owner, Place where, int32_t at)
+    VSSItem(std::shared_ptr<OpenDatabase> owner, Place where, int32_t at)
         : session(std::move(owner)), place(std::move(where)), version(at)
     {
     }
@@ -20,13 +20,13 @@ public:
     // The version that the item stands for: its own, or the newest.
     int32_t versionNumber() const;
 
-    const std::shared_ptr<Session> session;
+    const std::shared_ptr<OpenDatabase> session;
     const Place place;
 
 private:
     const int32_t version; // 0: whatever is the newest
 };
 
-variant itemVariant(const std::shared_ptr<Session>& session, const Place& place, int32_t version = 0);
+variant itemVariant(const std::shared_ptr<OpenDatabase>& session, const Place& place, int32_t version = 0);
 
 } // namespace velk::devkit::vss

@@ -62,13 +62,13 @@ constexpr Member<Collection> rows[] = {
 
 class VersionObject : public WithMembers<VersionObject, VssObject> {
 public:
-    VersionObject(std::shared_ptr<Session> owner, Place where, Version one)
+    VersionObject(std::shared_ptr<OpenDatabase> owner, Place where, Version one)
         : session(std::move(owner)), file(std::move(where)), version(std::move(one))
     {
     }
     static std::span<const Member<VersionObject>> members();
 
-    const std::shared_ptr<Session> session;
+    const std::shared_ptr<OpenDatabase> session;
     const Place file;
     const Version version;
 };
@@ -119,7 +119,7 @@ variant collectionOf(std::vector<variant> items, std::vector<std::wstring> names
     return asVariant(makeObject<Collection>(std::move(items), std::move(names)).get());
 }
 
-variant versionsOf(const std::shared_ptr<Session>& session, const Place& file)
+variant versionsOf(const std::shared_ptr<OpenDatabase>& session, const Place& file)
 {
     std::vector<variant> versions;
     for (const Version& version : session->store.versionsOf(file))

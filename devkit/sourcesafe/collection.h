@@ -1,6 +1,6 @@
 #pragma once
 
-#include "devkit/sourcesafe/session.h"
+#include "devkit/sourcesafe/openDatabase.h"
 
 namespace velk::devkit::vss {
 
@@ -9,6 +9,6 @@ namespace velk::devkit::vss {
 variant collectionOf(std::vector<variant> items, std::vector<std::wstring> names = {});
 
 // A file's versions, the newest first: each with VersionNumber, Username, Comment, and VSSItem, the file as it was.
-variant versionsOf(const std::shared_ptr<Session>& session, const Place& file);
+variant versionsOf(const std::shared_ptr<OpenDatabase>& session, const Place& file);
 
 } // namespace velk::devkit::vss

@@ -1,7 +1,8 @@
 #include "devkit/sourcesafe/files.h"
 
+#include "devkit/base/uniqueFile.h"
+#include "devkit/base/utf8.h"
 #include "devkit/sourcesafe/failures.h"
-#include "devkit/text/utf8.h"
 
 #include <algorithm>
 #include <array>
@@ -9,18 +10,6 @@
 
 namespace velk::devkit::vss::files {
 namespace {
-
-struct file_traits {
-    using Handle = HANDLE;
-    static HANDLE empty() noexcept { return INVALID_HANDLE_VALUE; }
-    static void close(HANDLE file) noexcept { CloseHandle(file); }
-};
-using unique_file = unique_any<file_traits>;
-
-struct find_traits : file_traits {
-    static void close(HANDLE search) noexcept { FindClose(search); }
-};
-using unique_search = unique_any<find_traits>;
 
 StepObserver stepObserver;
 

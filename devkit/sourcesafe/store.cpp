@@ -1,8 +1,8 @@
 #include "devkit/sourcesafe/store.h"
 
+#include "devkit/base/utf8.h"
 #include "devkit/sourcesafe/failures.h"
 #include "devkit/sourcesafe/files.h"
-#include "devkit/text/utf8.h"
 
 #include <algorithm>
 #include <cwchar>

@@ -1,9 +1,9 @@
 // The half of a database that keeps files: their versions, and who has them.
 
+#include "devkit/base/utf8.h"
 #include "devkit/sourcesafe/failures.h"
 #include "devkit/sourcesafe/files.h"
 #include "devkit/sourcesafe/store.h"
-#include "devkit/text/utf8.h"
 
 #include <algorithm>
 #include <cwchar>

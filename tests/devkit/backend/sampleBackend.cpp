@@ -3,6 +3,7 @@
 #include "base/module.h"
 #include "devkit/backend/odbc.h"
 #include "devkit/backend/systemFile.h"
+#include "devkit/base/uniqueFile.h"
 #include "support/folders.h"
 
 #include <sstream>

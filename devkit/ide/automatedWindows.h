@@ -12,13 +12,13 @@ enum WindowType : int32_t { windowImmediate = 5, windowMain = 12, windowTool = 1
 // clang-format on
 
 // A window as automation sees it. It outlives the window itself; then every use is error 91.
-class IdeWindow : public Automated<IdeWindow> {
+class AutomatedWindow : public Automated<AutomatedWindow> {
 public:
-    IdeWindow(int32_t windowType, HWND window, std::wstring windowCaption)
+    AutomatedWindow(int32_t windowType, HWND window, std::wstring windowCaption)
         : Automated(L"Window"), type(windowType), caption(std::move(windowCaption)), m_window(window)
     {
     }
-    static std::span<const Member<IdeWindow>> members();
+    static std::span<const Member<AutomatedWindow>> members();
     std::wstring label() const override { return L"Window \"" + caption + L"\""; }
 
     HWND hwnd() const; // error 91 once it is closed
@@ -38,15 +38,15 @@ private:
 };
 
 // All windows of the IDE that automation lists, in the order in which they came.
-class IdeWindows : public Automated<IdeWindows> {
+class AutomatedWindows : public Automated<AutomatedWindows> {
 public:
-    IdeWindows() : Automated(L"Windows") {}
-    static std::span<const Member<IdeWindows>> members();
+    AutomatedWindows() : Automated(L"Windows") {}
+    static std::span<const Member<AutomatedWindows>> members();
 
-    com_ptr<IdeWindow> add(int32_t type, HWND window, const std::wstring& caption);
+    com_ptr<AutomatedWindow> add(int32_t type, HWND window, const std::wstring& caption);
     variant createToolWindow(const CallArguments& arguments);
     void closeOwnedBy(const AutomationObject* owner);
-    std::vector<com_ptr<IdeWindow>> open() const;
+    std::vector<com_ptr<AutomatedWindow>> open() const;
 
     HWND workspace = nullptr;     // parent of tool windows
     std::function<void()> layOut; // after a tool window came, went or changed its looks
@@ -54,7 +54,7 @@ public:
 private:
     variant item(const CallArguments& arguments) const;
 
-    std::vector<com_ptr<IdeWindow>> m_all;
+    std::vector<com_ptr<AutomatedWindow>> m_all;
 };
 
 } // namespace velk::devkit

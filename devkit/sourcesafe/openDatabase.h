@@ -9,7 +9,7 @@
 namespace velk::devkit::vss {
 
 // What an open database object and the items that it gave out have in common.
-struct Session {
+struct OpenDatabase {
     Store store;
     std::wstring user;
     std::wstring currentProject = L"$/";

@@ -6,11 +6,11 @@ namespace velk::devkit {
 
 // There because the caller begins and ends its use of the library: one such use, from its beginning to its end. Owns
 // the parts that do the work. Everything that happens is told by notifications.
-class Session {
+class ToolSession {
 public:
-    Session(Handles& handles, const TextTable& texts) : m_parts(handles, texts) {}
-    Session(const Session&) = delete;
-    Session& operator=(const Session&) = delete;
+    ToolSession(Handles& handles, const TextTable& texts) : m_parts(handles, texts) {}
+    ToolSession(const ToolSession&) = delete;
+    ToolSession& operator=(const ToolSession&) = delete;
 
     void begin() { m_parts.conversation.command(L"RZ_INIT_COMPLETE"); }
     void openProject(const std::wstring& path) { m_parts.project.open(path); }

@@ -1,4 +1,4 @@
-#include "devkit/ide/ideWindows.h"
+#include "devkit/ide/automatedWindows.h"
 
 #include <algorithm>
 #include <cwchar>
@@ -18,14 +18,14 @@ int32_t stateOf(HWND window)
 }
 
 template <LONG RECT::* edge>
-variant edgeOf(IdeWindow& window, Arguments)
+variant edgeOf(AutomatedWindow& window, Arguments)
 {
     RECT place{};
     GetWindowRect(window.hwnd(), &place);
     return variant(static_cast<int32_t>(place.*edge));
 }
 
-void putState(IdeWindow& window, Arguments arguments)
+void putState(AutomatedWindow& window, Arguments arguments)
 {
     const auto state = static_cast<size_t>(arguments.number(0, 0));
     if (state >= std::size(showCommands))
@@ -33,7 +33,7 @@ void putState(IdeWindow& window, Arguments arguments)
     ShowWindow(window.hwnd(), showCommands[state]);
 }
 
-variant setFocus(IdeWindow& window, Arguments)
+variant setFocus(AutomatedWindow& window, Arguments)
 {
     if (window.pane)
         window.pane->focus();
@@ -44,31 +44,31 @@ variant setFocus(IdeWindow& window, Arguments)
 
 } // namespace
 
-HWND IdeWindow::hwnd() const
+HWND AutomatedWindow::hwnd() const
 {
     if (!m_window)
         throw Error(errorObjectNotSet, L"the window is closed");
     return m_window;
 }
 
-bool IdeWindow::isShown() const
+bool AutomatedWindow::isShown() const
 {
     return m_window && (GetWindowLongW(m_window, GWL_STYLE) & WS_VISIBLE) != 0;
 }
 
-void IdeWindow::show(bool visible) const
+void AutomatedWindow::show(bool visible) const
 {
     ShowWindow(hwnd(), visible ? SW_SHOWNA : SW_HIDE);
     changed();
 }
 
-void IdeWindow::changed() const
+void AutomatedWindow::changed() const
 {
     if (const HWND parent = m_window ? GetParent(m_window) : nullptr)
         PostMessageW(parent, WM_SIZE, 0, 0);
 }
 
-void IdeWindow::close()
+void AutomatedWindow::close()
 {
     if (!pane)
         throw Error(errorUnsupportedAction, L"this window cannot be closed");
@@ -80,9 +80,9 @@ void IdeWindow::close()
         PostMessageW(parent, WM_SIZE, 0, 0);
 }
 
-std::span<const Member<IdeWindow>> IdeWindow::members()
+std::span<const Member<AutomatedWindow>> AutomatedWindow::members()
 {
-    using Self = IdeWindow;
+    using Self = AutomatedWindow;
     // clang-format off
     static const Member<Self> rows[] = {
         {L"Caption",     readField<&Self::caption>},
@@ -100,9 +100,9 @@ std::span<const Member<IdeWindow>> IdeWindow::members()
     return rows;
 }
 
-std::span<const Member<IdeWindows>> IdeWindows::members()
+std::span<const Member<AutomatedWindows>> AutomatedWindows::members()
 {
-    using Self = IdeWindows;
+    using Self = AutomatedWindows;
     // clang-format off
     static const Member<Self> rows[] = {
         {L"Item",             [](Self& self, Arguments arguments) { return self.item(arguments); }, nullptr, L"Index"},
@@ -115,21 +115,21 @@ std::span<const Member<IdeWindows>> IdeWindows::members()
     return rows;
 }
 
-com_ptr<IdeWindow> IdeWindows::add(int32_t type, HWND window, const std::wstring& caption)
+com_ptr<AutomatedWindow> AutomatedWindows::add(int32_t type, HWND window, const std::wstring& caption)
 {
-    m_all.push_back(makeObject<IdeWindow>(type, window, caption));
+    m_all.push_back(makeObject<AutomatedWindow>(type, window, caption));
     return m_all.back();
 }
 
-std::vector<com_ptr<IdeWindow>> IdeWindows::open() const
+std::vector<com_ptr<AutomatedWindow>> AutomatedWindows::open() const
 {
-    std::vector<com_ptr<IdeWindow>> windows;
+    std::vector<com_ptr<AutomatedWindow>> windows;
     std::copy_if(m_all.begin(), m_all.end(), std::back_inserter(windows),
                  [](const auto& window) { return window->isOpen(); });
     return windows;
 }
 
-variant IdeWindows::item(const CallArguments& arguments) const
+variant AutomatedWindows::item(const CallArguments& arguments) const
 {
     const auto windows = open();
     if (arguments.raw(0).vt == VT_BSTR) {
@@ -144,7 +144,7 @@ variant IdeWindows::item(const CallArguments& arguments) const
     return asVariant(windows[place - 1].get());
 }
 
-variant IdeWindows::createToolWindow(const CallArguments& arguments)
+variant AutomatedWindows::createToolWindow(const CallArguments& arguments)
 {
     AutomationObject* owner = ownObject(arguments.object(0).get());
     const VARIANT& document = arguments.raw(4);
@@ -154,7 +154,7 @@ variant IdeWindows::createToolWindow(const CallArguments& arguments)
         throw Error::fromResult(DISP_E_TYPEMISMATCH);
     const auto pane = std::make_shared<ToolPane>(workspace, arguments.text(2));
     pane->host(arguments.text(1));
-    const com_ptr<IdeWindow> window = add(windowTool, pane->hwnd(), arguments.text(2));
+    const com_ptr<AutomatedWindow> window = add(windowTool, pane->hwnd(), arguments.text(2));
     window->pane = pane;
     window->owner = owner;
     if (document.vt == (VT_DISPATCH | VT_BYREF))
@@ -166,7 +166,7 @@ variant IdeWindows::createToolWindow(const CallArguments& arguments)
     return asVariant(window.get());
 }
 
-void IdeWindows::closeOwnedBy(const AutomationObject* owner)
+void AutomatedWindows::closeOwnedBy(const AutomationObject* owner)
 {
     for (const auto& window : open())
         if (window->owner == owner)

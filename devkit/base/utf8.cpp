@@ -1,4 +1,4 @@
-#include "devkit/text/utf8.h"
+#include "devkit/base/utf8.h"
 
 #include "base/win32.h"
 

@@ -1,4 +1,4 @@
-#include "devkit/text/words.h"
+#include "devkit/base/words.h"
 
 #include <cwchar>
 #include <cwctype>

@@ -1,8 +1,8 @@
-#include "devkit/backend/session.h"
+#include "devkit/backend/toolSession.h"
 
 namespace velk::devkit {
 
-std::optional<Notification> Session::next(bool& more)
+std::optional<Notification> ToolSession::next(bool& more)
 {
     if (const Worker::Completion completion = m_parts.worker.finished())
         completion();

@@ -44,13 +44,6 @@ std::unique_ptr<OdbcConnection> Database::Workshop::open(Cancellation& cancellat
     return opened;
 }
 
-const std::vector<ProjectRoutine>* Database::routinesOf(int32_t folderKind) const
-{
-    if (folderKind == kindProcedureFolder)
-        return &m_procedures;
-    return folderKind == kindFunctionFolder ? &m_functions : nullptr;
-}
-
 OdbcConnection& Database::opened()
 {
     if (!m_connection)

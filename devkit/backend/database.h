@@ -51,7 +51,6 @@ public:
 private:
     OdbcConnection& opened();
     std::vector<ObjectFacts> readRoutines(const std::vector<ProjectRoutine>& routines);
-    const std::vector<ProjectRoutine>* routinesOf(int32_t folderKind) const;
 
     std::wstring m_name;
     std::wstring m_odbc;

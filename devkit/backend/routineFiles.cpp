@@ -11,11 +11,20 @@
 namespace velk::devkit {
 namespace {
 
-// A source for a new routine of each kind.
-constexpr const wchar_t* newProcedure = L"-- remark: A new procedure\nCREATE PROCEDURE main.%1 (IN a_number INTEGER)\n"
-                                        L"LANGUAGE SQL\nBEGIN\n    SELECT a_number;\nEND\n";
-constexpr const wchar_t* newFunction = L"-- remark: A new function\nCREATE FUNCTION main.%1 (a_number INTEGER) RETURNS "
-                                       L"INTEGER\nLANGUAGE SQL\nRETURN SELECT a_number\n";
+// What a new routine of each kind begins as.
+struct TemplateRow {
+    int32_t folderKind;
+    const wchar_t* name;
+    const wchar_t* source;
+};
+constexpr TemplateRow templates[] = {
+    {kindProcedureFolder, L"new_procedure",
+     L"-- remark: A new procedure\nCREATE PROCEDURE main.%1 (IN a_number INTEGER)\n"
+     L"LANGUAGE SQL\nBEGIN\n    SELECT a_number;\nEND\n"},
+    {kindFunctionFolder, L"new_function",
+     L"-- remark: A new function\nCREATE FUNCTION main.%1 (a_number INTEGER) RETURNS INTEGER\n"
+     L"LANGUAGE SQL\nRETURN SELECT a_number\n"},
+};
 
 std::vector<std::wstring> sourcesIn(const std::wstring& folder)
 {
@@ -51,11 +60,12 @@ Routine readRoutine(const ProjectTree& tree, Conversation& conversation, int32_t
 bool RoutineFiles::add(int32_t folder)
 {
     const TreePlace place = m_tree.folder(folder);
-    if (!place.routines())
-        return false;
-    const bool isProcedure = place.folder->kind == kindProcedureFolder;
-    write(place, isProcedure ? L"new_procedure" : L"new_function", isProcedure ? newProcedure : newFunction);
-    return true;
+    for (const TemplateRow& row : templates)
+        if (place.folder && place.folder->kind == row.folderKind) {
+            write(place, row.name, row.source);
+            return true;
+        }
+    return false;
 }
 
 bool RoutineFiles::import(int32_t folder)

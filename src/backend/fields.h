@@ -24,8 +24,9 @@ struct RecordLayout {
     size_t wireSize;
 };
 
-inline constexpr size_t largestWireRecord = 48;
-inline constexpr size_t mostTextsInRecord = 8;
+// Room for any of the records: bytes and texts. There is some to spare.
+inline constexpr size_t largestWireRecord = 64;
+inline constexpr size_t mostTextsInRecord = 12;
 
 // The layout of each of the fourteen records.
 template <class Record>

@@ -10,6 +10,8 @@
 #include "ui/messageBox.h"
 #include "ui/uiFont.h"
 
+#include <product.h>
+
 namespace velk {
 namespace {
 
@@ -23,7 +25,7 @@ constexpr int16_t entryBarIndex = 13;
 constexpr int entryFace = 100;
 constexpr DISPID clickEvent = 1;
 // The IDE raises no click for a control without an action text; what the text says does not matter to anybody.
-constexpr wchar_t entryAction[] = L"velkviadd.Connect";
+constexpr wchar_t entryAction[] = VELK_OWN_NAME("Connect");
 
 void setUiFont()
 {

@@ -14,10 +14,12 @@
 #include "ui/messageBox.h"
 #include "ui/splashscrnFrm.h"
 
+#include <product.h>
+
 namespace velk {
 namespace {
 
-constexpr wchar_t documentProgId[] = L"velkviadd.serverViewDoc";
+constexpr wchar_t documentProgId[] = VELK_OWN_NAME("serverViewDoc");
 // The IDE remembers the window's place under this name.
 constexpr wchar_t toolWindowGuid[] = L"{5D1C7A3E-2B94-4F6A-9E0B-7C3D8A61F2B5}";
 constexpr int32_t toolWindowCaption = 400;

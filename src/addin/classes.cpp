@@ -7,6 +7,7 @@
 #include "serverview/serverViewDoc.h"
 
 #include <array>
+#include <product.h>
 
 namespace velk {
 namespace {
@@ -19,7 +20,7 @@ com_ptr<IUnknown> make()
 
 // clang-format off
 const std::array<PublishedClass, 6> classes{{
-    {&CLSID_Connect,        L"Connect",        L"Velk Development Add-In for Visual Interdev", make<Connect>,             false},
+    {&CLSID_Connect,        L"Connect",        productTitle,                                  make<Connect>,             false},
     {&CLSID_IMgrVI,         L"IMgrVI",         L"Velk integration manager",                    make<IMgrVI>,              false},
     {&CLSID_IntegrationMgr, L"IntegrationMgr", L"Velk integration manager interface",          make<EmptyIntegrationMgr>, false},
     {&CLSID_ModelUtil,      L"ModelUtil",      L"Velk project model interface",                make<EmptyModelUtil>,      false},

@@ -6,7 +6,7 @@
 
 namespace velk {
 
-// A class that the DLL publishes: "velkviadd." and the name make its ProgID.
+// A class that the DLL publishes: the product's name, a dot and its own make its ProgID.
 struct PublishedClass {
     const CLSID* clsid;
     const wchar_t* name;

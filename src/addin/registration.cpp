@@ -9,6 +9,7 @@
 
 #include <array>
 #include <optional>
+#include <product.h>
 #include <typelib/velkviadd.h>
 
 namespace velk {
@@ -17,8 +18,7 @@ namespace {
 const std::wstring classesRoot = L"Software\\Classes\\";
 const std::wstring ideRoot = L"Software\\Microsoft\\VisualStudio\\6.0\\AddIns";
 const std::wstring ideRootStop = L"Software\\Microsoft";
-const std::wstring addinKey = ideRoot + L"\\velkviadd.Connect";
-constexpr wchar_t displayName[] = L"Velk Development Add-In for Visual Interdev";
+const std::wstring addinKey = ideRoot + L"\\" + VELK_OWN_NAME("Connect");
 constexpr wchar_t addinDescription[] = L"Works on Velk database objects and Rozel projects inside the IDE";
 constexpr DWORD loadAtStartup = 1;
 constexpr DWORD notCommandLineSafe = 0;
@@ -47,7 +47,7 @@ std::wstring classKey(const PublishedClass& row)
 
 std::wstring progId(const PublishedClass& row)
 {
-    return std::wstring(L"velkviadd.") + row.name;
+    return std::wstring(productName) + L"." + row.name;
 }
 
 void registerClass(const PublishedClass& row)
@@ -88,7 +88,7 @@ void unregisterTypeLibrary()
 void registerWithIde()
 {
     const unique_key key = registry::createKey(HKEY_LOCAL_MACHINE, addinKey);
-    registry::setText(key.get(), L"FriendlyName", displayName);
+    registry::setText(key.get(), L"FriendlyName", productTitle);
     registry::setText(key.get(), L"Description", addinDescription);
     registry::setNumber(key.get(), L"LoadBehavior", loadAtStartup);
     registry::setNumber(key.get(), L"CommandLineSafe", notCommandLineSafe);

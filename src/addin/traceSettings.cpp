@@ -7,6 +7,7 @@
 #include "base/unique_any.h"
 
 #include <array>
+#include <product.h>
 
 namespace velk {
 namespace {
@@ -15,7 +16,6 @@ constexpr wchar_t variableName[] = L"VELKVIADD_TRACE";
 constexpr wchar_t keyPath[] = L"Software\\Velk\\velkviadd";
 constexpr wchar_t valueName[] = L"Trace";
 constexpr wchar_t finerMark[] = L";2";
-constexpr wchar_t version[] = L"velkviadd 1.0.0";
 constexpr size_t settingRoom = 1024; // characters
 
 std::wstring setting()
@@ -58,7 +58,7 @@ void beginTrace() noexcept
         if (path.empty())
             return;
         trace::open(path, isFiner ? trace::Level::calls : trace::Level::failures,
-                    std::wstring(version) + L" in " + hostName() + L", code page " +
+                    std::wstring(productName) + L" " + productVersion + L" in " + hostName() + L", code page " +
                         numberText(static_cast<int32_t>(GetACP())));
         setFailureObserver([](const Failure& failure) { trace::write(trace::Level::failures, lineOf(failure)); });
     });

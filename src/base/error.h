@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <exception>
+#include <product.h>
 #include <string>
 #include <string_view>
 
@@ -68,7 +69,7 @@ private:
 };
 
 // The source of errors that arise in the add-in itself: its application title.
-inline constexpr std::wstring_view ownErrorSource = L"velkviadd";
+inline constexpr std::wstring_view ownErrorSource = productName;
 
 // Throws Error for a failure code; a thread's pending rich error is not consulted.
 void throwIfFailed(HRESULT result);

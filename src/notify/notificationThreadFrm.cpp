@@ -8,6 +8,8 @@
 #include "notify/handlers.h"
 #include "ui/messageBox.h"
 
+#include <product.h>
+
 namespace velk {
 namespace {
 
@@ -86,7 +88,7 @@ bool notificationThreadFrm::Failures::areBearable() noexcept
     return false;
 }
 
-notificationThreadFrm::notificationThreadFrm() : Window(L"velkviadd.notificationThreadFrm")
+notificationThreadFrm::notificationThreadFrm() : Window(VELK_OWN_NAME("notificationThreadFrm"))
 {
     create({HWND_MESSAGE});
     throwLastErrorUnless(SetTimer(hwnd(), timerThread, timerInterval, nullptr) != 0);

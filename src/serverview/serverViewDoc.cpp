@@ -4,12 +4,14 @@
 #include "com/com_boundary.h"
 #include "ui/uiFont.h"
 
+#include <product.h>
+
 namespace velk {
 
 // The document's own surface in the host: nothing but a frame that follows the host's size.
 class serverViewDoc::DocumentWindow : public Window, public std::enable_shared_from_this<DocumentWindow> {
 public:
-    explicit DocumentWindow(serverViewDoc& document) : Window(L"velkviadd.serverViewDoc"), m_document(document) {}
+    explicit DocumentWindow(serverViewDoc& document) : Window(VELK_OWN_NAME("serverViewDoc")), m_document(document) {}
     ~DocumentWindow() override { destroy(); }
 
 protected:

@@ -7,6 +7,8 @@
 #include "serverview/publishedView.h"
 #include "ui/uiFont.h"
 
+#include <product.h>
+
 namespace velk {
 namespace {
 
@@ -17,7 +19,7 @@ constexpr int32_t viewNameText = 400; // the tool window's caption
 
 } // namespace
 
-svrViewCtl::svrViewCtl() : Window(L"velkviadd.svrViewCtl", GetSysColorBrush(COLOR_BTNFACE))
+svrViewCtl::svrViewCtl() : Window(VELK_OWN_NAME("svrViewCtl"), GetSysColorBrush(COLOR_BTNFACE))
 {
 }
 

@@ -4,13 +4,14 @@
 
 #include <cstdint>
 #include <functional>
+#include <product.h>
 #include <string>
 #include <string_view>
 
 namespace velk {
 
 // The caption of a box that is given no title: the add-in's application title.
-inline constexpr std::wstring_view applicationTitle = L"velkviadd";
+inline constexpr std::wstring_view applicationTitle = productName;
 
 // The IDE's main window, owner of every box and dialog, so that none of them can hide behind it. Null when the IDE
 // does not tell; then the thread's active window is the owner.

@@ -9,6 +9,7 @@
 #include "ui/uiFont.h"
 
 #include <memory>
+#include <product.h>
 
 namespace velk {
 namespace {
@@ -45,7 +46,7 @@ WPARAM position(float value)
 
 } // namespace
 
-splashscrnFrm::splashscrnFrm() : Window(L"velkviadd.splashscrnFrm", GetSysColorBrush(COLOR_BTNFACE))
+splashscrnFrm::splashscrnFrm() : Window(VELK_OWN_NAME("splashscrnFrm"), GetSysColorBrush(COLOR_BTNFACE))
 {
     load();
 }

@@ -5,6 +5,7 @@
 #include "backend/library.h"
 #include "backend/texts.h"
 #include "base/module.h"
+#include "base/paths.h"
 #include "base/unique_any.h"
 #include "com/automation.h"
 #include "com/com_boundary.h"
@@ -375,10 +376,8 @@ HRESULT IMgrVI::get_VBAddin(IDispatch** addin) noexcept
 HRESULT IMgrVI::openRZProject() noexcept
 {
     return atBoundary(L"IMgrVI.openRZProject", [this] {
-        const size_t backslash = m_rzFileName.rfind(L'\\');
-        const bool hasFolder = backslash != std::wstring::npos;
-        std::wstring folder = hasFolder ? m_rzFileName.substr(0, backslash) : std::wstring();
-        std::wstring file = hasFolder ? m_rzFileName.substr(backslash + 1) : m_rzFileName;
+        std::wstring folder = parentDir(m_rzFileName);
+        std::wstring file = fileNameOf(m_rzFileName);
         RZProjectDoAccess(folder, file, modeOpenProject);
     });
 }

@@ -78,6 +78,12 @@ std::optional<std::wstring> wideBeforeNul(std::span<const char> bytes, CodePage 
     return cut(wideOf(bytes, codePage));
 }
 
+void trimAtNull(std::wstring& text)
+{
+    const size_t found = text.find(L'\0');
+    text.resize(found == std::wstring::npos ? 0 : found);
+}
+
 CountedText::CountedText(size_t length)
     : m_block(std::make_unique<char[]>(countedSize(length))), m_bytes(placeCounted(m_block.get(), length))
 {

@@ -33,6 +33,9 @@ std::wstring wideOf(std::span<const char> bytes, CodePage codePage = processCode
 // wide text has no NUL at all: in an Asian code page a NUL byte behind a lead byte is none.
 std::optional<std::wstring> wideBeforeNul(std::span<const char> bytes, CodePage codePage = processCodePage);
 
+// Cuts a text at its first NUL character; a text that has none becomes empty, because its writer ran out of room.
+void trimAtNull(std::wstring& text);
+
 // Owns one counted string.
 class CountedText {
 public:

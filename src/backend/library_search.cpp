@@ -1,38 +1,11 @@
 #include "backend/library_search.h"
 
 #include "base/module.h"
+#include "base/paths.h"
 #include "base/win32.h"
 
 namespace velk {
 namespace {
-
-constexpr std::wstring_view longForm = L"\\\\?\\";
-constexpr std::wstring_view longShare = L"UNC\\";
-
-bool isSeparator(wchar_t character) noexcept
-{
-    return character == L'\\' || character == L'/';
-}
-
-bool isLetter(wchar_t character) noexcept
-{
-    return (character >= L'A' && character <= L'Z') || (character >= L'a' && character <= L'z');
-}
-
-bool beginsWithDrive(std::wstring_view folder) noexcept
-{
-    return folder.size() > 2 && isLetter(folder[0]) && folder[1] == L':' && isSeparator(folder[2]);
-}
-
-// "server\share", behind whatever marks it as one. A server named "." or "?" is the system's way to its devices.
-bool beginsWithShare(std::wstring_view folder) noexcept
-{
-    const size_t separator = folder.find_first_of(L"\\/");
-    if (separator == std::wstring_view::npos || separator + 1 >= folder.size())
-        return false;
-    const std::wstring_view server = folder.substr(0, separator);
-    return !server.empty() && server != L"." && server != L"?" && !isSeparator(folder[separator + 1]);
-}
 
 bool isFile(const std::wstring& path)
 {
@@ -57,9 +30,7 @@ std::wstring systemText(Routine routine)
 // Empty when the program's path is too long to be had.
 std::wstring programFolder()
 {
-    std::wstring path = systemText([](wchar_t* text, DWORD size) { return GetModuleFileNameW(nullptr, text, size); });
-    const size_t separator = path.rfind(L'\\');
-    return path.substr(0, separator == std::wstring::npos ? 0 : separator);
+    return parentDir(systemText([](wchar_t* text, DWORD size) { return GetModuleFileNameW(nullptr, text, size); }));
 }
 
 // A folder that is not known is no folder: with a name behind it, it would be the root of the current drive.
@@ -68,7 +39,7 @@ std::optional<std::wstring> inFolder(std::wstring_view folder, std::wstring_view
     if (folder.empty())
         return std::nullopt;
     std::wstring path(folder);
-    path += isSeparator(path.back()) ? L"" : L"\\";
+    path += path.back() == L'\\' || path.back() == L'/' ? L"" : L"\\";
     path += name;
     return isFile(path) ? std::optional(path) : std::nullopt;
 }
@@ -91,19 +62,6 @@ std::optional<std::wstring> onSearchPath(std::wstring_view name)
 }
 
 } // namespace
-
-bool isFullyQualified(std::wstring_view folder) noexcept
-{
-    if (folder.starts_with(longForm)) {
-        folder.remove_prefix(longForm.size());
-        if (folder.starts_with(longShare))
-            return beginsWithShare(folder.substr(longShare.size()));
-        return beginsWithDrive(folder) || folder.starts_with(L"Volume{");
-    }
-    if (folder.size() > 2 && isSeparator(folder[0]) && isSeparator(folder[1]))
-        return beginsWithShare(folder.substr(2));
-    return beginsWithDrive(folder);
-}
 
 std::optional<std::wstring> findLibrary(std::wstring_view name)
 {

@@ -6,10 +6,6 @@
 
 namespace velk {
 
-// Whether a folder's name means one place whatever the current directory and drive are: "C:\tools", "\\server\share"
-// and the long forms of both that begin with "\\?\". "C:", "C:tools", "\tools" and "." are not.
-bool isFullyQualified(std::wstring_view folder) noexcept;
-
 // Full path of the first file of that name in the add-in's folder, the program's, the system's two, and the fully
 // qualified folders of the search path.
 //

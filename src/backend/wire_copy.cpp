@@ -1,7 +1,5 @@
 #include "backend/wire_copy.h"
 
-#include "base/paths.h"
-
 #include <algorithm>
 #include <cstring>
 
@@ -106,7 +104,7 @@ void trimTexts(const RecordLayout& layout, void* record)
 {
     for (const FieldRow& row : layout.fields)
         if (row.kind == FieldKind::text && row.capacity > 0)
-            trimAtNull(memberOf<std::wstring>(record, row));
+            ansi::trimAtNull(memberOf<std::wstring>(record, row));
 }
 
 } // namespace velk

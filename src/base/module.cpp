@@ -1,6 +1,7 @@
 #include "base/module.h"
 
 #include "base/error.h"
+#include "base/paths.h"
 
 #include <atomic>
 
@@ -35,8 +36,7 @@ std::wstring path()
 
 std::wstring folder()
 {
-    const std::wstring full = path();
-    return full.substr(0, full.rfind(L'\\'));
+    return parentDir(path());
 }
 
 void lock() noexcept

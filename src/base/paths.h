@@ -5,9 +5,6 @@
 
 namespace velk {
 
-// Cuts a text at its first NUL character; a text that has none becomes empty, because its writer ran out of room.
-void trimAtNull(std::wstring& text);
-
 struct DriveAndRest {
     std::wstring drive; // with its colon
     std::wstring rest;
@@ -28,5 +25,12 @@ PathParts splitPath(std::wstring_view path);
 // What stands before the last backslash, drive included; empty without one. Unlike splitPath it also parts at a
 // backslash that is the first character.
 std::wstring parentDir(std::wstring_view path);
+
+// What follows the last backslash of a path; the whole of a path without one.
+std::wstring fileNameOf(std::wstring_view path);
+
+// Whether a folder's name means one place whatever the current directory and drive are: "C:\tools", "\\server\share"
+// and the long forms of both that begin with "\\?\". "C:", "C:tools", "\tools" and "." are not.
+bool isFullyQualified(std::wstring_view folder) noexcept;
 
 } // namespace velk

@@ -3,6 +3,7 @@
 #include "backend/texts.h"
 #include "base/boundary.h"
 #include "base/never_destroyed.h"
+#include "base/paths.h"
 #include "com/automation.h"
 #include "ui/messageBox.h"
 
@@ -132,11 +133,6 @@ bool openSourceSafeDatabase(const std::wstring& userName, const std::wstring& pa
     }
 }
 
-bool isSourceSafeDatabaseOpen() noexcept
-{
-    return static_cast<bool>(state().database);
-}
-
 bool getSourceSafeProjects(std::vector<std::wstring>& projects)
 {
     swallow(L"getSourceSafeProjects", whyQuiet, [&] {
@@ -184,11 +180,6 @@ void checkInFile(const std::wstring& path)
         automation::call(item(currentProjectSpec() + L"/" + fileNameOf(path)), L"Checkin",
                          {variant(L""), variant(std::wstring_view(path))});
     });
-}
-
-std::wstring fileNameOf(const std::wstring& path)
-{
-    return path.substr(path.rfind(L'\\') + 1);
 }
 
 void closeSourceSafe() noexcept

@@ -30,7 +30,6 @@ bool getSourceSafeDatabases(DatabaseTable& table);
 // A failure is shown as SourceSafe tells it, and leaves no database open.
 bool openSourceSafeDatabase(const std::wstring& userName, const std::wstring& password,
                             const std::wstring& databaseName, const DatabaseTable& table);
-bool isSourceSafeDatabaseOpen() noexcept;
 
 // Appends the names of the projects below the root; false when the list is empty then. Failures end it quietly.
 bool getSourceSafeProjects(std::vector<std::wstring>& projects);
@@ -44,9 +43,6 @@ void createSourceSafeProject(const std::wstring& name);
 void addFileToSourceSafe(const std::wstring& path);
 void checkOutFile(const std::wstring& path);
 void checkInFile(const std::wstring& path);
-
-// What follows the last backslash of a path; the whole of a path without one.
-std::wstring fileNameOf(const std::wstring& path);
 
 // Lets go of the open database and the current project. To be called before the add-in leaves the IDE.
 void closeSourceSafe() noexcept;

@@ -2,6 +2,7 @@
 
 #include "base/module.h"
 #include "base/never_destroyed.h"
+#include "base/paths.h"
 #include "ui/messageBox.h"
 
 #include <algorithm>
@@ -102,9 +103,8 @@ bool fileChooserForm::openFileDlg(const std::wstring& strTitle, const std::wstri
     const std::wstring chosen = ask({strTitle, strFilter, strDefaultExt, strDefaultPath, openFlags, false});
     if (chosen.empty())
         return false;
-    const size_t backslash = chosen.rfind(L'\\');
-    txtName = chosen.substr(backslash + 1);
-    txtPath = backslash == std::wstring::npos ? std::wstring() : chosen.substr(0, backslash);
+    txtName = fileNameOf(chosen);
+    txtPath = parentDir(chosen);
     return true;
 }
 

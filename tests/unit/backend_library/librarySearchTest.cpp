@@ -7,53 +7,6 @@
 namespace velk {
 namespace {
 
-struct Folder {
-    const wchar_t* name;
-    bool isFullyQualified;
-};
-
-class folderName : public testing::TestWithParam<Folder> {};
-
-TEST_P(folderName, countsOnly_whereItMeansOnePlace)
-{
-    EXPECT_EQ(isFullyQualified(GetParam().name), GetParam().isFullyQualified);
-}
-
-// clang-format off
-INSTANTIATE_TEST_SUITE_P(each, folderName, testing::Values(
-    Folder{L"C:\\",                        true},
-    Folder{L"C:\\tools",                   true},
-    Folder{L"z:/tools",                    true},
-    Folder{L"\\\\server\\share",           true},
-    Folder{L"\\\\server\\share\\tools",    true},
-    Folder{L"//server/share",              true},
-    Folder{L"\\\\?\\C:\\tools",            true},
-    Folder{L"\\\\?\\UNC\\server\\share",   true},
-    Folder{L"\\\\?\\Volume{5b0}\\tools",   true},
-    Folder{L"",                            false},
-    Folder{L".",                           false},
-    Folder{L"..\\tools",                   false},
-    Folder{L"tools",                       false},
-    Folder{L"\\",                          false},
-    Folder{L"\\tools",                     false},
-    Folder{L"C:",                          false},
-    Folder{L"C:.",                         false},
-    Folder{L"C:tools",                     false},
-    Folder{L"1:\\tools",                   false},
-    Folder{L"%SystemRoot%\\tools",         false},
-    Folder{L"\\\\",                        false},
-    Folder{L"\\\\server",                  false},
-    Folder{L"\\\\server\\",                false},
-    Folder{L"\\\\\\share",                 false},
-    Folder{L"\\\\server\\\\tools",         false},
-    Folder{L"\\\\.\\pipe",                 false},
-    Folder{L"\\\\?\\C:",                   false},
-    Folder{L"\\\\?\\C:tools",              false},
-    Folder{L"\\\\?\\tools",                false},
-    Folder{L"\\\\?\\UNC\\server",          false},
-    Folder{L"//?/tools",                   false}));
-// clang-format on
-
 class librarySearch : public test::LibraryRoom {
 protected:
     void SetUp() override

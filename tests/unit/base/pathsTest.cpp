@@ -5,30 +5,9 @@
 namespace velk {
 namespace {
 
-std::wstring trimmed(std::wstring text)
-{
-    trimAtNull(text);
-    return text;
-}
-
 std::wstring joined(const PathParts& parts)
 {
     return parts.drive + L"|" + parts.directory + L"|" + parts.file;
-}
-
-TEST(trimAtNull, nulInside_keepsWhatStandsBefore)
-{
-    EXPECT_EQ(trimmed(std::wstring(L"ab\0cd\0", 6)), L"ab");
-}
-
-TEST(trimAtNull, nulFirst_isEmpty)
-{
-    EXPECT_EQ(trimmed(std::wstring(L"\0ab", 3)), L"");
-}
-
-TEST(trimAtNull, noNul_isEmptyNotTheWholeText)
-{
-    EXPECT_EQ(trimmed(L"abcd"), L"");
 }
 
 TEST(splitDrive, emptyPath_bothEmpty)
@@ -133,6 +112,60 @@ TEST(parentDir, emptyPath_isEmpty)
 {
     EXPECT_EQ(parentDir(L""), L"");
 }
+
+TEST(fileNameOf, path_isWhatFollowsItsLastBackslash)
+{
+    EXPECT_EQ(fileNameOf(L"a.sql"), L"a.sql");
+    EXPECT_EQ(fileNameOf(L"C:\\src\\deep\\a.sql"), L"a.sql");
+    EXPECT_EQ(fileNameOf(L"C:\\src\\"), L"");
+}
+
+struct Folder {
+    const wchar_t* name;
+    bool isFullyQualified;
+};
+
+class folderName : public testing::TestWithParam<Folder> {};
+
+TEST_P(folderName, countsOnly_whereItMeansOnePlace)
+{
+    EXPECT_EQ(isFullyQualified(GetParam().name), GetParam().isFullyQualified);
+}
+
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(each, folderName, testing::Values(
+    Folder{L"C:\\",                        true},
+    Folder{L"C:\\tools",                   true},
+    Folder{L"z:/tools",                    true},
+    Folder{L"\\\\server\\share",           true},
+    Folder{L"\\\\server\\share\\tools",    true},
+    Folder{L"//server/share",              true},
+    Folder{L"\\\\?\\C:\\tools",            true},
+    Folder{L"\\\\?\\UNC\\server\\share",   true},
+    Folder{L"\\\\?\\Volume{5b0}\\tools",   true},
+    Folder{L"",                            false},
+    Folder{L".",                           false},
+    Folder{L"..\\tools",                   false},
+    Folder{L"tools",                       false},
+    Folder{L"\\",                          false},
+    Folder{L"\\tools",                     false},
+    Folder{L"C:",                          false},
+    Folder{L"C:.",                         false},
+    Folder{L"C:tools",                     false},
+    Folder{L"1:\\tools",                   false},
+    Folder{L"%SystemRoot%\\tools",         false},
+    Folder{L"\\\\",                        false},
+    Folder{L"\\\\server",                  false},
+    Folder{L"\\\\server\\",                false},
+    Folder{L"\\\\\\share",                 false},
+    Folder{L"\\\\server\\\\tools",         false},
+    Folder{L"\\\\.\\pipe",                 false},
+    Folder{L"\\\\?\\C:",                   false},
+    Folder{L"\\\\?\\C:tools",              false},
+    Folder{L"\\\\?\\tools",                false},
+    Folder{L"\\\\?\\UNC\\server",          false},
+    Folder{L"//?/tools",                   false}));
+// clang-format on
 
 } // namespace
 } // namespace velk

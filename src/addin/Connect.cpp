@@ -23,7 +23,6 @@ constexpr int32_t noProjectText = 669;
 
 constexpr int16_t entryBarIndex = 13;
 constexpr int entryFace = 100;
-constexpr DISPID clickEvent = 1;
 // The IDE raises no click for a control without an action text; what the text says does not matter to anybody.
 constexpr wchar_t entryAction[] = VELK_OWN_NAME("Connect");
 
@@ -64,7 +63,7 @@ HRESULT Connect::OnConnection(IDispatch* Application, ext_ConnectMode, IDispatch
 {
     if (m_isLeaving)
         return E_UNEXPECTED; // its own end is still on the stack
-    if (m_manager || m_underWay != 0)
+    if (m_IMgr || m_underWay != 0)
         return S_OK; // connected already: some hosts say so twice
     beginTrace();
     // An add-in that fails here would be thrown out; with a part of it built it can at least be unloaded cleanly.
@@ -88,7 +87,7 @@ HRESULT Connect::OnAddInsUpdate(SAFEARRAY**) noexcept
 HRESULT Connect::OnStartupComplete(SAFEARRAY**) noexcept
 {
     // The bar of the entry, or what tells of its clicks, may not be there yet when the IDE connects its add-ins.
-    if (!m_manager || m_isListening || m_underWay != 0 || m_isLeaving)
+    if (!m_IMgr || m_isListening || m_underWay != 0 || m_isLeaving)
         return S_OK;
     swallow(L"Connect.OnStartupComplete", L"the add-in stays loaded without its entry", [this] {
         const UnderWay underWay(*this);
@@ -110,10 +109,10 @@ void Connect::AddinInstance_OnConnection(IDispatch* application, IDispatch* addi
     m_addin = addinInstance;
     setUiFont();
     m_session.throwIfOver();
-    m_manager = makeObject<IMgrVI>();
-    m_manager->workIn(m_session);
+    m_IMgr = makeObject<IMgrVI>();
+    m_IMgr->workIn(m_session);
     swallow(L"Connect.OnConnection", L"setupIM keeps what it could set up",
-            [&] { m_manager->setUp(application, addinInstance); });
+            [&] { m_IMgr->setUp(application, addinInstance); });
     m_session.throwIfOver();
     buildEntry();
 }
@@ -181,7 +180,7 @@ void Connect::fillEntry(const com_ptr<IDispatch>& entry, std::wstring_view capti
 
 void Connect::MenuHandler_Click()
 {
-    if (m_session.state() != SessionState::loaded || !m_manager)
+    if (m_session.state() != SessionState::loaded || !m_IMgr)
         return; // started, or about to be, or at the end
     const com_ptr<IUnknown> untilDone(identity());
     std::optional<std::wstring> told;
@@ -190,7 +189,7 @@ void Connect::MenuHandler_Click()
         told = start();
         // Closed by whoever else has the manager, inside the start; an end of ours closes it in its own order.
         if (m_session.isOver() && !m_isLeaving)
-            swallow(L"Connect.start", L"the end tries it again", [this] { m_manager->close(); });
+            swallow(L"Connect.start", L"the end tries it again", [this] { m_IMgr->close(); });
     }
     if (told && !m_session.isOver())
         showMessage(*told);
@@ -224,7 +223,7 @@ std::optional<std::wstring> Connect::start()
         isAllowed = mayStart();
         m_session.throwIfOver();
         if (isAllowed)
-            m_manager->open();
+            m_IMgr->open();
     });
     if (m_session.isOver())
         return std::nullopt;
@@ -236,7 +235,7 @@ std::optional<std::wstring> Connect::start()
         return told;
     }
     swallow(L"Connect.start", L"the session runs with the windows that could be built",
-            [this] { m_manager->buildUserInterface(); });
+            [this] { m_IMgr->buildUserInterface(); });
     endStart(SessionState::running);
     if (!m_session.isOver())
         automation::put(m_menuEntry, L"Enabled", variant(false));
@@ -245,7 +244,7 @@ std::optional<std::wstring> Connect::start()
 
 void Connect::AddinInstance_OnDisconnection() noexcept
 {
-    const bool isConnected = m_manager || m_ide || m_underWay != 0;
+    const bool isConnected = m_IMgr || m_ide || m_underWay != 0;
     if (m_isLeaving || !isConnected)
         return; // it is under way, or was, or there is nothing to end
     // Whoever has the manager may have ended the session already; what the add-in has in the IDE goes all the same.
@@ -264,14 +263,14 @@ void Connect::takeDown() noexcept
         if (m_menuEntry)
             automation::call(m_menuEntry, L"Delete");
     });
-    if (m_manager) {
+    if (m_IMgr) {
         // All of them do nothing where nothing was started.
-        m_manager->beginEnd();
-        swallow(where, why, [this] { m_manager->close(); });
-        swallow(where, why, [this] { m_manager->removeUserInterface(); });
+        m_IMgr->beginEnd();
+        swallow(where, why, [this] { m_IMgr->close(); });
+        m_IMgr->removeUserInterface();
     }
     m_menuEntry.reset();
-    m_manager.reset();
+    m_IMgr.reset();
     MenuHandler.disconnect();
     m_addin.reset();
     m_ide.reset();

@@ -55,7 +55,7 @@ private:
     bool m_isListening = false; // to the entry's clicks
     com_ptr<IDispatch> m_ide;
     com_ptr<IDispatch> m_addin;
-    com_ptr<IMgrVI> m_manager;
+    com_ptr<IMgrVI> m_IMgr;
     com_ptr<IDispatch> m_menuEntry;
     event_connection MenuHandler;
 };

@@ -20,7 +20,6 @@ struct EntryRow {
 
 namespace {
 
-constexpr DISPID clickEvent = 1;
 constexpr int32_t toolbarNameText = 300;
 constexpr int32_t menuNameText = 201;
 
@@ -76,7 +75,7 @@ com_ptr<IDispatch> addToMenu(const com_ptr<IDispatch>& menu, int32_t type)
 
 void RZCommandBars::addButton(const com_ptr<IDispatch>& control, const EntryRow& row, EntryFaces& faces)
 {
-    Entry& entry = m_entries.emplace_back(Entry{control, std::make_unique<event_connection>()});
+    OwnControl& entry = m_entries.emplace_back(OwnControl{control, std::make_unique<event_connection>()});
     m_session.throwIfOver();
     dressEntry(m_session, control, row.caption, faces, row.face, row.action);
     m_session.throwIfOver();
@@ -198,7 +197,7 @@ void RZCommandBars::remove() noexcept
     constexpr wchar_t why[] = L"the other entries are still removed";
     m_views.clear();
     while (!m_entries.empty()) {
-        const Entry entry = std::move(m_entries.back());
+        const OwnControl entry = std::move(m_entries.back());
         m_entries.pop_back();
         if (entry.clicks)
             entry.clicks->disconnect();

@@ -36,7 +36,7 @@ public:
     void remove() noexcept;
 
 private:
-    struct Entry {
+    struct OwnControl {
         com_ptr<IDispatch> control;
         std::unique_ptr<event_connection> clicks; // none for a popup
     };
@@ -47,7 +47,7 @@ private:
     com_ptr<IDispatch> m_ide;
     Session m_session;
     com_ptr<IDispatch> m_toolbar;
-    std::vector<Entry> m_entries;
+    std::vector<OwnControl> m_entries;
     std::vector<com_ptr<IDispatch>> m_views;
 };
 

@@ -15,6 +15,7 @@ namespace velk {
 inline constexpr int32_t controlTypeButton = 1;
 inline constexpr int32_t controlTypePopup = 10;
 inline constexpr int noFace = 0;
+inline constexpr DISPID clickEvent = 1; // of a command bar's control
 
 // Gives entries their faces (bitmap resources of the add-in): by the picture properties of a control that has them,
 // else by way of the clipboard, the only one that the IDE's bars take. What the user had on the clipboard comes back at

@@ -43,8 +43,6 @@ public:
     STDMETHODIMP GetDevLanguage(BSTR* language) noexcept override;
     STDMETHODIMP saveRZFileName(BSTR fileName) noexcept override;
 
-    const com_ptr<IDispatch>& statusWindow() const noexcept { return m_statusWindow; }
-
 private:
     void findStatusWindow();
 

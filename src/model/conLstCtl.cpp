@@ -3,6 +3,7 @@
 #include "backend/texts.h"
 #include "base/never_destroyed.h"
 #include "base/text.h"
+#include "ui/captions.h"
 #include "ui/formFont.h"
 #include "ui/messageBox.h"
 
@@ -14,17 +15,17 @@ using Form = conLstCtl;
 
 // clang-format off
 constexpr DialogRow rows[] = {
-    {Form::descLbl,      label,         L"Specify the following information.", 8,   8, 224,  18},
-    {Form::nameLbl,      label,         L"Command Name",                       8,  32,  84,   9},
-    {Form::nameTxt,      edit,          L"",                                  96,  30, 136,  13},
-    {Form::projLbl,      label,         L"Project",                            8,  50,  84,   9},
-    {Form::projCombo,    dropDownList,  L"",                                  96,  48, 136, 100},
-    {Form::dataEnvLbl,   label,         L"Data environment",                   8,  68,  84,   9},
-    {Form::dataEnvCombo, dropDownList,  L"",                                  96,  66, 136, 100},
-    {Form::conLbl,       label,         L"Connection",                         8,  86,  84,   9},
-    {Form::conCombo,     dropDownList,  L"",                                  96,  84, 136, 100},
-    {Form::okBtn,        defaultButton, L"OK",                               118, 106,  54,  14},
-    {Form::cancelBtn,    button,        L"Cancel",                           178, 106,  54,  14},
+    {Form::descLbl,      label,           0,   8,   8, 224,  18},
+    {Form::nameLbl,      label,           0,   8,  32,  84,   9},
+    {Form::nameTxt,      edit,            0,  96,  30, 136,  13},
+    {Form::projLbl,      label,         528,   8,  50,  84,   9},
+    {Form::projCombo,    dropDownList,    0,  96,  48, 136, 100},
+    {Form::dataEnvLbl,   label,         529,   8,  68,  84,   9},
+    {Form::dataEnvCombo, dropDownList,    0,  96,  66, 136, 100},
+    {Form::conLbl,       label,           0,   8,  86,  84,   9},
+    {Form::conCombo,     dropDownList,    0,  96,  84, 136, 100},
+    {Form::okBtn,        defaultButton, 520, 118, 106,  54,  14},
+    {Form::cancelBtn,    button,        521, 178, 106,  54,  14},
 };
 constexpr DialogLayout layout{240, 127, rows};
 
@@ -35,21 +36,18 @@ struct CaseTexts {
 constexpr CaseTexts connectionTexts{524, 531, 527};
 constexpr CaseTexts commandTexts   {525, 532, 526};
 constexpr int32_t connectionListText = 530;
-
-struct CaptionRow {
-    int control;
-    int32_t text;
-};
-constexpr CaptionRow sharedCaptions[] = {
-    {Form::projLbl, 528}, {Form::dataEnvLbl, 529}, {Form::cancelBtn, 521}, {Form::okBtn, 520},
-};
+// Stands there until a command is named; a form that never named one keeps it, hidden.
+constexpr wchar_t connectionListDesign[] = L"Connection";
 // clang-format on
 
 } // namespace
 
 void conLstCtl::loadForm()
 {
+    if (isLoaded())
+        return;
     load(dialogOwner(), layout, formFont());
+    setText(conLbl, connectionListDesign);
 }
 
 void conLstCtl::setTitle(const std::wstring& title)
@@ -70,8 +68,7 @@ void conLstCtl::setupGUI(const std::wstring& nameTxtStr, bool isCommand)
     if (isCommand)
         setText(conLbl, getRZString(connectionListText));
     setText(nameTxt, nameTxtStr);
-    for (const CaptionRow& row : sharedCaptions)
-        setText(row.control, getRZString(row.text));
+    setCaptions(*this, rows);
     fillProjects();
 }
 

@@ -23,14 +23,12 @@ public:
     // clang-format on
 
     void setIMgr(IntegrationMgr manager) { m_IMgr = std::move(manager); }
-    const IntegrationMgr& IMgr() const noexcept { return m_IMgr; }
 
     // Loads the form if it is not loaded. The set-up gives it the caption of its case.
     void setTitle(const std::wstring& title);
     // Prepares the form for naming a command or a connection and fills the lists; passes on the manager's failures.
     void setupGUI(const std::wstring& nameTxtStr, bool isCommand);
 
-    void setSelectedName(const std::wstring& name) { m_selectedName = name; }
     const std::wstring& selectedName() const noexcept { return m_selectedName; }
     const std::wstring& selectedProj() const noexcept { return m_selectedProj; }
     const std::wstring& selectedDataEnv() const noexcept { return m_selectedDataEnv; }

@@ -107,7 +107,7 @@ notificationThreadFrm::~notificationThreadFrm()
 void notificationThreadFrm::unload() noexcept
 {
     destroy(); // and the timer with it
-    m_IMMgr = {};
+    m_IMgr = {};
 }
 
 LRESULT notificationThreadFrm::handle(UINT message, WPARAM wParam, LPARAM lParam)
@@ -127,7 +127,7 @@ void notificationThreadFrm::timerThread_Timer() noexcept
     const auto untilDone = shared_from_this();
     ++m_depth;
     const scope_exit left([this] { --m_depth; });
-    const Session session = m_IMMgr.session();
+    const Session session = m_IMgr.session();
     if (const auto failure = attempt([this] { drain(); }))
         tellFailure(session, tellError, *failure);
 }
@@ -147,7 +147,7 @@ void notificationThreadFrm::drain()
 
 void notificationThreadFrm::dispatch(const trzNotify& notification)
 {
-    const IntegrationMgr manager = m_IMMgr; // the form may be unloaded meanwhile
+    const IntegrationMgr manager = m_IMgr; // the form may be unloaded meanwhile
     for (const NotificationRow& row : notificationRows) {
         if (row.type != notification.lNotifyType)
             continue;

@@ -20,7 +20,7 @@ public:
 
     // The integration manager, to be set before the first tick finds a notification. What the pump does belongs to the
     // manager's session: nothing more is fetched, carried out or told once that is over.
-    void setIMMgr(IntegrationMgr manager) { m_IMMgr = std::move(manager); }
+    void setIMMgr(IntegrationMgr manager) { m_IMgr = std::move(manager); }
     // Ends the form: no Backend call follows, also not from a tick that waits in a message box.
     void unload() noexcept;
 
@@ -47,9 +47,9 @@ private:
     notificationThreadFrm();
     void drain();
     void dispatch(const trzNotify& notification);
-    bool isOver() const noexcept { return !hwnd() || m_IMMgr.session().isOver(); }
+    bool isOver() const noexcept { return !hwnd() || m_IMgr.session().isOver(); }
 
-    IntegrationMgr m_IMMgr;
+    IntegrationMgr m_IMgr;
     Failures m_failures;
     int m_depth = 0; // of ticks within ticks
 };

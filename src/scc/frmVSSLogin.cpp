@@ -1,6 +1,7 @@
 #include "scc/frmVSSLogin.h"
 
 #include "backend/texts.h"
+#include "ui/captions.h"
 #include "ui/formFont.h"
 #include "ui/messageBox.h"
 
@@ -12,29 +13,20 @@ using Form = frmVSSLogin;
 
 // clang-format off
 constexpr DialogRow rows[] = {
-    {Form::Frame1,        group,         L"Login Information",   6,   4, 236,  84},
-    {Form::userNameLbl,   label,         L"&User Name",         14,  20,  72,   9},
-    {Form::txtUserName,   edit,          L"",                   90,  18, 144,  13},
-    {Form::passwordLbl,   label,         L"&Password",          14,  37,  72,   9},
-    {Form::txtPassword,   password,      L"",                   90,  35, 144,  13},
-    {Form::DBLbl,         label,         L"&Database",          14,  54,  72,   9},
-    {Form::DBCombo,       dropDown,      L"",                   90,  52, 144, 100},
-    {Form::loginBtn,      button,        L"&Login",            180,  69,  54,  14},
-    {Form::projNameLbl,   label,         L"Project Name",       14,  97,  72,   9},
-    {Form::projNameCombo, dropDown,      L"",                   90,  95, 144, 100},
-    {Form::cmdOK,         defaultButton, L"OK",                128, 116,  54,  14},
-    {Form::cmdCancel,     button,        L"Cancel",            188, 116,  54,  14},
+    {Form::Frame1,        group,         522,   6,   4, 236,  84},
+    {Form::userNameLbl,   label,         515,  14,  20,  72,   9},
+    {Form::txtUserName,   edit,            0,  90,  18, 144,  13},
+    {Form::passwordLbl,   label,         516,  14,  37,  72,   9},
+    {Form::txtPassword,   password,        0,  90,  35, 144,  13},
+    {Form::DBLbl,         label,         517,  14,  54,  72,   9},
+    {Form::DBCombo,       dropDown,        0,  90,  52, 144, 100},
+    {Form::loginBtn,      button,        518, 180,  69,  54,  14},
+    {Form::projNameLbl,   label,         519,  14,  97,  72,   9},
+    {Form::projNameCombo, dropDown,        0,  90,  95, 144, 100},
+    {Form::cmdOK,         defaultButton, 520, 128, 116,  54,  14},
+    {Form::cmdCancel,     button,        521, 188, 116,  54,  14},
 };
 constexpr DialogLayout layout{248, 136, rows};
-
-struct CaptionRow {
-    int control;
-    int32_t text;
-};
-constexpr CaptionRow captions[] = {
-    {Form::userNameLbl, 515}, {Form::passwordLbl, 516}, {Form::DBLbl, 517}, {Form::loginBtn, 518},
-    {Form::projNameLbl, 519}, {Form::cmdOK, 520}, {Form::cmdCancel, 521}, {Form::Frame1, 522},
-};
 // clang-format on
 constexpr int32_t captionText = 523;
 constexpr int32_t noDatabaseText = 681;
@@ -45,8 +37,7 @@ void frmVSSLogin::Form_Load()
 {
     load(dialogOwner(), layout, formFont());
     setCaption(getRZString(captionText));
-    for (const CaptionRow& row : captions)
-        setText(row.control, getRZString(row.text));
+    setCaptions(*this, rows);
     for (const Control control : {loginBtn, cmdOK, projNameCombo})
         enable(control, false);
     m_fillResult = fillDatabaseList();

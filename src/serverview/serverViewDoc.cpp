@@ -62,7 +62,7 @@ void serverViewDoc::queryExtra(REFIID iid, void** out) noexcept
 
 HRESULT serverViewDoc::putref_IMgr(_IntegrationMgr* manager) noexcept
 {
-    m_manager = manager;
+    m_IMgr = manager;
     if (!manager) {
         // The session is over, and a host that keeps the document must not keep a view that asks the tool for more.
         const com_ptr<IUnknown> untilDone(identity());
@@ -76,7 +76,7 @@ HRESULT serverViewDoc::get_IMgr(_IntegrationMgr** manager) noexcept
 {
     if (!manager)
         return E_POINTER;
-    m_manager.copyTo(manager);
+    m_IMgr.copyTo(manager);
     return S_OK;
 }
 
@@ -95,7 +95,7 @@ void serverViewDoc::handOver()
         return;
     // The host may close the document inside the calls that the set-up makes.
     const std::shared_ptr<svrViewCtl> control = m_svrViewCtl1;
-    control->setIMgr(IntegrationMgr(m_manager, serverViewWindow().session));
+    control->setIMgr(IntegrationMgr(m_IMgr, serverViewWindow().session));
     control->setupGUI();
 }
 
@@ -154,7 +154,7 @@ void serverViewDoc::UserDocument_Terminate() noexcept
         shown.window.reset();
         shown.document.reset();
     }
-    m_manager.reset();
+    m_IMgr.reset();
 }
 
 } // namespace velk

@@ -54,7 +54,7 @@ private:
     void UserDocument_Terminate() noexcept;
     void handOver();
 
-    com_ptr<_IntegrationMgr> m_manager;
+    com_ptr<_IntegrationMgr> m_IMgr;
     std::shared_ptr<DocumentWindow> m_window;  // shared with its messages that are under way
     std::shared_ptr<svrViewCtl> m_svrViewCtl1; // shared with its calls that are under way
     std::wstring m_fontName = L"MS Sans Serif";

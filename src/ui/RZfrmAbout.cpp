@@ -1,6 +1,7 @@
 #include "ui/RZfrmAbout.h"
 
 #include "backend/texts.h"
+#include "ui/captions.h"
 #include "ui/formFont.h"
 #include "ui/messageBox.h"
 
@@ -12,10 +13,10 @@ using Form = RZfrmAbout;
 
 // clang-format off
 constexpr DialogRow rows[] = {
-    {Form::lblTitle,       label,         L"", 14, 12, 196, 28},
-    {Form::lblVersion,     label,         L"", 14, 46, 196, 10},
-    {Form::lblDescription, label,         L"", 14, 62, 196, 38},
-    {Form::cmdClose,       defaultButton, L"", 84, 108, 56, 14},
+    {Form::lblTitle,       label,           0,  14,  12, 196,  28},
+    {Form::lblVersion,     label,         604,  14,  46, 196,  10},
+    {Form::lblDescription, label,           0,  14,  62, 196,  38},
+    {Form::cmdClose,       defaultButton, 601,  84, 108,  56,  14},
 };
 // clang-format on
 constexpr DialogLayout layout{224, 130, rows};
@@ -37,9 +38,8 @@ void RZfrmAbout::Form_Load()
     load(dialogOwner(), layout, formFont());
     setCaption(getRZString(600));
     setIcon(iconResource);
-    setText(cmdClose, getRZString(601));
+    setCaptions(*this, rows);
     setText(lblTitle, lines({602, 603}));
-    setText(lblVersion, getRZString(604));
     setText(lblDescription, lines({605, 606, 607}));
 }
 

@@ -32,8 +32,7 @@ void Dialog::load(HWND owner, const DialogLayout& layout, const DialogFont& font
     m_hwnd = CreateDialogIndirectParamW(module::instance(), reinterpret_cast<const DLGTEMPLATE*>(bytes.data()), owner,
                                         &Dialog::procedure, reinterpret_cast<LPARAM>(this));
     throwLastErrorUnless(m_hwnd != nullptr);
-    m_life = std::make_shared<Life>();
-    onLoad();
+    m_wait = std::make_shared<Wait>();
 }
 
 void Dialog::unload() noexcept
@@ -41,8 +40,8 @@ void Dialog::unload() noexcept
     if (!m_hwnd)
         return;
     hide();
-    m_life->isGone = true;
-    m_life.reset();
+    m_wait->isGone = true;
+    m_wait.reset();
     const HWND old = std::exchange(m_hwnd, nullptr);
     SetWindowLongPtrW(old, DWLP_USER, 0);
     DestroyWindow(old);
@@ -51,31 +50,31 @@ void Dialog::unload() noexcept
 void Dialog::showModal()
 {
     const module::keep_loaded untilAnswered;
-    const std::shared_ptr<Life> life = m_life; // outlives the form, whatever happens in the loop
-    if (!life || life->isShown)
+    const std::shared_ptr<Wait> wait = m_wait; // outlives the form, whatever happens in the loop
+    if (!wait || wait->isShown)
         return;
     placeOnOwner();
     m_blocked.reserve(shownDialogs().size() + 1);
     shownDialogs().push_back(this);
-    life->isShown = true; // from here on hide() puts everything back
+    wait->isShown = true; // from here on hide() puts everything back
     block(m_owner);
     for (const Dialog* shown : shownDialogs())
         if (shown != this)
             block(shown->hwnd());
     ShowWindow(m_hwnd, SW_SHOW);
     MSG message{};
-    while (life->isShown) {
+    while (wait->isShown) {
         const BOOL received = GetMessageW(&message, nullptr, 0, 0);
         if (received == 0)
             PostQuitMessage(static_cast<int>(message.wParam)); // the host ends: its own loop has to hear of it
         if (received <= 0)
             break;
-        if (life->isGone || !IsDialogMessageW(m_hwnd, &message)) {
+        if (wait->isGone || !IsDialogMessageW(m_hwnd, &message)) {
             TranslateMessage(&message);
             DispatchMessageW(&message);
         }
     }
-    if (!life->isGone)
+    if (!wait->isGone)
         hide();
 }
 
@@ -89,7 +88,7 @@ void Dialog::block(HWND window)
 
 void Dialog::hide() noexcept
 {
-    if (!m_hwnd || !std::exchange(m_life->isShown, false))
+    if (!m_hwnd || !std::exchange(m_wait->isShown, false))
         return;
     std::erase(shownDialogs(), this);
     if (shownDialogs().empty())
@@ -196,9 +195,9 @@ INT_PTR CALLBACK Dialog::procedure(HWND hwnd, UINT message, WPARAM wParam, LPARA
         for (const HWND window : std::exchange(form->m_blocked, {}))
             EnableWindow(window, TRUE);
         form->m_hwnd = nullptr;
-        form->m_life->isShown = false;
-        form->m_life->isGone = true;
-        form->m_life.reset();
+        form->m_wait->isShown = false;
+        form->m_wait->isGone = true;
+        form->m_wait.reset();
         return FALSE;
     }
     if (message != WM_COMMAND)

@@ -12,12 +12,13 @@ namespace velk {
 
 enum class DialogControl { label, edit, password, dropDownList, dropDown, button, defaultButton, group };
 
-// One control of a dialog. Place and size are dialog units, so that they follow the font. Rows stand in tab order;
-// where a number is IDCANCEL, Escape and the close button press it.
+// One control of a dialog. The caption is the number of a text that whoever loads the form puts there, 0 where there is
+// none. Place and size are dialog units, so that they follow the font. Rows stand in tab order; where a number is
+// IDCANCEL, Escape and the close button press it.
 struct DialogRow {
     int id;
     DialogControl kind;
-    const wchar_t* text;
+    int32_t caption;
     short left, top, width, height;
 };
 
@@ -58,7 +59,6 @@ public:
 
     HWND hwnd() const noexcept { return m_hwnd; }
     HWND item(int id) const noexcept { return GetDlgItem(m_hwnd, id); }
-    std::wstring caption() const { return textOf(m_hwnd); }
     // These throw when the form or its control does not take it.
     void setCaption(const std::wstring& text) const { throwLastErrorUnless(SetWindowTextW(m_hwnd, text.c_str())); }
     // An icon resource of this module.
@@ -83,11 +83,9 @@ public:
 protected:
     // A control was used: its number and the notification that it sent. May throw.
     virtual void onCommand(int id, int notification) = 0;
-    // The form was loaded: the controls are there.
-    virtual void onLoad() {}
 
 private:
-    struct Life {
+    struct Wait {
         bool isShown = false;
         bool isGone = false;
     };
@@ -98,7 +96,7 @@ private:
 
     HWND m_hwnd = nullptr;
     HWND m_owner = nullptr;
-    std::shared_ptr<Life> m_life;
+    std::shared_ptr<Wait> m_wait;
     std::vector<HWND> m_blocked; // what takes no input while the form is shown
 };
 

@@ -67,7 +67,7 @@ void writeControl(Writer& writer, const DialogRow& row)
     writer.place(row.left, row.top, row.width, row.height);
     writer.number(static_cast<DWORD>(row.id));
     writer.text(kind.className);
-    writer.text(row.text);
+    writer.text(L"");
     writer.word(0); // no creation data
 }
 

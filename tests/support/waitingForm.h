@@ -11,7 +11,7 @@ class WaitingForm : public Dialog {
 public:
     explicit WaitingForm(HWND owner)
     {
-        static constexpr DialogRow rows[] = {{button, DialogControl::button, L"Button", 4, 4, 40, 14}};
+        static constexpr DialogRow rows[] = {{button, DialogControl::button, 0, 4, 4, 40, 14}};
         load(owner, {100, 40, rows}, {});
     }
     void showAndRun(std::function<void()> whileWaiting)

@@ -52,11 +52,4 @@ private:
     BSTR m_text = nullptr;
 };
 
-// Puts a text into an [in, out] or [out] string of a caller, freeing what stood there.
-inline void assignBstr(BSTR* target, std::wstring_view text)
-{
-    bstr made(text);
-    SysFreeString(std::exchange(*target, made.detach()));
-}
-
 } // namespace velk

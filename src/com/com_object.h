@@ -11,45 +11,6 @@
 
 namespace velk {
 
-template <class... Interfaces>
-struct interface_list {};
-
-// The interfaces that an interface extends and that are asked for by name, too.
-template <class Interface>
-struct parents_of {
-    using type = interface_list<>;
-};
-template <>
-struct parents_of<IViewObject2> {
-    using type = interface_list<IViewObject>;
-};
-template <>
-struct parents_of<IPersistStreamInit> {
-    using type = interface_list<IPersist>;
-};
-template <>
-struct parents_of<IPersistStorage> {
-    using type = interface_list<IPersist>;
-};
-template <>
-struct parents_of<IProvideClassInfo2> {
-    using type = interface_list<IProvideClassInfo>;
-};
-template <>
-struct parents_of<IOleInPlaceObject> {
-    using type = interface_list<IOleWindow>;
-};
-template <>
-struct parents_of<IOleInPlaceActiveObject> {
-    using type = interface_list<IOleWindow>;
-};
-// A dual interface brings IDispatch; the first one in a class's list is what IDispatch itself means there.
-template <class Interface>
-    requires std::is_base_of_v<IDispatch, typename Interface::Described>
-struct parents_of<Interface> {
-    using type = interface_list<IDispatch>;
-};
-
 // The interface by which a class in the list is asked for: its own, or the one whose automation half it brings.
 template <class Interface>
 struct interface_of {
@@ -113,14 +74,11 @@ private:
     bool answer(REFIID iid, void** out) noexcept
     {
         using Named = typename interface_of<Interface>::type;
-        if (iid == __uuidof(Named) || answersParent(iid, typename parents_of<Interface>::type()))
+        // A dual interface brings IDispatch; the first one in a class's list is what IDispatch itself means there.
+        const bool isAutomation = std::is_base_of_v<IDispatch, Named> && iid == IID_IDispatch;
+        if (iid == __uuidof(Named) || isAutomation)
             *out = static_cast<Named*>(static_cast<Interface*>(this));
         return *out != nullptr;
-    }
-    template <class... Parents>
-    static bool answersParent(REFIID iid, interface_list<Parents...>) noexcept
-    {
-        return ((iid == __uuidof(Parents)) || ...);
     }
 
     std::atomic<ULONG> m_references{0};

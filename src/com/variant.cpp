@@ -19,14 +19,6 @@ variant::variant(const variant& other) : variant()
     throwIfFailed(VariantCopy(&m_value, const_cast<VARIANT*>(&other.m_value)));
 }
 
-variant variant::missing() noexcept
-{
-    variant result;
-    result.m_value.vt = VT_ERROR;
-    result.m_value.scode = DISP_E_PARAMNOTFOUND;
-    return result;
-}
-
 variant variant::refTo(IDispatch** object) noexcept
 {
     variant result;

@@ -53,8 +53,6 @@ public:
         return *this;
     }
 
-    // An optional argument that is left out.
-    static variant missing() noexcept;
     // A reference to the caller's variable, which must outlive the variant.
     static variant refTo(IDispatch** object) noexcept;
     static variant refTo(VARIANT* value) noexcept;
@@ -66,7 +64,6 @@ public:
         return &m_value;
     }
     VARTYPE type() const noexcept { return m_value.vt; }
-    bool isMissing() const noexcept { return m_value.vt == VT_ERROR && m_value.scode == DISP_E_PARAMNOTFOUND; }
 
     // Conversions by automation's own rules; a value that has none is error 13 (type mismatch) or 6 (overflow).
     int32_t asLong() const;

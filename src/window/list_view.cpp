@@ -163,17 +163,6 @@ void list_view::setSortMark(int column, SortMark mark) noexcept
     SendMessageW(header, HDM_SETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
 }
 
-list_view::SortMark list_view::sortMark(int column) const noexcept
-{
-    const auto header = reinterpret_cast<HWND>(send(LVM_GETHEADER));
-    HDITEMW item{};
-    item.mask = HDI_FORMAT | HDI_BITMAP;
-    SendMessageW(header, HDM_GETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
-    if (!(item.fmt & HDF_BITMAP))
-        return SortMark::none;
-    return item.hbm == m_upArrow.get() ? SortMark::up : SortMark::down;
-}
-
 void list_view::setRowCount(size_t rows) const noexcept
 {
     send(LVM_SETITEMCOUNT, rows, LVSICF_NOSCROLL);

@@ -32,7 +32,6 @@ public:
     // The arrow in a column's header.
     enum class SortMark { none, up, down };
     void setSortMark(int column, SortMark mark) noexcept;
-    SortMark sortMark(int column) const noexcept;
 
     // The number of rows, and that their contents may have changed; keeps scroll position and selection.
     void setRowCount(size_t rows) const noexcept;

@@ -140,12 +140,6 @@ void tree_view::expand(const std::wstring& key) const
     send(TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(entry(key).item));
 }
 
-bool tree_view::isExpanded(const std::wstring& key) const
-{
-    const LPARAM item = reinterpret_cast<LPARAM>(entry(key).item);
-    return (send(TVM_GETITEMSTATE, static_cast<WPARAM>(item), TVIS_EXPANDED) & TVIS_EXPANDED) != 0;
-}
-
 void tree_view::select(const std::wstring& key) const
 {
     send(TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(entry(key).item));
@@ -184,13 +178,6 @@ void tree_view::bringSelectedIntoView() const noexcept
 {
     if (const HTREEITEM item = related(TVGN_CARET, nullptr))
         send(TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
-}
-
-std::wstring tree_view::parentOf(const std::wstring& key) const
-{
-    const HTREEITEM parent = related(TVGN_PARENT, entry(key).item);
-    const Entry* found = parent ? entryOf(parent) : nullptr;
-    return found ? found->node.key : std::wstring();
 }
 
 void tree_view::onDeleteItem(const NMTREEVIEWW& notification) noexcept

@@ -41,7 +41,6 @@ public:
     void setText(const std::wstring& key, const std::wstring& text);
     void setImage(const std::wstring& key, int image);
     void expand(const std::wstring& key) const;
-    bool isExpanded(const std::wstring& key) const;
     void select(const std::wstring& key) const;
     // The selected node, null when there is none. Valid until the tree changes.
     const TreeNode* selected() const noexcept;
@@ -49,8 +48,6 @@ public:
     const TreeNode* nodeAt(POINT place) const noexcept;
     RECT placeOfSelected() const noexcept;
     void bringSelectedIntoView() const noexcept;
-    // The key of the node above, empty for a root.
-    std::wstring parentOf(const std::wstring& key) const;
 
     // To be called by the parent window for the tree's notifications of this kind: the tree forgets deleted nodes.
     void onDeleteItem(const NMTREEVIEWW& notification) noexcept;

@@ -9,8 +9,6 @@ std::wstring shown(const variant& value)
         return L"<object>";
     if (value.type() & VT_BYREF)
         return L"<reference>";
-    if (value.isMissing())
-        return L"<missing>";
     return value.type() == VT_BSTR ? L"\"" + value.asText() + L"\"" : value.asText();
 }
 

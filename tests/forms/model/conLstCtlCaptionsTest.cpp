@@ -1,4 +1,5 @@
 #include "conLstCtlFixture.h"
+#include "support/shownControls.h"
 
 namespace velk {
 namespace {
@@ -30,7 +31,7 @@ class conLstCtlCaptionsTest : public test::ConLstCtlFixture, public testing::Wit
 protected:
     std::wstring shown() const
     {
-        return GetParam().control == theForm ? form.caption() : form.text(GetParam().control);
+        return GetParam().control == theForm ? test::captionOf(form) : form.text(GetParam().control);
     }
 };
 

@@ -2,6 +2,7 @@
 #include "forms/serverview/viewFixture.h"
 #include "notify/notificationThreadFrm.h"
 #include "support/fakeManager.h"
+#include "support/shownControls.h"
 #include "ui/messageBox.h"
 #include "ui/splashscrnFrm.h"
 
@@ -266,7 +267,7 @@ TEST_F(ObjectsTest, addedConnection_getsItsFiveFoldersInOrder)
     tell(added, 6, 60);
     EXPECT_EQ(nodesBelow(L"K60"), (Lines{L"K61 7 #426 RZFolder", L"K62 9 #427 RZFolder", L"K63 11 #428 RZFolder",
                                          L"K64 13 #429 RZFolder", L"K65 15 #430 RZFolder"}));
-    EXPECT_EQ(tree().parentOf(L"K60"), L"K1");
+    EXPECT_EQ(test::parentOf(tree(), L"K60"), L"K1");
     EXPECT_EQ(tree().node(L"K60").text, L"SALES");
 }
 
@@ -274,9 +275,9 @@ TEST_F(ObjectsTest, addedConnection_expandsTheSelectedNode)
 {
     backend.connections[60] = {.lHdl = 60, .strDatabase = L"SALES"};
     select(L"K1");
-    ASSERT_FALSE(tree().isExpanded(L"K1"));
+    ASSERT_FALSE(test::isExpanded(tree(), L"K1"));
     tell(added, 6, 60);
-    EXPECT_TRUE(tree().isExpanded(L"K1"));
+    EXPECT_TRUE(test::isExpanded(tree(), L"K1"));
 }
 
 TEST_F(ObjectsTest, connectionOfAnUnknownProject_getsNoNodes)

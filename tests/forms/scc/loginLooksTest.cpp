@@ -1,5 +1,6 @@
 // The login dialog's captions and its font.
 #include "loginFixture.h"
+#include "support/shownControls.h"
 #include "ui/uiFont.h"
 
 namespace velk {
@@ -41,7 +42,8 @@ protected:
 TEST_P(LoginLooksTest, control_hasItsCaption)
 {
     loadWithADatabase();
-    EXPECT_EQ(GetParam().control == theForm ? form.caption() : form.text(GetParam().control), GetParam().caption);
+    EXPECT_EQ(GetParam().control == theForm ? test::captionOf(form) : form.text(GetParam().control),
+              GetParam().caption);
 }
 
 TEST_P(LoginLooksTest, control_hasNameAndSizeOfTheUiFont)

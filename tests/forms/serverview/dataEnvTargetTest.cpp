@@ -39,6 +39,11 @@ protected:
         static bool shown = false;
         return shown;
     }
+    ULONG references() const
+    {
+        manager->AddRef();
+        return manager->Release();
+    }
     std::wstring chosenTarget() const
     {
         return target.name + L"|" + target.projName + L"|" + target.dataenvName + L"|" + target.conName;
@@ -70,9 +75,10 @@ TEST_F(DataEnvTargetTest, cancel_leavesTheTargetAsItWas)
 TEST_F(DataEnvTargetTest, managerThatFails_unloadsTheDialogAndPassesTheFailureOn)
 {
     manager->failWith = E_FAIL;
+    const ULONG before = references();
     EXPECT_THROW(ask(true, conLstCtl::okBtn), Error);
     EXPECT_FALSE(connectionDialog().isLoaded());
-    EXPECT_FALSE(connectionDialog().IMgr());
+    EXPECT_EQ(references(), before); // the dialog has let the manager go
 }
 
 TEST_F(DataEnvTargetTest, sessionThatIsOverAtEntry_opensNoDialogAndAsksNothing)

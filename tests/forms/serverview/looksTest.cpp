@@ -1,6 +1,7 @@
 #include <array>
 
 #include "support/fakeManager.h"
+#include "support/shownControls.h"
 #include "ui/uiFont.h"
 #include "viewFixture.h"
 
@@ -197,7 +198,7 @@ TEST_F(LooksTest, arrowInAHeader_isMadeAnewForAnotherFont)
     useFontOf(8);
     const SIZE before = arrowSize(0);
     useFontOf(24);
-    EXPECT_EQ(list().view().sortMark(0), list_view::SortMark::up);
+    EXPECT_EQ(test::sortMark(list().view(), 0), list_view::SortMark::up);
     EXPECT_GT(arrowSize(1).cy, 2 * before.cy);
 }
 

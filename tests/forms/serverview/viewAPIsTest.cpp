@@ -1,4 +1,5 @@
 #include "support/fakeManager.h"
+#include "support/shownControls.h"
 #include "viewFixture.h"
 
 namespace velk {
@@ -272,7 +273,7 @@ TEST_F(viewAPIsTest, expandSelected_opensTheSelectedNode)
     addProject();
     tree().select(L"K10");
     expandSelected();
-    EXPECT_TRUE(tree().isExpanded(L"K10"));
+    EXPECT_TRUE(test::isExpanded(tree(), L"K10"));
 }
 
 TEST_F(viewAPIsTest, selectedNodeKindIs_comparesWithTheKindOfTheSelectedNode)

@@ -1,3 +1,4 @@
+#include "support/shownControls.h"
 #include "viewFixture.h"
 
 namespace velk {
@@ -38,7 +39,7 @@ TEST_P(FolderTest, node_keepsItsTagAndLooksLikeAFolder)
 {
     EXPECT_EQ(tree().node(GetParam().node).tag, GetParam().tag);
     EXPECT_EQ(imageOf(GetParam().node), L"RZFolder");
-    EXPECT_EQ(tree().parentOf(GetParam().node), L"K10");
+    EXPECT_EQ(test::parentOf(tree(), GetParam().node), L"K10");
 }
 
 TEST_P(FolderTest, selectedFolder_hasTheColumnsOfItsObjects)
@@ -169,7 +170,7 @@ TEST_F(ListRowsTest, disconnectedConnection_looksLikeOneFromTheStart)
     EXPECT_EQ(imageOf(L"K11"), L"DisconnectedConnection");
     EXPECT_EQ(tree().node(L"K11").text, L"SALES");
     EXPECT_EQ(tree().node(L"K11").tag, L"6");
-    EXPECT_EQ(tree().parentOf(L"K11"), L"K1");
+    EXPECT_EQ(test::parentOf(tree(), L"K11"), L"K1");
 }
 
 TEST_F(ListRowsTest, connectionWithATakenKeyOrWithoutItsProject_isIgnored)
@@ -199,8 +200,8 @@ TEST_F(ListRowsTest, expandWithNothingSelected_expandsNothing)
 {
     tree().send(TVM_SELECTITEM, TVGN_CARET, 0);
     expandSelected();
-    EXPECT_FALSE(tree().isExpanded(L"K1"));
-    EXPECT_FALSE(tree().isExpanded(L"K10"));
+    EXPECT_FALSE(test::isExpanded(tree(), L"K1"));
+    EXPECT_FALSE(test::isExpanded(tree(), L"K10"));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "ui/RZfrmAbout.h"
 #include "base/module.h"
 #include "support/fakeBackend.h"
+#include "support/shownControls.h"
 #include "ui/uiFont.h"
 
 #include <gtest/gtest.h>
@@ -51,7 +52,7 @@ protected:
 TEST_F(RZfrmAboutTest, texts_comeFromTheToolWithALineFeedBetweenLines)
 {
     form.Form_Load();
-    EXPECT_EQ(form.caption(), L"#600");
+    EXPECT_EQ(test::captionOf(form), L"#600");
     EXPECT_EQ(form.text(cmdClose), L"#601");
     EXPECT_EQ(form.text(lblTitle), L"#602\n#603");
     EXPECT_EQ(form.text(lblVersion), L"#604");

@@ -17,13 +17,5 @@ TEST(bstrText, nullString_readsAsEmpty)
     EXPECT_EQ(bstr::viewOf(nullptr), L"");
 }
 
-TEST(assignBstr, textHeldBefore_isReplaced)
-{
-    BSTR target = SysAllocString(L"old");
-    assignBstr(&target, L"new");
-    EXPECT_EQ(bstr::viewOf(target), L"new");
-    SysFreeString(target);
-}
-
 } // namespace
 } // namespace velk

@@ -1,4 +1,5 @@
 // What the rest of the add-in asks of the IDE through the integration manager.
+// Tested in tests/unit/addin/IMgrVITest.cpp.
 
 #include "addin/IMgrVI.h"
 #include "com/automation.h"

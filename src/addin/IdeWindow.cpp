@@ -1,3 +1,4 @@
+// Tested in tests/unit/addin/IMgrVITest.cpp.
 #include "addin/IdeWindow.h"
 
 #include "base/boundary.h"

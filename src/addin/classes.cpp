@@ -1,3 +1,4 @@
+// Tested in tests/system/unloadTest.cpp.
 #include "addin/classes.h"
 
 #include "addin/Connect.h"

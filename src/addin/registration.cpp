@@ -1,3 +1,4 @@
+// Tested in tests/system/registrationTest.cpp.
 #include "addin/registration.h"
 
 #include "addin/classes.h"

@@ -1,3 +1,4 @@
+// Tested in tests/unit/backend/callsTest.cpp.
 #include "backend/arguments.h"
 
 namespace velk::arguments {

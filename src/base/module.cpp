@@ -1,3 +1,4 @@
+// Tested in tests/system/unloadTest.cpp.
 #include "base/module.h"
 
 #include "base/error.h"

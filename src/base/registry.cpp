@@ -1,3 +1,4 @@
+// Tested in tests/unit/scc/discoveryTest.cpp.
 #include "base/registry.h"
 
 #include "base/boundary.h"

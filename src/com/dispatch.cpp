@@ -1,3 +1,4 @@
+// Tested in tests/system/published/lateBoundTest.cpp.
 #include "com/dispatch.h"
 
 #include "base/module.h"

@@ -1,4 +1,5 @@
 // The part of a hosted object that only answers questions: which interfaces, which extents, which state.
+// Tested in tests/forms/serverview/serverViewDocTest.cpp.
 
 #include "com/com_boundary.h"
 #include "com/dispatch.h"

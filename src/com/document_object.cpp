@@ -1,3 +1,4 @@
+// Tested in tests/forms/serverview/serverViewDocTest.cpp.
 #include "com/document_object.h"
 
 #include "com/com_boundary.h"

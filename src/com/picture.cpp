@@ -1,3 +1,4 @@
+// Tested in tests/unit/addin/commandBarEntryTest.cpp.
 #include "com/picture.h"
 
 #include "base/error.h"

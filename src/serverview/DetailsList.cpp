@@ -107,9 +107,9 @@ void DetailsList::showOrder()
 {
     for (int column = 0; column < m_view.columnCount(); ++column) {
         const bool isOrdered = m_order.column == static_cast<size_t>(column);
-        m_view.setSortMark(column, !isOrdered             ? list_view::SortMark::none
-                                   : m_order.isDescending ? list_view::SortMark::down
-                                                          : list_view::SortMark::up);
+        m_view.setSortMark(column, !isOrdered             ? ListView::SortMark::none
+                                   : m_order.isDescending ? ListView::SortMark::down
+                                                          : ListView::SortMark::up);
     }
 }
 

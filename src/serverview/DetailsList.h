@@ -18,7 +18,7 @@ class DetailsList {
 public:
     explicit DetailsList(HWND parent) : m_view(parent) {}
 
-    list_view& view() noexcept { return m_view; }
+    ListView& view() noexcept { return m_view; }
     const RowModel& rows() const noexcept { return m_rows; }
     void setFont(HFONT font);
 
@@ -98,7 +98,7 @@ private:
         RowOrder order;
     };
 
-    list_view m_view;
+    ListView m_view;
     RowModel m_rows;
     unique_font m_boldFont;
     std::map<int32_t, Looks> m_looks; // by folder kind

@@ -46,7 +46,7 @@ void ContextMenus::open(HWND owner, HWND pane, POINT place, bool isByKeyboard)
 
 void ContextMenus::serverTreeView_MouseUp(HWND owner, POINT place, bool isByKeyboard)
 {
-    tree_view& tree = *m_parts.serverTreeView;
+    TreeView& tree = *m_parts.serverTreeView;
     const TreeNode* hit = isByKeyboard ? tree.selected() : tree.nodeAt(inWindow(tree.hwnd(), place));
     if (!hit)
         return;
@@ -63,7 +63,7 @@ void ContextMenus::serverTreeView_MouseUp(HWND owner, POINT place, bool isByKeyb
 
 void ContextMenus::serverDetailsView_MouseUp(HWND owner, POINT place, bool isByKeyboard)
 {
-    list_view& list = m_parts.list();
+    ListView& list = m_parts.list();
     const int row = isByKeyboard ? list.focusedRow() : list.rowAt(inWindow(list.hwnd(), place));
     if (!m_parts.serverTreeView->selected() || row < 0)
         return;

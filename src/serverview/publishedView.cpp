@@ -1,3 +1,4 @@
+// Tested in tests/forms/serverview/svrViewCtlTest.cpp.
 #include "serverview/publishedView.h"
 
 #include "base/error.h"
@@ -22,7 +23,7 @@ PublishedView& publishedView()
     return view.get();
 }
 
-tree_view& publishedTree()
+TreeView& publishedTree()
 {
     return present(publishedView().serverTreeView);
 }

@@ -9,16 +9,16 @@ namespace velk {
 
 // The server view that viewAPIs works on. Published by the control's set-up, withdrawn by its end; empty in between.
 struct PublishedView {
-    tree_view* serverTreeView = nullptr;
+    TreeView* serverTreeView = nullptr;
     DetailsList* serverDetailsView = nullptr;
-    const image_list* ImageList1 = nullptr;
+    const ImageList* ImageList1 = nullptr;
     IntegrationMgr IMgr;
     Session life = Session::none(); // over with the control at the latest
 };
 PublishedView& publishedView();
 
 // Its parts; error 91 when no view is published.
-tree_view& publishedTree();
+TreeView& publishedTree();
 DetailsList& publishedList();
 // The number of a picture; error 35601 for a key that names none.
 int pictureOf(const wchar_t* key);

@@ -1,4 +1,5 @@
 // The order of the rows: by a column, or as the Backend gave them.
+// Tested in tests/unit/serverview/RowModelTest.cpp.
 
 #include "base/text.h"
 #include "serverview/RowModel.h"

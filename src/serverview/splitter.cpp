@@ -1,5 +1,7 @@
 #include "serverview/splitter.h"
 
+#include "base/unique_any.h"
+
 #include <algorithm>
 
 namespace velk {
@@ -11,10 +13,8 @@ constexpr int firstTreeWidth = 3600;
 
 int dotsPerInch() noexcept
 {
-    const HDC screen = GetDC(nullptr);
-    const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
-    ReleaseDC(nullptr, screen);
-    return dpi;
+    const unique_screen_dc screen(GetDC(nullptr));
+    return GetDeviceCaps(screen.get(), LOGPIXELSX);
 }
 
 int toTwips(int pixels) noexcept

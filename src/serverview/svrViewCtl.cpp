@@ -56,11 +56,11 @@ void svrViewCtl::setIMgr(IntegrationMgr manager)
 
 void svrViewCtl::UserControl_Initialize()
 {
-    m_parts.serverTreeView = std::make_unique<tree_view>(hwnd());
+    m_parts.serverTreeView = std::make_unique<TreeView>(hwnd());
     m_parts.serverDetailsView = std::make_unique<DetailsList>(hwnd());
     m_splitter = std::make_unique<Splitter>(hwnd(), m_parts.serverTreeView->hwnd(), m_parts.list().hwnd());
     m_parts.list().removeColumns();
-    ImageList1 = std::make_unique<image_list>(picturesResource, pictureSize, pictureMask, imageKeys());
+    ImageList1 = std::make_unique<ImageList>(picturesResource, pictureSize, pictureMask, imageKeys());
     m_parts.list().setImages(ImageList1->get());
     m_parts.serverTreeView->setImages(ImageList1->get());
 }

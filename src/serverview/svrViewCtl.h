@@ -30,7 +30,7 @@ public:
     // Whether the key was used.
     bool translateKey(const MSG& message);
 
-    tree_view& serverTreeView() noexcept { return *m_parts.serverTreeView; }
+    TreeView& serverTreeView() noexcept { return *m_parts.serverTreeView; }
     DetailsList& serverDetailsView() noexcept { return *m_parts.serverDetailsView; }
     HWND splitPane() const noexcept { return m_splitter->bar(); }
     PopupMenus& menus() noexcept { return m_contextMenus.menus(); }
@@ -53,7 +53,7 @@ private:
     LRESULT onTreeNotify(const NMHDR& header, LPARAM lParam);
     LRESULT onListNotify(const NMHDR& header, LPARAM lParam);
 
-    std::unique_ptr<image_list> ImageList1;
+    std::unique_ptr<ImageList> ImageList1;
     ViewParts m_parts;
     std::unique_ptr<Splitter> m_splitter;
     unique_font m_font;

@@ -1,3 +1,4 @@
+// Tested in tests/forms/ui/RZfrmAboutTest.cpp.
 #include "ui/captions.h"
 
 #include "backend/texts.h"

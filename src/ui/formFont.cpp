@@ -1,3 +1,4 @@
+// Tested in tests/forms/ui/RZfrmAboutTest.cpp.
 #include "ui/formFont.h"
 
 #include "ui/uiFont.h"

@@ -1,3 +1,4 @@
+// Tested in tests/forms/serverview/svrViewCtlTest.cpp.
 #include "window/control.h"
 
 #include "base/error.h"

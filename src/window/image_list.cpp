@@ -1,3 +1,4 @@
+// Tested in tests/forms/serverview/viewAPIsTest.cpp.
 #include "window/image_list.h"
 
 #include "base/error.h"
@@ -7,7 +8,7 @@
 
 namespace velk {
 
-image_list::image_list(int bitmapResource, int size, COLORREF mask, std::vector<std::wstring> keys)
+ImageList::ImageList(int bitmapResource, int size, COLORREF mask, std::vector<std::wstring> keys)
     : m_images(ImageList_Create(size, size, ILC_COLOR24 | ILC_MASK, static_cast<int>(keys.size()), 0)),
       m_keys(std::move(keys))
 {
@@ -18,7 +19,7 @@ image_list::image_list(int bitmapResource, int size, COLORREF mask, std::vector<
         throw Error(errorInvalidProperty);
 }
 
-int image_list::indexOf(std::wstring_view key) const
+int ImageList::indexOf(std::wstring_view key) const
 {
     const auto found = std::find(m_keys.begin(), m_keys.end(), key);
     if (found == m_keys.end())

@@ -9,11 +9,11 @@
 namespace velk {
 
 // Pictures of one size that are named by keys.
-class image_list {
+class ImageList {
 public:
     // The pictures stand side by side in a bitmap resource, in the order of the keys; the mask colour is transparent.
     // Size in pixels.
-    image_list(int bitmapResource, int size, COLORREF mask, std::vector<std::wstring> keys);
+    ImageList(int bitmapResource, int size, COLORREF mask, std::vector<std::wstring> keys);
 
     HIMAGELIST get() const noexcept { return m_images.get(); }
     // The picture's number; error 35601 for a key that names none.

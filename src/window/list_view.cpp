@@ -1,3 +1,4 @@
+// Tested in tests/forms/serverview/detailsListTest.cpp.
 #include "window/list_view.h"
 
 #include <algorithm>
@@ -47,7 +48,7 @@ unique_bitmap arrowPicture(bool isUp, int lineHeight)
 
 } // namespace
 
-list_view::list_view(HWND parent)
+ListView::ListView(HWND parent)
     : Control(WC_LISTVIEWW, parent,
               WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | LVS_SINGLESEL | LVS_SHAREIMAGELISTS,
               WS_EX_CLIENTEDGE)
@@ -57,14 +58,14 @@ list_view::list_view(HWND parent)
     measure(reinterpret_cast<HFONT>(send(WM_GETFONT)));
 }
 
-void list_view::measure(HFONT font) noexcept
+void ListView::measure(HFONT font) noexcept
 {
     const SIZE character = charactersOf(hwnd(), font);
     m_characterWidth = character.cx;
     m_characterHeight = character.cy;
 }
 
-void list_view::setFont(HFONT font) noexcept
+void ListView::setFont(HFONT font) noexcept
 {
     Control::setFont(font);
     measure(font);
@@ -74,13 +75,13 @@ void list_view::setFont(HFONT font) noexcept
     m_downArrow.reset();
 }
 
-void list_view::setImages(HIMAGELIST images) const noexcept
+void ListView::setImages(HIMAGELIST images) const noexcept
 {
     send(LVM_SETIMAGELIST, LVSIL_NORMAL, reinterpret_cast<LPARAM>(images));
     send(LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(images));
 }
 
-void list_view::setColumns(const std::vector<std::wstring>& headers)
+void ListView::setColumns(const std::vector<std::wstring>& headers)
 {
     removeColumns();
     for (const std::wstring& header : headers) {
@@ -98,29 +99,29 @@ void list_view::setColumns(const std::vector<std::wstring>& headers)
     SetWindowLongW(hwnd(), GWL_STYLE, m_columns == 0 ? style | LVS_NOCOLUMNHEADER : style & ~LVS_NOCOLUMNHEADER);
 }
 
-void list_view::removeColumns()
+void ListView::removeColumns()
 {
     while (m_columns > 0)
         send(LVM_DELETECOLUMN, static_cast<WPARAM>(--m_columns));
 }
 
-int list_view::columnWidth(int column) const noexcept
+int ListView::columnWidth(int column) const noexcept
 {
     return static_cast<int>(send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column)));
 }
 
-void list_view::setColumnWidth(int column, int pixels) const noexcept
+void ListView::setColumnWidth(int column, int pixels) const noexcept
 {
     send(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), MAKELPARAM(pixels, 0));
 }
 
-int list_view::widthOf(const std::wstring& text) const noexcept
+int ListView::widthOf(const std::wstring& text) const noexcept
 {
     return static_cast<int>(send(LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(text.c_str()))) +
            dialogUnits(cellPadding);
 }
 
-int list_view::widthOf(const std::wstring& text, HFONT font) const noexcept
+int ListView::widthOf(const std::wstring& text, HFONT font) const noexcept
 {
     const HDC dc = GetDC(hwnd());
     const HGDIOBJ before = SelectObject(dc, font);
@@ -131,7 +132,7 @@ int list_view::widthOf(const std::wstring& text, HFONT font) const noexcept
     return size.cx + dialogUnits(cellPadding);
 }
 
-int list_view::pictureWidth() const noexcept
+int ListView::pictureWidth() const noexcept
 {
     int width = 0;
     int height = 0;
@@ -139,12 +140,12 @@ int list_view::pictureWidth() const noexcept
     return width + dialogUnits(picturePadding);
 }
 
-int list_view::dialogUnits(int units) const noexcept
+int ListView::dialogUnits(int units) const noexcept
 {
     return MulDiv(units, m_characterWidth, unitsOfACharacter);
 }
 
-void list_view::setSortMark(int column, SortMark mark) noexcept
+void ListView::setSortMark(int column, SortMark mark) noexcept
 {
     const auto header = reinterpret_cast<HWND>(send(LVM_GETHEADER));
     HDITEMW item{};
@@ -163,37 +164,37 @@ void list_view::setSortMark(int column, SortMark mark) noexcept
     SendMessageW(header, HDM_SETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
 }
 
-void list_view::setRowCount(size_t rows) const noexcept
+void ListView::setRowCount(size_t rows) const noexcept
 {
     send(LVM_SETITEMCOUNT, rows, LVSICF_NOSCROLL);
 }
 
-void list_view::redrawRow(size_t row) const noexcept
+void ListView::redrawRow(size_t row) const noexcept
 {
     send(LVM_REDRAWITEMS, row, static_cast<LPARAM>(row));
 }
 
-void list_view::removeRow(size_t row) const noexcept
+void ListView::removeRow(size_t row) const noexcept
 {
     send(LVM_DELETEITEM, row);
 }
 
-int list_view::selectedRow() const noexcept
+int ListView::selectedRow() const noexcept
 {
     return static_cast<int>(send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), MAKELPARAM(LVNI_SELECTED, 0)));
 }
 
-int list_view::focusedRow() const noexcept
+int ListView::focusedRow() const noexcept
 {
     return static_cast<int>(send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), MAKELPARAM(LVNI_FOCUSED, 0)));
 }
 
-int list_view::topRow() const noexcept
+int ListView::topRow() const noexcept
 {
     return static_cast<int>(send(LVM_GETTOPINDEX));
 }
 
-void list_view::selectRow(int row) const noexcept
+void ListView::selectRow(int row) const noexcept
 {
     LVITEMW state{};
     state.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
@@ -203,7 +204,7 @@ void list_view::selectRow(int row) const noexcept
         send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&state));
 }
 
-void list_view::focusRow(int row) const noexcept
+void ListView::focusRow(int row) const noexcept
 {
     LVITEMW state{};
     state.stateMask = LVIS_FOCUSED;
@@ -211,19 +212,19 @@ void list_view::focusRow(int row) const noexcept
     send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&state));
 }
 
-void list_view::bringIntoView(int row) const noexcept
+void ListView::bringIntoView(int row) const noexcept
 {
     send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
 }
 
-int list_view::rowAt(POINT place) const noexcept
+int ListView::rowAt(POINT place) const noexcept
 {
     LVHITTESTINFO test{};
     test.pt = place;
     return static_cast<int>(send(LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&test)));
 }
 
-RECT list_view::placeOf(int row) const noexcept
+RECT ListView::placeOf(int row) const noexcept
 {
     RECT place{};
     place.left = LVIR_LABEL;
@@ -231,7 +232,7 @@ RECT list_view::placeOf(int row) const noexcept
     return place;
 }
 
-void list_view::scrollToTop(int row) const noexcept
+void ListView::scrollToTop(int row) const noexcept
 {
     RECT first{LVIR_BOUNDS, 0, 0, 0};
     if (send(LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&first)))

@@ -9,9 +9,9 @@
 namespace velk {
 
 // A list in report mode that keeps no texts: the owner answers what is asked for the rows on screen.
-class list_view : public Control {
+class ListView : public Control {
 public:
-    explicit list_view(HWND parent);
+    explicit ListView(HWND parent);
 
     void setImages(HIMAGELIST images) const noexcept;
     // Sort marks are of the font's size; those that are shown have to be set again.

@@ -1,3 +1,4 @@
+// Tested in tests/forms/serverview/viewAPIsTest.cpp.
 #include "window/tree_view.h"
 
 #include "base/error.h"
@@ -6,28 +7,28 @@
 
 namespace velk {
 
-tree_view::tree_view(HWND parent)
+TreeView::TreeView(HWND parent)
     : Control(WC_TREEVIEWW, parent, WS_TABSTOP | TVS_HASLINES | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_SHOWSELALWAYS,
               WS_EX_CLIENTEDGE)
 {
 }
 
-void tree_view::setImages(HIMAGELIST images) const noexcept
+void TreeView::setImages(HIMAGELIST images) const noexcept
 {
     send(TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(images));
 }
 
-void tree_view::addRoot(TreeNode node)
+void TreeView::addRoot(TreeNode node)
 {
     insert(TVI_ROOT, std::move(node));
 }
 
-void tree_view::add(const std::wstring& parentKey, TreeNode node)
+void TreeView::add(const std::wstring& parentKey, TreeNode node)
 {
     insert(entry(parentKey).item, std::move(node));
 }
 
-void tree_view::insert(HTREEITEM parent, TreeNode node)
+void TreeView::insert(HTREEITEM parent, TreeNode node)
 {
     if (has(node.key))
         throw Error(errorKeyNotUnique);
@@ -55,7 +56,7 @@ void tree_view::insert(HTREEITEM parent, TreeNode node)
         tellSelection();
 }
 
-void tree_view::remove(const std::wstring& key)
+void TreeView::remove(const std::wstring& key)
 {
     const HTREEITEM gone = entry(key).item;
     const HTREEITEM selection = related(TVGN_CARET, nullptr);
@@ -66,13 +67,13 @@ void tree_view::remove(const std::wstring& key)
         tellSelection();
 }
 
-void tree_view::clear()
+void TreeView::clear()
 {
     deleteItems(TVI_ROOT, nullptr);
     m_nodes.clear();
 }
 
-void tree_view::deleteItems(HTREEITEM items, HTREEITEM selection) noexcept
+void TreeView::deleteItems(HTREEITEM items, HTREEITEM selection) noexcept
 {
     m_isChanging = true;
     if (selection != related(TVGN_CARET, nullptr))
@@ -83,7 +84,7 @@ void tree_view::deleteItems(HTREEITEM items, HTREEITEM selection) noexcept
     m_isChanging = false;
 }
 
-void tree_view::tellSelection() const noexcept
+void TreeView::tellSelection() const noexcept
 {
     NMTREEVIEWW notification{};
     notification.hdr.hwndFrom = hwnd();
@@ -92,19 +93,19 @@ void tree_view::tellSelection() const noexcept
     SendMessageW(GetParent(hwnd()), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notification));
 }
 
-HTREEITEM tree_view::related(UINT relation, HTREEITEM item) const noexcept
+HTREEITEM TreeView::related(UINT relation, HTREEITEM item) const noexcept
 {
     return reinterpret_cast<HTREEITEM>(send(TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(item)));
 }
 
-bool tree_view::isWithin(HTREEITEM item, HTREEITEM branch) const noexcept
+bool TreeView::isWithin(HTREEITEM item, HTREEITEM branch) const noexcept
 {
     while (item && item != branch)
         item = related(TVGN_PARENT, item);
     return item != nullptr;
 }
 
-HTREEITEM tree_view::heirOf(HTREEITEM item) const noexcept
+HTREEITEM TreeView::heirOf(HTREEITEM item) const noexcept
 {
     for (const UINT relation : {UINT{TVGN_NEXT}, UINT{TVGN_PREVIOUS}, UINT{TVGN_PARENT}})
         if (const HTREEITEM heir = related(relation, item))
@@ -112,7 +113,7 @@ HTREEITEM tree_view::heirOf(HTREEITEM item) const noexcept
     return nullptr;
 }
 
-void tree_view::setText(const std::wstring& key, const std::wstring& text)
+void TreeView::setText(const std::wstring& key, const std::wstring& text)
 {
     Entry& changed = entry(key);
     changed.node.text = text;
@@ -123,7 +124,7 @@ void tree_view::setText(const std::wstring& key, const std::wstring& text)
     send(TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
 }
 
-void tree_view::setImage(const std::wstring& key, int image)
+void TreeView::setImage(const std::wstring& key, int image)
 {
     Entry& changed = entry(key);
     changed.node.image = image;
@@ -135,24 +136,24 @@ void tree_view::setImage(const std::wstring& key, int image)
     send(TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
 }
 
-void tree_view::expand(const std::wstring& key) const
+void TreeView::expand(const std::wstring& key) const
 {
     send(TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(entry(key).item));
 }
 
-void tree_view::select(const std::wstring& key) const
+void TreeView::select(const std::wstring& key) const
 {
     send(TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(entry(key).item));
 }
 
-const TreeNode* tree_view::selected() const noexcept
+const TreeNode* TreeView::selected() const noexcept
 {
     const HTREEITEM item = related(TVGN_CARET, nullptr);
     const Entry* found = item ? entryOf(item) : nullptr;
     return found ? &found->node : nullptr;
 }
 
-const TreeNode* tree_view::nodeAt(POINT place) const noexcept
+const TreeNode* TreeView::nodeAt(POINT place) const noexcept
 {
     TVHITTESTINFO test{};
     test.pt = place;
@@ -163,7 +164,7 @@ const TreeNode* tree_view::nodeAt(POINT place) const noexcept
     return found ? &found->node : nullptr;
 }
 
-RECT tree_view::placeOfSelected() const noexcept
+RECT TreeView::placeOfSelected() const noexcept
 {
     RECT place{};
     // The message takes the item where it leaves the rectangle.
@@ -174,20 +175,20 @@ RECT tree_view::placeOfSelected() const noexcept
     return place;
 }
 
-void tree_view::bringSelectedIntoView() const noexcept
+void TreeView::bringSelectedIntoView() const noexcept
 {
     if (const HTREEITEM item = related(TVGN_CARET, nullptr))
         send(TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
 }
 
-void tree_view::onDeleteItem(const NMTREEVIEWW& notification) noexcept
+void TreeView::onDeleteItem(const NMTREEVIEWW& notification) noexcept
 {
     const auto* gone = reinterpret_cast<const Entry*>(notification.itemOld.lParam);
     if (gone)
         m_nodes.erase(m_nodes.find(gone->node.key));
 }
 
-tree_view::Entry& tree_view::entry(const std::wstring& key) const
+TreeView::Entry& TreeView::entry(const std::wstring& key) const
 {
     const auto found = m_nodes.find(key);
     if (found == m_nodes.end())
@@ -195,7 +196,7 @@ tree_view::Entry& tree_view::entry(const std::wstring& key) const
     return *found->second;
 }
 
-const tree_view::Entry* tree_view::entryOf(HTREEITEM item) const noexcept
+const TreeView::Entry* TreeView::entryOf(HTREEITEM item) const noexcept
 {
     TVITEMW asked{};
     asked.mask = TVIF_PARAM;

@@ -18,9 +18,9 @@ struct TreeNode {
 
 // A tree whose nodes are found by key. A key that is taken is error 35602, one that is missing 35601. Adding, finding
 // and removing a node take time that does not depend on the number of nodes (removing: on those below it).
-class tree_view : public Control {
+class TreeView : public Control {
 public:
-    explicit tree_view(HWND parent);
+    explicit TreeView(HWND parent);
 
     void setImages(HIMAGELIST images) const noexcept;
     // Add a node as the last root, or as the last child of a node that is there. A system's tree may select its first

@@ -1,3 +1,4 @@
+// Tested in tests/forms/notify/notificationThreadFrmTest.cpp.
 #include "window/window.h"
 
 #include "base/boundary.h"

@@ -1,4 +1,5 @@
 // The DLL's four entry points, and its attachment to the host's process.
+// Tested in tests/system/unloadTest.cpp.
 
 #include "addin/classFactory.h"
 #include "addin/registration.h"

@@ -1,5 +1,6 @@
 // What the run-time libraries of the compiler import and Windows XP does not have. Defining the import's address here
 // keeps it out of the DLL's import table, without which the DLL would not load there.
+// Tested in scripts/check.
 
 #include "base/win32.h"
 

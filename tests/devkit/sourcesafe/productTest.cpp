@@ -38,8 +38,8 @@ protected:
     test::FakeBackend backend;
     test::FailureLog failures;
     DatabaseTable table;
-    test::ShownMessages shown;
-    std::vector<std::wstring>& messages = shown.lines;
+    test::ShownMessages shownMessages;
+    std::vector<std::wstring>& messages = shownMessages.lines;
 };
 
 TEST_F(ProductTest, registeredStandIn_countsAsInstalled)

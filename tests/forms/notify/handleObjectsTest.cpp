@@ -3,7 +3,7 @@
 #include "notify/notificationThreadFrm.h"
 #include "support/fakeManager.h"
 #include "support/shownControls.h"
-#include "ui/messageBox.h"
+#include "support/shownMessages.h"
 #include "ui/splashscrnFrm.h"
 
 namespace velk {
@@ -22,10 +22,6 @@ class ObjectsTest : public test::ViewFixture {
 protected:
     ObjectsTest()
     {
-        setMessagePresenter([this](const std::wstring& text, uint32_t, const std::wstring&) {
-            messages.push_back(text);
-            return IDOK;
-        });
         const IntegrationMgr shared(com_ptr<_IntegrationMgr>(manager.get()), session);
         view.setIMgr(shared);
         view.setupGUI();
@@ -41,7 +37,6 @@ protected:
     {
         pump->unload();
         unloadSplashScreen();
-        setMessagePresenter({});
     }
     void select(const std::wstring& key)
     {
@@ -77,7 +72,8 @@ protected:
     }
 
     Session session;
-    Lines messages;
+    test::ShownMessages shownMessages;
+    const Lines& messages = shownMessages.lines;
     Lines journal;
     com_ptr<test::FakeManager> manager = makeObject<test::FakeManager>(journal);
     std::shared_ptr<notificationThreadFrm> pump = notificationThreadFrm::load();
@@ -311,9 +307,22 @@ TEST_P(EnumerationTest, enumerationThatCannotBegin_isEndedAllTheSame)
     EXPECT_THAT(backend.calls[1], testing::HasSubstr("EnumEnd("));
 }
 
+TEST_P(EnumerationTest, contents_areEnumeratedByTheKindsOwnFunctions)
+{
+    const std::string kind = GetParam().fetch;
+    backend.folders[77] = {100};
+    select(GetParam().folder);
+    tell(contents, GetParam().objectKind - 1, 77);
+    EXPECT_EQ(backend.calls,
+              (Calls{kind + "EnumBegin(77)", kind + "EnumNext(1)", kind + "EnumNext(1)", kind + "EnumEnd(1)"}));
+    EXPECT_EQ(cell(0, 0), GetParam().name);
+}
+
 INSTANTIATE_TEST_SUITE_P(EveryKind, EnumerationTest,
-                         testing::Values(Kind{8, L"K20", "", L""}, Kind{10, L"K21", "", L""}, Kind{12, L"K22", "", L""},
-                                         Kind{14, L"K23", "", L""}, Kind{16, L"K24", "", L""}));
+                         testing::Values(Kind{8, L"K20", "RZProcedure", L"RAISE"},
+                                         Kind{10, L"K21", "RZFunction", L"AREA"},
+                                         Kind{12, L"K22", "RZTrigger", L"ON_SALE"},
+                                         Kind{14, L"K23", "RZTable", L"SALES"}, Kind{16, L"K24", "RZView", L"LATE"}));
 
 TEST_F(ObjectsTest, contentsThatCannotBeAskedFor_areToldToNobodyAndTheFolderLooksPlain)
 {

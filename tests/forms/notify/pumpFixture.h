@@ -3,7 +3,7 @@
 #include "notify/notificationThreadFrm.h"
 #include "support/fakeBackend.h"
 #include "support/fakeManager.h"
-#include "ui/messageBox.h"
+#include "support/shownMessages.h"
 #include "ui/splashscrnFrm.h"
 
 #include <gmock/gmock.h>
@@ -16,13 +16,6 @@ protected:
     PumpFixture()
     {
         backend.texts = {{646, L"Opening"}, {647, L"Done"}, {657, L"Add failed"}, {658, L"Remove failed"}};
-        setMessagePresenter([this](const std::wstring& text, uint32_t style, const std::wstring& title) {
-            messages.push_back(text + L"|" + title);
-            styles.push_back(style);
-            if (duringMessage)
-                duringMessage();
-            return answer;
-        });
         pump->setIMMgr(IntegrationMgr(com_ptr<_IntegrationMgr>(manager.get()), session));
     }
     ~PumpFixture() override
@@ -30,7 +23,6 @@ protected:
         if (pump)
             pump->unload();
         unloadSplashScreen();
-        setMessagePresenter({});
     }
 
     // What the add-in does to its pump at the end of a session.
@@ -44,11 +36,12 @@ protected:
 
     FakeBackend backend;
     Session session;
-    Lines messages;
-    std::vector<uint32_t> styles;
-    int32_t answer = IDOK;
+    ShownMessages shownMessages{ShownMessages::textAndTitle};
+    Lines& messages = shownMessages.lines;
+    std::vector<uint32_t>& styles = shownMessages.styles;
+    int& answer = shownMessages.answer;
     Lines journal;
-    std::function<void()> duringMessage;
+    std::function<void()>& duringMessage = shownMessages.duringMessage;
     com_ptr<FakeManager> manager = makeObject<FakeManager>(journal);
     std::shared_ptr<notificationThreadFrm> pump = notificationThreadFrm::load();
 };

@@ -31,8 +31,8 @@ protected:
 
     FakeBackend backend;
     FakeSourceSafe sourceSafe;
-    ShownMessages shown;
-    std::vector<std::wstring>& messages = shown.lines;
+    ShownMessages shownMessages;
+    std::vector<std::wstring>& messages = shownMessages.lines;
     frmVSSLogin form;
 };
 

@@ -2,8 +2,8 @@
 
 #include "model/conLstCtl.h"
 #include "support/fakeManager.h"
+#include "support/shownMessages.h"
 #include "ui/fileChooserForm.h"
-#include "ui/messageBox.h"
 #include "viewFixture.h"
 #include "window/menu.h"
 
@@ -14,10 +14,6 @@ class CommandsFixture : public ViewFixture {
 protected:
     CommandsFixture()
     {
-        setMessagePresenter([this](const std::wstring& text, uint32_t, const std::wstring& caption) {
-            messages.push_back(text + L"|" + caption);
-            return IDOK;
-        });
         setMenuPresenter([this](const std::vector<MenuLine>& lines, POINT place) {
             menu = lines;
             menuPlace = place;
@@ -40,7 +36,6 @@ protected:
     }
     ~CommandsFixture() override
     {
-        setMessagePresenter({});
         setMenuPresenter({});
         setFileDialogPresenter({});
         connectionDialog().terminate();
@@ -77,7 +72,8 @@ protected:
 
     Lines journal;
     com_ptr<FakeManager> manager = makeObject<FakeManager>(journal);
-    Lines messages;
+    ShownMessages shownMessages{ShownMessages::textAndTitle};
+    Lines& messages = shownMessages.lines;
     std::vector<MenuLine> menu;
     POINT menuPlace{}; // pixels of the screen
     int chosen = 0;

@@ -64,25 +64,25 @@ protected:
 TEST_F(DetailsListTest, unordered_isTheBackendsOrder)
 {
     EXPECT_THAT(names(), ElementsAre(L"delta", L"Alpha", L"charlie", L"bravo"));
-    EXPECT_EQ(test::sortMark(list().view(), 0), list_view::SortMark::none);
+    EXPECT_EQ(test::sortMark(list().view(), 0), ListView::SortMark::none);
 }
 
 TEST_F(DetailsListTest, headerClick_ordersAndAgainReverses)
 {
     clickHeader(0);
     EXPECT_THAT(names(), ElementsAre(L"Alpha", L"bravo", L"charlie", L"delta"));
-    EXPECT_EQ(test::sortMark(list().view(), 0), list_view::SortMark::up);
+    EXPECT_EQ(test::sortMark(list().view(), 0), ListView::SortMark::up);
     clickHeader(0);
     EXPECT_THAT(names(), ElementsAre(L"delta", L"charlie", L"bravo", L"Alpha"));
-    EXPECT_EQ(test::sortMark(list().view(), 0), list_view::SortMark::down);
+    EXPECT_EQ(test::sortMark(list().view(), 0), ListView::SortMark::down);
 }
 
 TEST_F(DetailsListTest, numbers_areOrderedAsNumbers)
 {
     clickHeader(1); // -191 to -194
     EXPECT_THAT(names(), ElementsAre(L"bravo", L"charlie", L"Alpha", L"delta"));
-    EXPECT_EQ(test::sortMark(list().view(), 0), list_view::SortMark::none);
-    EXPECT_EQ(test::sortMark(list().view(), 1), list_view::SortMark::up);
+    EXPECT_EQ(test::sortMark(list().view(), 0), ListView::SortMark::none);
+    EXPECT_EQ(test::sortMark(list().view(), 1), ListView::SortMark::up);
 }
 
 TEST_F(DetailsListTest, order_isKeptOverARefreshAndTheArrowTellsTheTruth)
@@ -90,16 +90,16 @@ TEST_F(DetailsListTest, order_isKeptOverARefreshAndTheArrowTellsTheTruth)
     clickHeader(0);
     refresh({L"zulu", L"echo", L"Alpha"});
     EXPECT_THAT(names(), ElementsAre(L"Alpha", L"echo", L"zulu"));
-    EXPECT_EQ(test::sortMark(list().view(), 0), list_view::SortMark::up);
+    EXPECT_EQ(test::sortMark(list().view(), 0), ListView::SortMark::up);
 }
 
 TEST_F(DetailsListTest, order_belongsToTheKindOfFolder)
 {
     clickHeader(0);
     tree().select(L"K23");
-    EXPECT_EQ(test::sortMark(list().view(), 0), list_view::SortMark::none);
+    EXPECT_EQ(test::sortMark(list().view(), 0), ListView::SortMark::none);
     tree().select(L"K24");
-    EXPECT_EQ(test::sortMark(list().view(), 0), list_view::SortMark::up);
+    EXPECT_EQ(test::sortMark(list().view(), 0), ListView::SortMark::up);
 }
 
 TEST_F(DetailsListTest, addedRow_goesWhereTheOrderWantsIt)

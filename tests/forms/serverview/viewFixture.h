@@ -33,7 +33,7 @@ protected:
         addFolderNode(L"K10", L"13", L"K23", L"Tables", L"False");
         addFolderNode(L"K10", L"15", L"K24", L"Views", L"False");
     }
-    tree_view& tree() { return view.serverTreeView(); }
+    TreeView& tree() { return view.serverTreeView(); }
     DetailsList& list() { return view.serverDetailsView(); }
     std::wstring imageOf(const std::wstring& key) { return publishedView().ImageList1->keyOf(tree().node(key).image); }
     std::wstring header(int column)

@@ -78,9 +78,9 @@ protected:
 
     FakeBackend backend;
     FakeIde ide;
-    ShownMessages shown{ShownMessages::whole};
-    std::vector<std::wstring>& messages = shown.lines;
-    std::function<void()>& duringMessage = shown.duringMessage;
+    ShownMessages shownMessages{ShownMessages::whole};
+    std::vector<std::wstring>& messages = shownMessages.lines;
+    std::function<void()>& duringMessage = shownMessages.duringMessage;
     com_ptr<Connect> connect;
 };
 

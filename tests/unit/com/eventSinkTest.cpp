@@ -1,5 +1,6 @@
 #include "com/event_sink.h"
 
+#include "base/module.h"
 #include "support/failureLog.h"
 #include "support/fakeEvents.h"
 
@@ -122,6 +123,17 @@ TEST_F(EventSinkTest, handlerThatDisconnects_isStillThereUntilItIsDone)
     events->click(control());
     EXPECT_EQ(holders, 2);
     EXPECT_EQ(token.use_count(), 1);
+}
+
+TEST_F(EventSinkTest, handlerThatDisconnects_runsInALockedModule)
+{
+    long during = 0;
+    connection.connect(source(), 1, [this, &during](const click_event&) {
+        connection.disconnect();
+        during = module::lockCount();
+    });
+    events->click(control());
+    EXPECT_EQ(during, module::lockCount() + 1); // the sink's own lock, until its event is over
 }
 
 TEST_F(EventSinkTest, eventAfterTheDisconnection_isNotHeardAlthoughTheSourceKeepsTheSink)

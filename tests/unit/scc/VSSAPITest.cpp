@@ -34,8 +34,8 @@ protected:
 
     test::FakeBackend backend;
     test::FakeSourceSafe sourceSafe;
-    test::ShownMessages shown{test::ShownMessages::textAndStyle};
-    const std::vector<std::wstring>& messages = shown.lines;
+    test::ShownMessages shownMessages{test::ShownMessages::textAndStyle};
+    const std::vector<std::wstring>& messages = shownMessages.lines;
 };
 
 TEST_F(VSSAPITest, withoutTheKey_sourceSafeIsAbsent)
@@ -159,7 +159,7 @@ TEST_F(VSSAPITest, messages_haveNoTitleOfTheirOwn)
     sourceSafe.database->failing(L"Open", Error(5, L"Invalid password", L"SourceSafe", E_FAIL));
     openSourceSafeDatabase(L"ann", L"wrong", L"Main", {{L"Main", L"C:\\vss"}});
     EXPECT_EQ(messages.size(), 2u);
-    EXPECT_THAT(shown.titles, testing::AllOf(Not(testing::IsEmpty()), testing::Each(applicationTitle)));
+    EXPECT_THAT(shownMessages.titles, testing::AllOf(Not(testing::IsEmpty()), testing::Each(applicationTitle)));
 }
 
 TEST_F(VSSAPITest, projectThatCannotBeHad_leavesTheCurrentOne)

@@ -198,7 +198,7 @@ TEST_F(LooksTest, arrowInAHeader_isMadeAnewForAnotherFont)
     useFontOf(8);
     const SIZE before = arrowSize(0);
     useFontOf(24);
-    EXPECT_EQ(test::sortMark(list().view(), 0), list_view::SortMark::up);
+    EXPECT_EQ(test::sortMark(list().view(), 0), ListView::SortMark::up);
     EXPECT_GT(arrowSize(1).cy, 2 * before.cy);
 }
 

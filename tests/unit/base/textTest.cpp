@@ -1,7 +1,7 @@
 #include "base/text.h"
 
-#include "base/error.h"
 #include "base/unique_any.h"
+#include "support/errorNumber.h"
 
 #include <clocale>
 #include <gtest/gtest.h>
@@ -9,16 +9,7 @@
 namespace velk {
 namespace {
 
-template <class Call>
-int32_t errorNumberOf(Call call)
-{
-    try {
-        call();
-    } catch (const Error& error) {
-        return error.number();
-    }
-    return 0;
-}
+using test::errorNumberOf;
 
 TEST(leadingNumber, digitsThenWords_readsTheDigits)
 {

@@ -1,23 +1,14 @@
 #include "com/string_arrays.h"
 
-#include "base/error.h"
 #include "com/bstr.h"
+#include "support/errorNumber.h"
 
-#include <functional>
 #include <gmock/gmock.h>
 
 namespace velk {
 namespace {
 
-int32_t errorNumberOf(const std::function<void()>& call)
-{
-    try {
-        call();
-    } catch (const Error& error) {
-        return error.number();
-    }
-    return 0;
-}
+using test::errorNumberOf;
 
 TEST(textsOf, array_isReadFromItsOwnLowerBound)
 {

@@ -1,23 +1,14 @@
 #include "model/IntegrationMgr.h"
 
-#include "base/error.h"
+#include "support/errorNumber.h"
 #include "support/fakeManager.h"
 
-#include <functional>
 #include <gmock/gmock.h>
 
 namespace velk {
 namespace {
 
-int32_t errorNumberOf(const std::function<void()>& call)
-{
-    try {
-        call();
-    } catch (const Error& error) {
-        return error.number();
-    }
-    return 0;
-}
+using test::errorNumberOf;
 
 TEST(IntegrationMgr, missingManager_isError91)
 {

@@ -28,7 +28,7 @@ struct RecordLayout {
 inline constexpr size_t largestWireRecord = 64;
 inline constexpr size_t mostTextsInRecord = 12;
 
-// The layout of each of the fourteen records.
+// The layout of each record.
 template <class Record>
 const RecordLayout& layoutOf() noexcept;
 

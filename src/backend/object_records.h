@@ -13,7 +13,7 @@ struct trzProject {
     std::wstring strPath{};
 };
 
-// A database connection with the handles of its five object folders.
+// A database connection with the handles of its object folders.
 struct trzConnection {
     int32_t lHdl = 0;
     bool bConnected = false;

@@ -15,24 +15,15 @@ enum class PopupMenu {
     devObjScmMnuItem, // the submenu of devObjMnu
     count
 };
+// clang-format on
 
+// In the order of the table, so that an item's number is the place of its row.
 enum class MenuItem {
-    projOpenMnuItem, projSaveMnuItem, projSaveAsMnuItem, scmPropsMnuItem, projSep, addConMnuItem, projPropsMnuItem,
-    devObjFolderNewMnuItem, devObjFolderImportMnuItem, devObjFolderPasteMnuItem, devObjFolderRefreshMnuItem,
-    devObjFolderFilterMnuItem,
-    dbObjFolderRefreshMnuItem, dbObjFolderFilterMnuItem,
-    conConnectMnuItem, conDisconnectmnuItem, conRemoveMnuItem, conPropsMnuItem, dbConSep, adoConCodeMnuItem,
-    adoConObjMnuItem,
-    devObjViewSrcMnuItem, devObjEditSrcMnuItem, devObjSep2, devObjBuildMnuItem, devObjBuildWDebugMnuItem,
-    devObjRunMnuItem, devObjRunWDebugMnuItem, devObjRunSetMnuItem, devObjRmMnuItem, devObjDropMnuItem,
-    devObjCopyMnuItem, devObjPropsMnuItem, devObjSep1, devObjScmMnuItem, devObjSep, addCmdCodeMnuItem,
-    addCmdObjMnuItem,
-    dbTblPropsMnuItem, dbTblSmplContMnuItem,
-    trigObjPropsMnuItem,
-    devObjAddFileMnuItem, devObjChkOutMnuItem, devObjChkInMnuItem,
+#define MENU_ROW(item, ...) item,
+#include "serverview/menuRows.inc"
+#undef MENU_ROW
     count
 };
-// clang-format on
 
 inline constexpr int32_t noText = 0; // keeps the caption of its row
 inline constexpr int32_t noCode = 0; // its command reads none, or it is a separator

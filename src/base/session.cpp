@@ -5,6 +5,15 @@
 
 namespace velk {
 
+Session::Session() : m_life(std::make_shared<Life>())
+{
+}
+
+// Not in the header: each place that copies one would have the counting of references written out.
+Session::Session(const Session& other) noexcept = default;
+Session& Session::operator=(const Session& other) noexcept = default;
+Session::~Session() = default;
+
 Session Session::none() noexcept
 {
     static never_destroyed<std::shared_ptr<Life>> endless(std::make_shared<Life>());

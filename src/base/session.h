@@ -12,9 +12,10 @@ enum class SessionState { loaded, starting, running, ending, ended };
 // one looks at it after each such call, before it goes on.
 class Session {
 public:
-    Session() : m_life(std::make_shared<Life>()) {}
-    Session(const Session&) = default; // and so for moves: none may be left without a life
-    Session& operator=(const Session&) = default;
+    Session();
+    Session(const Session& other) noexcept; // and so for moves: none may be left without a life
+    Session& operator=(const Session& other) noexcept;
+    ~Session();
 
     // One that never ends, for what belongs to none. Unlike a new session it takes no memory.
     static Session none() noexcept;

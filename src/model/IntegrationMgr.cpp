@@ -7,6 +7,11 @@
 
 namespace velk {
 
+// Not in the header, for the size of all the places that copy one.
+IntegrationMgr::IntegrationMgr(const IntegrationMgr& other) noexcept = default;
+IntegrationMgr& IntegrationMgr::operator=(const IntegrationMgr& other) noexcept = default;
+IntegrationMgr::~IntegrationMgr() = default;
+
 _IntegrationMgr& IntegrationMgr::manager() const
 {
     if (!m_object)

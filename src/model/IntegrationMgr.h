@@ -23,6 +23,9 @@ public:
         : m_object(std::move(object)), m_session(std::move(session))
     {
     }
+    IntegrationMgr(const IntegrationMgr& other) noexcept;
+    IntegrationMgr& operator=(const IntegrationMgr& other) noexcept;
+    ~IntegrationMgr();
     explicit operator bool() const noexcept { return static_cast<bool>(m_object); }
     const com_ptr<_IntegrationMgr>& object() const noexcept { return m_object; }
     // The session that the manager was given for: each of the requests below may end it.

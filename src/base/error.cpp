@@ -106,6 +106,13 @@ Error::Error(int32_t number, std::wstring description, std::wstring source, HRES
 {
 }
 
+// Not in the header: every place that can fail would have them written out.
+Error::Error(const Error&) = default;
+Error::Error(Error&&) noexcept = default;
+Error& Error::operator=(const Error&) = default;
+Error& Error::operator=(Error&&) noexcept = default;
+Error::~Error() = default;
+
 Error Error::fromResult(HRESULT result)
 {
     const int32_t number = numberOf(result);

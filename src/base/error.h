@@ -43,6 +43,12 @@ public:
     explicit Error(int32_t number, std::wstring_view detail = {});
     Error(int32_t number, std::wstring description, std::wstring source, HRESULT result);
 
+    Error(const Error&);
+    Error(Error&&) noexcept;
+    Error& operator=(const Error&);
+    Error& operator=(Error&&) noexcept;
+    ~Error() override;
+
     // An HRESULT without further word: well-known ones become the classic errors, others keep the HRESULT as number.
     static Error fromResult(HRESULT result);
     // The last Win32 error of the calling thread, with the system's text.

@@ -52,6 +52,8 @@ void onObjectsFile(const Choice& choice, void (*operation)(const std::wstring& p
 
 } // namespace
 
+Choice::~Choice() = default;
+
 void doMenuCommand(const Choice& choice)
 {
     RZObjectDoAction(handleOf(choice), choice.code);

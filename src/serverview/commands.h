@@ -24,6 +24,8 @@ struct Choice {
     std::wstring caption;
     std::wstring viewSourceCaption; // what is to be done first with an object that has no file
     std::optional<Object> object;   // empty when nothing is selected
+
+    ~Choice();
 };
 
 // What an item of the menus does. A failure is thrown.

@@ -88,16 +88,18 @@ void ContextMenus::popUp(PopupMenu menu, HWND owner, POINT place)
 {
     // The tool goes on while the menu is open: the view may be gone when the user has chosen.
     const Session life = m_parts.life;
-    const auto target = [&] {
-        const TreeNode* node = m_parts.serverTreeView->selected();
-        const Row* row = actsOnTheTree(menu) ? nullptr : m_parts.serverDetailsView->selected();
-        return std::pair(node ? node->key : std::wstring(), row ? row->key : std::wstring());
-    };
-    const auto before = target();
+    const Target before = targetOf(menu);
     const std::optional<MenuItem> chosen = m_menus.show(menu, owner, place);
     // What was removed meanwhile leaves the selection to another object, which nobody chose anything for.
-    if (chosen && !life.isOver() && target() == before)
+    if (chosen && !life.isOver() && targetOf(menu) == before)
         clickMenuItem(*chosen);
+}
+
+ContextMenus::Target ContextMenus::targetOf(PopupMenu menu) const
+{
+    const TreeNode* node = m_parts.serverTreeView->selected();
+    const Row* row = actsOnTheTree(menu) ? nullptr : m_parts.serverDetailsView->selected();
+    return {node ? node->key : std::wstring(), row ? row->key : std::wstring()};
 }
 
 void ContextMenus::clickMenuItem(MenuItem item) noexcept

@@ -5,6 +5,8 @@
 #include "serverview/viewParts.h"
 
 #include <optional>
+#include <string>
+#include <utility>
 
 namespace velk {
 
@@ -27,6 +29,8 @@ private:
     void serverTreeView_MouseUp(HWND owner, POINT place, bool isByKeyboard);
     void serverDetailsView_MouseUp(HWND owner, POINT place, bool isByKeyboard);
     void popUp(PopupMenu menu, HWND owner, POINT place);
+    using Target = std::pair<std::wstring, std::wstring>; // the keys of the selected node and, for its menus, row
+    Target targetOf(PopupMenu menu) const;
     Choice choiceOf(const MenuRow& row) const;
     std::optional<Choice::Object> objectOf(PopupMenu menu) const;
 

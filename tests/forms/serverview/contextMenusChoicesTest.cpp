@@ -132,6 +132,13 @@ TEST_F(MenuChoicesTest, rightClickOnEmptyListSpace_showsNoMenu)
     EXPECT_TRUE(menu.empty());
 }
 
+TEST_F(MenuChoicesTest, rightClickOnEmptyListSpace_keepsTheSelectedRow)
+{
+    showProcedure();
+    rightClick(list().view().hwnd(), {50, 300});
+    EXPECT_EQ(list().view().selectedRow(), 0);
+}
+
 TEST_F(MenuChoicesTest, rightClickOnARow_showsTheMenuOfItsFolder)
 {
     showProcedure();

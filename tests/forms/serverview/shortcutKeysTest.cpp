@@ -61,6 +61,15 @@ TEST_F(KeysTest, deleteOnAConnection_removesIt)
     EXPECT_EQ(backend.calls, Calls{"RZObjectDoAction(10, 21)"});
 }
 
+TEST_F(KeysTest, deleteOnAFolder_isLeftToTheIde)
+{
+    tree().select(L"K20");
+    SetFocus(tree().hwnd());
+    backend.calls.clear();
+    EXPECT_FALSE(press(VK_DELETE));
+    EXPECT_EQ(backend.calls, Calls{});
+}
+
 TEST_F(KeysTest, deleteOnATable_isLeftToTheIde)
 {
     tree().select(L"K23");

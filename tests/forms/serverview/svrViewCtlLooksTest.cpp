@@ -202,5 +202,19 @@ TEST_F(LooksTest, arrowInAHeader_isMadeAnewForAnotherFont)
     EXPECT_GT(arrowSize(1).cy, 2 * before.cy);
 }
 
+TEST_F(LooksTest, pictureOfTheSelectedConnection_changesWithItsState)
+{
+    addProject();
+    tree().select(L"K10");
+    trzConnection changed = connection;
+    changed.bConnected = !connection.bConnected;
+    updateConnectionNode(changed);
+    TVITEMW item{};
+    item.mask = TVIF_IMAGE | TVIF_SELECTEDIMAGE;
+    item.hItem = reinterpret_cast<HTREEITEM>(tree().send(TVM_GETNEXTITEM, TVGN_CARET));
+    tree().send(TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+    EXPECT_EQ(item.iSelectedImage, item.iImage);
+}
+
 } // namespace
 } // namespace velk

@@ -108,6 +108,14 @@ TEST_F(RZfrmAboutTest, escape_closesIt)
     EXPECT_FALSE(form.isLoaded());
 }
 
+// What the system makes of Enter where it finds no default button.
+TEST_F(RZfrmAboutTest, okCommand_closesIt)
+{
+    form.Form_Load();
+    showWith(form.hwnd(), WM_COMMAND, IDOK);
+    EXPECT_FALSE(form.isLoaded());
+}
+
 TEST_F(RZfrmAboutTest, enter_closesIt)
 {
     form.Form_Load();

@@ -63,6 +63,19 @@ TEST_F(MessageBoxTest, dialogOverAnother_theBoxBelongsToTheUpperThenToTheLower)
     EXPECT_TRUE(wasRun);
 }
 
+TEST_F(MessageBoxTest, paletteThatIsActiveOverADialog_ownsNoBox)
+{
+    first.showAndRun([&] {
+        const unique_window palette(CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 50, 50,
+                                                    mainWindow.get(), nullptr, nullptr, nullptr));
+        SetActiveWindow(palette.get());
+        EXPECT_EQ(GetLastActivePopup(mainWindow.get()), palette.get());
+        EXPECT_EQ(boxOwner(), first.hwnd());
+        wasRun = true;
+    });
+    EXPECT_TRUE(wasRun);
+}
+
 TEST_F(MessageBoxTest, systemsBoxOverADialog_blocksTheDialogWhileItIsOpen)
 {
     static HWND owner;

@@ -45,7 +45,7 @@ function(velk_tests name)
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE velk_test_support ${ARGN})
   add_test(NAME ${name} COMMAND ${CMAKE_SOURCE_DIR}/scripts/wine-test $<TARGET_FILE:${name}>)
-  set_tests_properties(${name} PROPERTIES TIMEOUT 600)
+  set_tests_properties(${name} PROPERTIES TIMEOUT 600 RESOURCE_LOCK ${name})
 endfunction()
 
 # velk_tests_again(<name> <locale>=<code page>...): the same program once more in processes of other ANSI code pages.
@@ -56,7 +56,8 @@ function(velk_tests_again name)
     list(GET place 0 locale)
     list(GET place 1 code_page)
     add_test(NAME ${name}_${code_page} COMMAND ${CMAKE_SOURCE_DIR}/scripts/wine-test $<TARGET_FILE:${name}>)
-    set_tests_properties(${name}_${code_page} PROPERTIES TIMEOUT 600 ENVIRONMENT
+    # Both write in the same folder.
+    set_tests_properties(${name}_${code_page} PROPERTIES TIMEOUT 600 RESOURCE_LOCK ${name} ENVIRONMENT
       "VELK_LOCALE=${locale}.UTF-8;VELK_EXPECTED_CODE_PAGE=${code_page}")
   endforeach()
 endfunction()

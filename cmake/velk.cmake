@@ -6,11 +6,16 @@ set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_POSITION_INDEPENDENT_CODE OFF)
 
+set(velk_without_threads)
+if(CMAKE_CXX_COMPILER_VERSION VERSION_GREATER_EQUAL 13)
+  set(velk_without_threads "$<$<COMPILE_LANGUAGE:CXX>:SHELL:-include ${CMAKE_SOURCE_DIR}/cmake/withoutThreads.h>")
+endif()
+
 add_library(velk_settings INTERFACE)
 target_compile_definitions(velk_settings INTERFACE
   UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX STRICT
   WINVER=0x0501 _WIN32_WINNT=0x0501 _WIN32_IE=0x0600)
-target_compile_options(velk_settings INTERFACE
+target_compile_options(velk_settings INTERFACE ${velk_without_threads}
   $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra -Wconversion -Wsign-conversion -Wshadow
     -Woverloaded-virtual -Werror -fvisibility=hidden>
   # 32-bit Windows enters exports, COM methods, window procedures and timers with a stack aligned to 4 bytes only.

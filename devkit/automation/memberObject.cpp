@@ -1,6 +1,7 @@
 #include "devkit/automation/memberObject.h"
 
 #include "com/com_boundary.h"
+#include "devkit/automation/faults.h"
 
 #include <cwchar>
 #include <sstream>
@@ -106,6 +107,8 @@ HRESULT MemberObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, D
     return atBoundary(L"GetIDsOfNames", [&] {
         for (UINT index = 0; index < count; ++index)
             ids[index] = DISPID_UNKNOWN;
+        if (const auto fault = faultOf(callName(names[0]) + L"?"))
+            return *fault;
         for (size_t index = 0; index < memberCount(); ++index) {
             const MemberName member = memberName(index);
             if (_wcsicmp(member.name, names[0]) != 0 || !knows(member.name))
@@ -134,6 +137,8 @@ HRESULT MemberObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* pa
     try {
         const size_t index = indexOf(id);
         const bool assigns = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
+        if (const auto fault = faultOf(callName(memberName(index).name) + (assigns ? L"=" : L"")))
+            return failAs(*fault, assigns ? nullptr : result, exception);
         const variant answer = use(index, assigns, inReadingOrder(*parameters));
         if (result && !assigns)
             throwIfFailed(VariantCopy(result, const_cast<VARIANT*>(&answer.get())));
@@ -162,6 +167,17 @@ HRESULT MemberObject::raise(const Error& error, EXCEPINFO* exception) const
     exception->bstrDescription = bstr(error.description()).detach();
     exception->bstrSource = bstr(errorSource()).detach();
     return DISP_E_EXCEPTION;
+}
+
+HRESULT MemberObject::failAs(HRESULT fault, VARIANT* result, EXCEPINFO* exception) const
+{
+    if (fault == DISP_E_EXCEPTION)
+        return raise(Error(errorUnsupportedAction, L"the call was told to fail"), exception);
+    if (SUCCEEDED(fault) && result) {
+        result->vt = VT_DISPATCH;
+        result->pdispVal = nullptr;
+    }
+    return fault;
 }
 
 namespace {

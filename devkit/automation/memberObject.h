@@ -91,6 +91,8 @@ protected:
 
     // The source that its errors name.
     virtual const wchar_t* errorSource() const = 0;
+    // How a call of the member is named to those who may let it fail.
+    virtual std::wstring callName(const std::wstring& member) const { return errorSource() + (L"." + member); }
     // Whether this very object has the member.
     virtual bool knows(const wchar_t*) const { return true; }
     // A name was asked for that the object does not know.
@@ -104,6 +106,7 @@ private:
     size_t indexOf(DISPID id) const;
     DISPID idOf(size_t index) const;
     HRESULT raise(const Error& error, EXCEPINFO* exception) const;
+    HRESULT failAs(HRESULT fault, VARIANT* result, EXCEPINFO* exception) const;
 };
 
 // Joins a class with its table of members: `static std::span<const Member<Class>> members()`.

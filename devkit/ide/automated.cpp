@@ -61,7 +61,7 @@ void* AutomationObject::extraInterface(REFIID iid) noexcept
 
 bool AutomationObject::knows(const wchar_t* member) const
 {
-    return offers(member) && !recorder().isMissing(qualified(member));
+    return offers(member) && !recorder().isMissing(callName(member));
 }
 
 void AutomationObject::onUnknownName(const wchar_t* name)
@@ -72,12 +72,12 @@ void AutomationObject::onUnknownName(const wchar_t* name)
 variant AutomationObject::use(size_t index, bool assigns, const CallArguments& arguments)
 {
     const wchar_t* member = memberName(index).name;
-    const CallScope inside(qualified(member) + (assigns ? L"=" : L""));
+    const CallScope inside(callName(member) + (assigns ? L"=" : L""));
     const std::wstring use = label() + L"." + member;
     const std::wstring said = describe(arguments);
     const std::wstring line = assigns ? use + L" = " + said : said.empty() ? use : use + L"(" + said + L")";
     try {
-        if (recorder().isFailing(qualified(member)))
+        if (recorder().isFailing(callName(member)))
             throw Error(errorUnsupportedAction, std::wstring(member) + L" was told to fail");
         if (assigns) {
             recorder().write(line);

@@ -30,7 +30,7 @@ private:
     void onUnknownName(const wchar_t* name) override;
     variant use(size_t index, bool assigns, const CallArguments& arguments) override;
     void* extraInterface(REFIID iid) noexcept override;
-    std::wstring qualified(const wchar_t* member) const { return std::wstring(m_className) + L"." + member; }
+    std::wstring callName(const std::wstring& member) const override { return m_className + (L"." + member); }
 
     const wchar_t* m_className;
 };

@@ -2,6 +2,7 @@
 
 #include "com/com_boundary.h"
 
+#include "devkit/automation/faults.h"
 #include "devkit/ide/recorder.h"
 #include "devkit/ide/reentry.h"
 
@@ -52,6 +53,8 @@ void ClickSource::raise()
 HRESULT ClickSource::Container::FindConnectionPoint(REFIID iid, IConnectionPoint** point) noexcept
 {
     *point = nullptr;
+    if (const auto fault = faultOf(L"CommandBarEvents.FindConnectionPoint"))
+        return *fault;
     if (iid != clickEvents)
         return CONNECT_E_NOCONNECTION;
     *point = &owner.m_point;
@@ -70,6 +73,8 @@ HRESULT ClickSource::Point::QueryInterface(REFIID iid, void** out) noexcept
 
 HRESULT ClickSource::Point::GetConnectionInterface(IID* iid) noexcept
 {
+    if (const auto fault = faultOf(L"CommandBarEvents.GetConnectionInterface"))
+        return *fault;
     *iid = clickEvents;
     return S_OK;
 }
@@ -86,6 +91,8 @@ HRESULT ClickSource::Point::Advise(IUnknown* sink, DWORD* cookie) noexcept
     return atBoundary(L"Advise", [&] {
         const com_ptr<AutomationObject> untilDone(&owner);
         const CallScope inside(L"CommandBarEvents.Advise");
+        if (const auto fault = faultOf(L"CommandBarEvents.Advise"))
+            return *fault;
         const auto dispatch = com_ptr<IUnknown>(sink).tryAs<IDispatch>(clickEvents);
         if (!dispatch)
             return CONNECT_E_CANNOTCONNECT;
@@ -101,6 +108,8 @@ HRESULT ClickSource::Point::Unadvise(DWORD cookie) noexcept
     return atBoundary(L"Unadvise", [&] {
         const com_ptr<AutomationObject> untilDone(&owner);
         const CallScope inside(L"CommandBarEvents.Unadvise");
+        if (const auto fault = faultOf(L"CommandBarEvents.Unadvise"))
+            return *fault;
         if (!owner.m_sinks.erase(cookie))
             return CONNECT_E_NOCONNECTION;
         recorder().write(owner.m_control->label() + L" click disconnected");

@@ -3,6 +3,7 @@
 #include "devkit/sourcesafe/registration.h"
 
 #include "com/com_boundary.h"
+#include "devkit/automation/faults.h"
 #include "devkit/sourcesafe/VSSDatabase.h"
 
 using namespace velk;
@@ -18,6 +19,8 @@ public:
         *out = nullptr;
         if (outer)
             return CLASS_E_NOAGGREGATION;
+        if (const auto fault = devkit::faultOf(L"SourceSafe.CreateInstance"))
+            return *fault;
         return atBoundary(L"CreateInstance",
                           [&] { return makeObject<devkit::vss::VSSDatabase>()->QueryInterface(iid, out); });
     }
@@ -63,4 +66,10 @@ STDAPI DllRegisterServer() noexcept
 STDAPI DllUnregisterServer() noexcept
 {
     return FAILED(atBoundary(L"DllUnregisterServer", [] { devkit::vss::unregisterServer(); })) ? SELFREG_E_CLASS : S_OK;
+}
+
+// For tests: a function of the host's that lets calls fail; null for none.
+extern "C" void WINAPI StandinSetFaultHook(devkit::FaultHook hook) noexcept
+{
+    devkit::setFaultHook(hook);
 }

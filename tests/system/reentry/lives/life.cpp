@@ -3,6 +3,7 @@
 #include "devkit/ide/probe.h"
 #include "devkit/ide/reentry.h"
 #include "devkit/ide/script.h"
+#include "timeLimit.h"
 #include "watch.h"
 
 #include <commctrl.h>
@@ -18,7 +19,7 @@ constexpr DWORD patience = 5000;        // milliseconds
 Life* living = nullptr;
 
 // Every call but the polls: when these stand still nothing goes on any more.
-int work()
+int callsMade()
 {
     int calls = 0;
     for (const auto& [call, count] : reentry().counts())
@@ -68,6 +69,28 @@ std::wstring captionOf(HMENU menu, int place)
     return withoutMarks(text);
 }
 
+struct MenuItem {
+    int place = 0;
+    size_t steps = 0; // down from the menu's edge; 0 when there is no such item
+};
+
+MenuItem itemOf(HMENU menu, const std::wstring& caption)
+{
+    MenuItem item;
+    for (; item.place < GetMenuItemCount(menu); ++item.place) {
+        item.steps += isSeparator(menu, item.place) ? 0u : 1u;
+        if (captionOf(menu, item.place) == caption)
+            return item;
+    }
+    return {};
+}
+
+void press(HWND dialog, HWND button)
+{
+    const auto id = static_cast<WORD>(GetDlgCtrlID(button));
+    PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), reinterpret_cast<LPARAM>(button));
+}
+
 } // namespace
 
 Life::Life(std::wstring solution) : m_solution(std::move(solution))
@@ -86,6 +109,7 @@ Life::~Life()
 void CALLBACK Life::answerOpen(HWND, UINT, UINT_PTR, DWORD) noexcept
 {
     swallow(L"life", L"the next tick tries again", [] {
+        beat();
         if (living)
             living->answer();
     });
@@ -94,10 +118,12 @@ void CALLBACK Life::answerOpen(HWND, UINT, UINT_PTR, DWORD) noexcept
 void Life::answer()
 {
     const HWND box = probe::dialog();
-    if (box && box != m_answered)
+    if (box && probe::field(box, 1))
+        logIn(box);
+    else if (box && box != m_answered)
         answerBox(box);
     if (!box)
-        m_answered = nullptr;
+        m_answered = m_form = nullptr;
     const HWND menuWindow = probe::topWindow(L"#32768");
     const HMENU menu = menuWindow ? reinterpret_cast<HMENU>(SendMessageW(menuWindow, getMenuMessage, 0, 0)) : nullptr;
     if (menu && menu != m_chosenIn)
@@ -116,25 +142,45 @@ void Life::answerBox(HWND box)
         m_problems.push_back(L"a box after the end: " + text);
     for (const int id : {IDNO, IDOK, IDCANCEL, IDYES})
         if (const HWND button = GetDlgItem(box, id)) {
-            PostMessageW(box, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), reinterpret_cast<LPARAM>(button));
+            press(box, button);
             return;
         }
 }
 
+// Once with each tick: names and the login first, OK as soon as it may be, and the way out when it may not for long.
+void Life::logIn(HWND form)
+{
+    constexpr int mostLooks = 20;
+    if (std::exchange(m_form, form) != form) {
+        m_looksAtForm = 0;
+        SetWindowTextW(probe::field(form, 1), L"ann");
+        SetWindowTextW(probe::field(form, 2), L"secret");
+        press(form, probe::dialogButton(form, L"Login"));
+    } else if (const HWND ok = GetDlgItem(form, IDOK); IsWindowEnabled(ok)) {
+        press(form, ok);
+    } else if (++m_looksAtForm > mostLooks) {
+        press(form, GetDlgItem(form, IDCANCEL));
+    }
+}
+
 void Life::chooseItem(HMENU menu)
 {
-    const HWND owner = GetCapture();
-    int keys = 0;
-    for (int place = 0; place < GetMenuItemCount(menu); ++place) {
-        keys += isSeparator(menu, place) ? 0 : 1;
-        if (captionOf(menu, place) != m_item)
-            continue;
-        for (; keys > 0; --keys)
-            PostMessageW(owner, WM_KEYDOWN, VK_DOWN, 0);
-        PostMessageW(owner, WM_KEYDOWN, VK_RETURN, 0);
-        return;
+    std::vector<WPARAM> keys;
+    for (const std::wstring& caption : split(m_item, L'/')) {
+        const MenuItem item = itemOf(menu, caption);
+        if (item.steps == 0) {
+            EndMenu();
+            return;
+        }
+        // A menu below another opens with its first item highlighted.
+        if (!keys.empty())
+            keys.push_back(VK_RIGHT);
+        keys.insert(keys.end(), keys.empty() ? item.steps : item.steps - 1, VK_DOWN);
+        menu = GetSubMenu(menu, item.place);
     }
-    EndMenu();
+    keys.push_back(VK_RETURN);
+    for (const WPARAM key : keys)
+        PostMessageW(GetCapture(), WM_KEYDOWN, key, 0);
 }
 
 void Life::see(const std::wstring& fact)
@@ -147,11 +193,12 @@ void Life::settle()
 {
     const DWORD start = GetTickCount();
     for (int quiet = 0; quiet < 2 && GetTickCount() - start < patience;) {
-        const int before = work();
+        const int before = callsMade();
+        beat();
         tick();
         workOffMessages();
         const bool isWorking = backendIsWorking();
-        quiet = work() == before && !isWorking ? quiet + 1 : 0;
+        quiet = callsMade() == before && !isWorking ? quiet + 1 : 0;
         if (isWorking)
             Sleep(1);
     }
@@ -227,18 +274,46 @@ void Life::chooseOfNode(const wchar_t* path, const wchar_t* item)
     openMenuOf(tree, item);
 }
 
-void Life::whole()
+void Life::work()
 {
-    load();
-    start();
     for (const wchar_t* folder : {L"Tables", L"Views", L"Triggers", L"User-Defined Functions", L"Stored Procedures"})
         browse(folder);
     choose(L"place_order", L"Build");
     choose(L"close_order", L"Drop From Database");
     choose(L"place_order", L"View Source");
     click(L"Rozel", L"SQL Assist");
+}
+
+void Life::useSourceSafe()
+{
+    chooseOfNode(L"Orders", L"Add Project to Visual SourceSafe");
+    browse(L"Stored Procedures");
+    for (const wchar_t* item : {L"Add File", L"Check Out", L"Check In"})
+        choose(L"place_order", (std::wstring(L"Visual SourceSafe/") + item).c_str());
+}
+
+void Life::reconnect()
+{
     chooseOfNode(L"Orders/ORDERS", L"Disconnect");
     chooseOfNode(L"Orders/ORDERS", L"Connect");
+}
+
+void Life::whole()
+{
+    load();
+    start();
+    work();
+    reconnect();
+    end();
+}
+
+void Life::wholeWithSourceSafe()
+{
+    load();
+    start();
+    work();
+    useSourceSafe();
+    reconnect();
     end();
 }
 

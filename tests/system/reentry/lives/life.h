@@ -19,6 +19,8 @@ public:
 
     // Load, start, browse every folder, build, a question, a tool, a source text, disconnect and connect, unload.
     void whole();
+    // The same with source control before the end.
+    void wholeWithSourceSafe();
     // Load, start, one folder, unload.
     void brief();
     // What is loaded still, second objects too, is unloaded.
@@ -36,9 +38,13 @@ private:
     static void CALLBACK answerOpen(HWND, UINT, UINT_PTR timer, DWORD) noexcept;
     void answer();
     void answerBox(HWND box);
+    void logIn(HWND form);
     void chooseItem(HMENU menu);
     void load();
     void start();
+    void work();
+    void useSourceSafe();
+    void reconnect();
     void browse(const wchar_t* folder);
     void choose(const wchar_t* row, const wchar_t* item);
     void chooseOfNode(const wchar_t* path, const wchar_t* item);
@@ -56,7 +62,9 @@ private:
     UINT_PTR m_timer = 0;
     HWND m_answered = nullptr;
     HMENU m_chosenIn = nullptr;
-    std::wstring m_item; // of the next context menu
+    std::wstring m_item; // of the next context menu: captions, the outermost first
+    HWND m_form = nullptr;
+    int m_looksAtForm = 0;
 };
 
 } // namespace velk::devkit

@@ -1,31 +1,33 @@
-// reentry_lives: lives of the add-in in the stand-in IDE, disturbed at one place each.
-//   record FILE [full]   an undisturbed life; writes the pairs to try
-//   pumped               an undisturbed life with messages worked off inside every call
-//   run FILE NUMBER      pairs from this one on; ends with 10 behind one that leaves something in the process, and
-//                        with 0 when it has done enough of them, or said END
-//   pair PLACE ACTION    one pair
+// reentry_lives: lives of the add-in in the stand-in IDE, disturbed at one place each, or with calls that fail from
+// one place on.
+//   record FILE [full]      an undisturbed life; writes the pairs to try
+//   record-faults FILE EACH an undisturbed life with source control; writes every so manieth pair of a call and a
+//   manner
+//                           in which it fails
+//   pumped                  an undisturbed life with messages worked off inside every call
+//   run FILE NUMBER         pairs from this one on; ends with 10 behind one that leaves something in the process, and
+//                           with 0 when it has done enough of them, or said END
+//   pair PLACE ACTION       one pair
+#include "checks.h"
 #include "devkit/ide/reentryActions.h"
 #include "devkit/ide/script.h"
 #include "devkit/ide/textFile.h"
-#include "life.h"
+#include "faults.h"
 #include "pairs.h"
-#include "watch.h"
+#include "support/folders.h"
+#include "timeLimit.h"
 
 #include <algorithm>
-#include <atomic>
 #include <commctrl.h>
+#include <csignal>
 #include <shellapi.h>
 
 namespace velk::devkit {
 namespace {
 
-constexpr UINT exitHang = 3;
 constexpr UINT exitCrash = 4;
 constexpr int exitWrong = 10;
-constexpr DWORD longestPair = 30000; // milliseconds
-constexpr size_t mostPairs = 30;     // of one process, so that each has its time limit
-
-std::atomic<DWORD> pairBegan{0};
+constexpr size_t mostPairs = 30; // of one process, so that each has its time limit
 
 void say(const std::wstring& text)
 {
@@ -34,11 +36,14 @@ void say(const std::wstring& text)
     WriteFile(GetStdHandle(STD_OUTPUT_HANDLE), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
 }
 
-std::wstring solutionPath()
+std::wstring afterFault()
 {
-    wchar_t path[MAX_PATH] = L"";
-    GetFullPathNameW(L"orders.sln", MAX_PATH, path, nullptr);
-    return path;
+    return faults().wasReached() ? L" after " + faults().hit() + L" failed" : L"";
+}
+
+void sayHang()
+{
+    say(L"HANG" + afterFault());
 }
 
 LONG CALLBACK sayCrash(EXCEPTION_POINTERS* raised)
@@ -52,51 +57,19 @@ LONG CALLBACK sayCrash(EXCEPTION_POINTERS* raised)
     if (GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
                            reinterpret_cast<LPCWSTR>(address), &module))
         GetModuleFileNameW(module, name, MAX_PATH);
-    wchar_t text[2 * MAX_PATH] = L"";
-    wsprintfW(text, L"CRASH %08lX in %s at +%08lX", code, name, address - reinterpret_cast<uintptr_t>(module));
+    wchar_t text[3 * MAX_PATH] = L"";
+    wsprintfW(text, L"CRASH %08lX in %s at +%08lX%s", code, name, address - reinterpret_cast<uintptr_t>(module),
+              afterFault().c_str());
     say(text);
     TerminateProcess(GetCurrentProcess(), exitCrash);
     return EXCEPTION_CONTINUE_SEARCH;
 }
 
-DWORD WINAPI watchTime(void*) noexcept
+// What std::terminate comes to: an exception that met a noexcept frame, or memory that was not there to throw.
+void sayAbort(int)
 {
-    for (;; Sleep(200)) {
-        const DWORD began = pairBegan;
-        if (began == 0 || GetTickCount() - began < longestPair)
-            continue;
-        say(L"HANG");
-        TerminateProcess(GetCurrentProcess(), exitHang);
-    }
-}
-
-// What is wrong when a life is over.
-std::vector<std::wstring> wrongAfter(Life& life, SessionWatch& watch)
-{
-    std::vector<std::wstring> wrong = life.problems();
-    const auto add = [&](const std::vector<std::wstring>& more) {
-        wrong.insert(wrong.end(), more.begin(), more.end());
-    };
-    add(leftInProcess());
-    add(watch.takeProblems());
-    if (watch.isOpen())
-        wrong.push_back(L"the session is left open");
-    if (furniture(life.shell()) != life.furnitureBefore())
-        wrong.push_back(L"bars or windows are not as before");
-    return wrong;
-}
-
-std::vector<std::wstring> cleanLife(SessionWatch& watch)
-{
-    Life life(solutionPath());
-    reentry().count();
-    life.brief();
-    std::vector<std::wstring> wrong = wrongAfter(life, watch);
-    if (life.facts() != std::vector<std::wstring>{L"nodes: 7", L"Tables: 8"})
-        wrong.push_back(L"the start or the folder was not right");
-    for (std::wstring& text : wrong)
-        text.insert(0, L"in the clean life: ");
-    return wrong;
+    say(L"ABORT" + afterFault());
+    TerminateProcess(GetCurrentProcess(), exitCrash);
 }
 
 // For the tests of the tests: a fault of the host's own, and an entry that nobody takes away.
@@ -110,11 +83,11 @@ void litter(Shell& shell)
     shell.dte().bars->menuBar().addCommand(L"Litter", [] {});
 }
 
-constexpr ReentryAction faults[] = {{L"crash", crash}, {L"litter", litter}};
+constexpr ReentryAction ownActions[] = {{L"crash", crash}, {L"litter", litter}};
 
 const ReentryAction& actionOf(const std::wstring& name)
 {
-    for (const ReentryAction& row : faults)
+    for (const ReentryAction& row : ownActions)
         if (name == row.name)
             return row;
     const ReentryAction* const action = reentryAction(name);
@@ -134,44 +107,94 @@ int sayWrong(const std::vector<std::wstring>& wrong)
     std::wstring text;
     for (const std::wstring& one : wrong)
         text += (text.empty() ? L"" : L"; ") + one;
-    say(wrong.empty() ? L"OK" : L"FAIL " + text);
+    say(wrong.empty() ? L"OK" : L"FAIL " + text + afterFault());
     return wrong.empty() ? 0 : exitWrong;
 }
 
-int undisturbed(SessionWatch& watch)
+int undisturbed(SessionWatch& watch, void (Life::*course)())
 {
     Life life(solutionPath());
     reentry().count();
-    life.whole();
+    faults().count();
+    (life.*course)();
     sayFacts(life.facts());
     return sayWrong(wrongAfter(life, watch));
+}
+
+void writePairs(const std::wstring& file, const std::vector<Pair>& pairs, size_t each)
+{
+    std::wstring lines;
+    for (size_t index = 0; index < pairs.size(); index += each)
+        lines += pairLine(pairs[index]) + L"\n";
+    DeleteFileW(file.c_str());
+    appendToFile(file, lines);
 }
 
 int record(const std::wstring& file, bool isFull)
 {
     SessionWatch watch;
-    const int result = undisturbed(watch);
-    std::wstring lines;
-    for (const Pair& pair : pairsOf(reentry().counts(), isFull))
-        lines += pairLine(pair) + L"\n";
-    DeleteFileW(file.c_str());
-    appendToFile(file, lines);
+    const int result = undisturbed(watch, &Life::whole);
+    writePairs(file, pairsOf(reentry().counts(), isFull), 1);
     return result;
+}
+
+// What a life leaves in the files is not there for the next one.
+void renewFiles()
+{
+    test::removeTree(L"rz");
+    test::copyTree(L"rz-new", L"rz");
+    test::removeTree(L"vss");
+    test::copyTree(L"vss-new", L"vss");
+}
+
+int recordFaults(const std::wstring& file, size_t each)
+{
+    SessionWatch watch;
+    renewFiles();
+    const int result = undisturbed(watch, &Life::wholeWithSourceSafe);
+    writePairs(file, faultPairs(faults().counts()), each);
+    return result;
+}
+
+std::vector<std::wstring> disturbedLife(const Pair& pair, SessionWatch& watch, bool isTold)
+{
+    Life life(solutionPath());
+    const ReentryAction& action = actionOf(pair.action);
+    faults().count();
+    reentry().plan(pair.place, [&] { action.run(life.shell()); });
+    life.whole();
+    if (isTold)
+        sayFacts(life.facts());
+    return wrongAfter(life, watch);
+}
+
+std::vector<std::wstring> faultedLife(const Pair& pair, FaultManner manner, SessionWatch& watch, bool isTold)
+{
+    renewFiles();
+    const long before = heldObjects();
+    std::vector<std::wstring> wrong;
+    {
+        Life life(solutionPath());
+        reentry().count();
+        faults().plan(pair.place, manner);
+        life.wholeWithSourceSafe();
+        if (isTold)
+            sayFacts(life.facts());
+        wrong = wrongAfterFault(life, watch);
+    }
+    faults().rest();
+    if (heldObjects() != before)
+        wrong.push_back(std::to_wstring(heldObjects() - before) + L" objects of the IDE are held");
+    return wrong;
 }
 
 int runPair(const Pair& pair, SessionWatch& watch, bool isAlone)
 {
-    std::vector<std::wstring> wrong;
-    {
-        Life life(solutionPath());
-        const ReentryAction& action = actionOf(pair.action);
-        reentry().plan(pair.place, [&] { action.run(life.shell()); });
-        life.whole();
-        wrong = wrongAfter(life, watch);
-        if (isAlone)
-            sayFacts(life.facts());
-    }
-    const bool wasReached = reentry().wasReached();
+    const auto manner = faultManner(pair.action);
+    beginPair(manner.has_value());
+    std::vector<std::wstring> wrong =
+        manner ? faultedLife(pair, *manner, watch, isAlone) : disturbedLife(pair, watch, isAlone);
+    const bool wasReached = manner ? faults().wasReached() : reentry().wasReached();
     watch.closeForNext();
     if (wrong.empty())
         wrong = cleanLife(watch);
@@ -190,7 +213,6 @@ int run(const std::wstring& file, size_t number)
     SessionWatch watch;
     const size_t last = std::min(pairs.size(), number + mostPairs);
     for (; number < last; ++number) {
-        pairBegan = GetTickCount();
         say(L"PAIR " + std::to_wstring(number) + L" " + pairLine(pairs[number]));
         const int result = runPair(pairs[number], watch, false);
         watch.closeForNext();
@@ -206,9 +228,12 @@ int run(const std::wstring& file, size_t number)
 int work(const std::vector<std::wstring>& arguments)
 {
     reentry().hookBackend();
+    faults().hook();
     const std::wstring what = arguments.empty() ? L"" : arguments[0];
     if (what == L"record" && arguments.size() >= 2)
         return record(arguments[1], arguments.size() > 2);
+    if (what == L"record-faults" && arguments.size() == 3)
+        return recordFaults(arguments[1], static_cast<size_t>(_wtoi(arguments[2].c_str())));
     if (what == L"run" && arguments.size() == 3)
         return run(arguments[1], static_cast<size_t>(_wtoi(arguments[2].c_str())));
     SessionWatch watch;
@@ -218,7 +243,7 @@ int work(const std::vector<std::wstring>& arguments)
         return 2;
     SetEnvironmentVariableW(L"VELK_BACKEND_PUMP", L"1");
     reentry().setPumping(true);
-    return undisturbed(watch);
+    return undisturbed(watch, &Life::whole);
 }
 
 } // namespace
@@ -231,8 +256,8 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int)
     INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES | ICC_BAR_CLASSES};
     InitCommonControlsEx(&controls);
     AddVectoredExceptionHandler(1, sayCrash);
-    CloseHandle(CreateThread(nullptr, 0, watchTime, nullptr, 0, nullptr));
-    pairBegan = GetTickCount();
+    std::signal(SIGABRT, sayAbort);
+    startTimeLimit(sayHang);
     int count = 0;
     wchar_t** const raw = CommandLineToArgvW(GetCommandLineW(), &count);
     int result = 2;

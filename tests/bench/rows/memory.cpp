@@ -23,7 +23,7 @@ HeapUse heapUse()
         HeapLock(heaps[index]);
         while (HeapWalk(heaps[index], &entry))
             if (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) {
-                use.bytes += entry.cbData + entry.cbOverhead;
+                use.bytes += entry.cbData;
                 ++use.blocks;
             }
         HeapUnlock(heaps[index]);

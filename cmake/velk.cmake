@@ -6,11 +6,16 @@ set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_POSITION_INDEPENDENT_CODE OFF)
 
+set(velk_without_threads)
+if(CMAKE_CXX_COMPILER_VERSION VERSION_GREATER_EQUAL 13)
+  set(velk_without_threads "$<$<COMPILE_LANGUAGE:CXX>:SHELL:-include ${CMAKE_SOURCE_DIR}/cmake/withoutThreads.h>")
+endif()
+
 add_library(velk_settings INTERFACE)
 target_compile_definitions(velk_settings INTERFACE
   UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX STRICT
   WINVER=0x0501 _WIN32_WINNT=0x0501 _WIN32_IE=0x0600)
-target_compile_options(velk_settings INTERFACE
+target_compile_options(velk_settings INTERFACE ${velk_without_threads}
   $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra -Wconversion -Wsign-conversion -Wshadow
     -Woverloaded-virtual -Werror -fvisibility=hidden>
   # 32-bit Windows enters exports, COM methods, window procedures and timers with a stack aligned to 4 bytes only.
@@ -45,7 +50,7 @@ function(velk_tests name)
   target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE velk_test_support ${ARGN})
   add_test(NAME ${name} COMMAND ${CMAKE_SOURCE_DIR}/scripts/wine-test $<TARGET_FILE:${name}>)
-  set_tests_properties(${name} PROPERTIES TIMEOUT 600)
+  set_tests_properties(${name} PROPERTIES TIMEOUT 600 RESOURCE_LOCK ${name})
 endfunction()
 
 # velk_tests_again(<name> <locale>=<code page>...): the same program once more in processes of other ANSI code pages.
@@ -56,7 +61,8 @@ function(velk_tests_again name)
     list(GET place 0 locale)
     list(GET place 1 code_page)
     add_test(NAME ${name}_${code_page} COMMAND ${CMAKE_SOURCE_DIR}/scripts/wine-test $<TARGET_FILE:${name}>)
-    set_tests_properties(${name}_${code_page} PROPERTIES TIMEOUT 600 ENVIRONMENT
+    # Both write in the same folder.
+    set_tests_properties(${name}_${code_page} PROPERTIES TIMEOUT 600 RESOURCE_LOCK ${name} ENVIRONMENT
       "VELK_LOCALE=${locale}.UTF-8;VELK_EXPECTED_CODE_PAGE=${code_page}")
   endforeach()
 endfunction()

@@ -83,7 +83,7 @@ std::wstring sqlText(const std::wstring& text)
 
 void Cancellation::cancel() noexcept
 {
-    const std::lock_guard held(m_lock);
+    const Lock::Held held(m_lock);
     m_isCancelled = true;
     if (m_running != SQL_NULL_HSTMT)
         SQLCancel(m_running);
@@ -138,7 +138,7 @@ void OdbcConnection::throwIfCancelled()
 {
     if (!m_cancellation)
         return;
-    const std::lock_guard held(m_cancellation->m_lock);
+    const Lock::Held held(m_cancellation->m_lock);
     if (m_cancellation->m_isCancelled)
         throw OdbcError(L"the work was ended");
 }
@@ -147,7 +147,7 @@ void OdbcConnection::setRunning(SQLHSTMT statement)
 {
     if (!m_cancellation)
         return;
-    const std::lock_guard held(m_cancellation->m_lock);
+    const Lock::Held held(m_cancellation->m_lock);
     m_cancellation->m_running = statement != SQL_NULL_HSTMT && m_idle != SQL_NULL_HSTMT ? m_idle : statement;
 }
 

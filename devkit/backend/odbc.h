@@ -1,9 +1,9 @@
 #pragma once
 
 #include "base/win32.h"
+#include "devkit/base/thread.h"
 
 #include <functional>
-#include <mutex>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -34,7 +34,7 @@ public:
 
 private:
     friend class OdbcConnection;
-    std::mutex m_lock;
+    Lock m_lock;
     SQLHSTMT m_running = SQL_NULL_HSTMT; // what to cancel
     bool m_isCancelled = false;
 };

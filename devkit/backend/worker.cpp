@@ -38,9 +38,9 @@ void Worker::startNext()
     m_waiting.pop_front();
     m_current = piece.cancellation;
     GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS, reinterpret_cast<const wchar_t*>(&sqlText), &m_library);
-    m_thread = std::thread([this, piece = std::move(piece)] {
+    m_thread = Thread([this, piece = std::move(piece)] {
         Completion completion = piece.work(*piece.cancellation);
-        const std::lock_guard held(m_lock);
+        const Lock::Held held(m_lock);
         m_completion = std::move(completion);
         m_isDone = true;
     });
@@ -57,7 +57,7 @@ void Worker::endThread()
 
 bool Worker::isDone()
 {
-    const std::lock_guard held(m_lock);
+    const Lock::Held held(m_lock);
     return m_isDone;
 }
 

@@ -1,12 +1,11 @@
 #pragma once
 
 #include "devkit/backend/odbc.h"
+#include "devkit/base/thread.h"
 
 #include <deque>
 #include <functional>
 #include <memory>
-#include <mutex>
-#include <thread>
 
 namespace velk::devkit {
 
@@ -45,10 +44,10 @@ private:
     std::deque<Piece> m_waiting; // on the caller's thread only
     std::shared_ptr<Cancellation> m_current;
     HMODULE m_library = nullptr; // held while the thread runs
-    std::mutex m_lock;
+    Lock m_lock;
     Completion m_completion;
     bool m_isDone = false;
-    std::thread m_thread;
+    Thread m_thread;
 };
 
 } // namespace velk::devkit

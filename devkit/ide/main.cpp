@@ -8,7 +8,6 @@
 
 #include <commctrl.h>
 #include <shellapi.h>
-#include <thread>
 
 namespace velk::devkit {
 namespace {

@@ -241,7 +241,6 @@ HRESULT IMgrVI::createRZUI() noexcept
 
 void IMgrVI::buildUserInterface()
 {
-    constexpr wchar_t why[] = L"the IDE keeps the entries that could be made";
     m_session.throwIfOver();
     throwIfOthersSession();
     if (std::exchange(m_isBuilding, true))
@@ -254,8 +253,20 @@ void IMgrVI::buildUserInterface()
     splashScreen().setProgressBarInterval(splashSteps);
     if (m_wasShown)
         unloadSplashScreen(); // made after the project was shown, in the call for its own text
+    buildEntries();
+    announce(toolWindowText);
+    ensureToolWindow();
+    m_session.throwIfOver();
+    announce(builtText);
+    gone.release();
+}
+
+void IMgrVI::buildEntries()
+{
+    constexpr wchar_t why[] = L"the IDE keeps the entries that could be made";
     const auto bars = std::make_shared<RZCommandBars>(m_instance, m_session);
     m_bars = bars;
+    const scope_exit finished([&] { bars->finish(); });
     const auto build = [&](void (RZCommandBars::*group)()) {
         swallow(L"IMgrVI.createRZUI", why, [&] { (*bars.*group)(); });
         m_session.throwIfOver();
@@ -265,11 +276,6 @@ void IMgrVI::buildUserInterface()
     announce(menusText);
     for (const auto group : {&RZCommandBars::addViews, &RZCommandBars::addTools, &RZCommandBars::addHelp})
         build(group);
-    announce(toolWindowText);
-    ensureToolWindow();
-    m_session.throwIfOver();
-    announce(builtText);
-    gone.release();
 }
 
 void IMgrVI::announce(int32_t text)

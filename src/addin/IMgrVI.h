@@ -62,6 +62,7 @@ private:
     com_ptr<IDispatch> ensureToolWindow();
     void makeToolWindow();
     void removeToolWindow();
+    void buildEntries();
     void announce(int32_t text);
 
     com_ptr<IDispatch> m_instance;

@@ -65,25 +65,54 @@ com_ptr<IDispatch> controlsOf(const com_ptr<IDispatch>& bar)
     return automation::getObject(bar, L"Controls");
 }
 
-com_ptr<IDispatch> addToMenu(const com_ptr<IDispatch>& menu, int32_t type)
+com_ptr<IDispatch> addTo(const com_ptr<IDispatch>& controls, int32_t type)
 {
-    return automation::call(controlsOf(menu), L"Add", {{}, {{L"Type", variant(type)}, {L"temporary", variant(true)}}})
+    return automation::call(controls, L"Add", {{}, {{L"Type", variant(type)}, {L"temporary", variant(true)}}})
         .asObject();
 }
 
 } // namespace
 
-void RZCommandBars::addButton(const com_ptr<IDispatch>& control, const EntryRow& row, EntryFaces& faces)
+RZCommandBars::RZCommandBars(com_ptr<IDispatch> ide, Session session)
+    : m_ide(std::move(ide)), m_session(std::move(session))
+{
+}
+
+RZCommandBars::~RZCommandBars()
+{
+    remove();
+}
+
+std::shared_ptr<EntryFaces> RZCommandBars::faces()
+{
+    if (!m_faces)
+        m_faces = std::make_shared<EntryFaces>(m_session);
+    return m_faces;
+}
+
+void RZCommandBars::finish() noexcept
+{
+    m_faces.reset();
+}
+
+com_ptr<IDispatch> RZCommandBars::events()
+{
+    if (!m_events)
+        m_events = automation::getObject(m_ide, L"Events");
+    return m_events;
+}
+
+void RZCommandBars::addButton(const com_ptr<IDispatch>& control, const EntryRow& row)
 {
     OwnControl& entry = m_entries.emplace_back(OwnControl{control, std::make_unique<event_connection>()});
     m_session.throwIfOver();
-    dressEntry(m_session, control, row.caption, faces, row.face, row.action);
+    const std::shared_ptr<EntryFaces> faces = this->faces(); // the IDE may end the session, and what this holds with it
+    dressEntry(m_session, control, row.caption, *faces, row.face, row.action);
     m_session.throwIfOver();
     swallow(L"RZCommandBars.addButton", L"a toolbar that a crash leaves behind is not known again",
             [&] { automation::put(control, L"Tag", variant(ownControlTag)); });
     m_session.throwIfOver();
-    const com_ptr<IDispatch> events = automation::getObject(m_ide, L"Events");
-    const com_ptr<IDispatch> source = automation::getObject(events, L"CommandBarEvents", {variant(control)});
+    const com_ptr<IDispatch> source = automation::getObject(events(), L"CommandBarEvents", {variant(control)});
     m_session.throwIfOver();
     // What the handler does may take the entry away: it works on copies.
     entry.clicks->connect(source, clickEvent, [control, session = m_session](const click_event& click) {
@@ -110,15 +139,21 @@ void RZCommandBars::addToolbar()
         swallow(L"RZCommandBars.addToolbar", L"the menus have the same entries",
                 [this] { automation::put(m_toolbar, L"Visible", variant(true)); });
     });
-    EntryFaces faces(m_session);
-    for (const EntryRow& row : toolbarRows) {
-        const com_ptr<IDispatch> button =
-            automation::call(controlsOf(m_toolbar), L"Add", {variant(controlTypeButton)}).asObject();
-        addButton(button, row, faces);
-    }
+    const com_ptr<IDispatch> controls = controlsOf(m_toolbar);
+    for (const EntryRow& row : toolbarRows)
+        addButton(automation::call(controls, L"Add", {variant(controlTypeButton)}).asObject(), row);
 }
 
 com_ptr<IDispatch> RZCommandBars::menuNamed(const std::wstring& caption)
+{
+    if (m_menu && m_menuName == caption)
+        return m_menu;
+    m_menu = findOrAddMenu(caption);
+    m_menuName = caption;
+    return m_menu;
+}
+
+com_ptr<IDispatch> RZCommandBars::findOrAddMenu(const std::wstring& caption)
 {
     const com_ptr<IDispatch> bars = automation::getObject(m_ide, L"CommandBars");
     const com_ptr<IDispatch> menuBar = automation::getObject(bars, L"ActiveMenuBar");
@@ -132,7 +167,7 @@ com_ptr<IDispatch> RZCommandBars::menuNamed(const std::wstring& caption)
             return menu;
     }
     m_session.throwIfOver();
-    const com_ptr<IDispatch> added = addToMenu(menuBar, controlTypePopup);
+    const com_ptr<IDispatch> added = addTo(controls, controlTypePopup);
     m_entries.push_back({added, nullptr});
     m_session.throwIfOver();
     automation::put(added, L"Caption", variant(std::wstring_view(caption)));
@@ -143,7 +178,7 @@ void RZCommandBars::addViews()
 {
     const com_ptr<IDispatch> viewsMenu = menuNamed(getRZString(menuNameText));
     m_session.throwIfOver();
-    const com_ptr<IDispatch> views = addToMenu(viewsMenu, controlTypePopup);
+    const com_ptr<IDispatch> views = addTo(controlsOf(viewsMenu), controlTypePopup);
     m_entries.push_back({views, nullptr});
     m_views.push_back(views);
     const std::wstring caption = getRZString(viewsPopupText);
@@ -151,10 +186,10 @@ void RZCommandBars::addViews()
     automation::put(views, L"Caption", variant(std::wstring_view(caption)));
     m_session.throwIfOver();
     automation::put(views, L"BeginGroup", variant(true));
-    EntryFaces faces(m_session);
+    const com_ptr<IDispatch> controls = controlsOf(views);
     for (const EntryRow& row : viewRows) {
-        m_views.push_back(addToMenu(views, controlTypeButton));
-        addButton(m_views.back(), row, faces);
+        m_views.push_back(addTo(controls, controlTypeButton));
+        addButton(m_views.back(), row);
     }
 }
 
@@ -162,10 +197,10 @@ void RZCommandBars::addGroup(std::span<const EntryRow> rows)
 {
     // Each group asks for the name of the menu that it extends.
     const com_ptr<IDispatch> menu = menuNamed(getRZString(menuNameText));
-    EntryFaces faces(m_session);
+    const com_ptr<IDispatch> controls = controlsOf(menu);
     for (const EntryRow& row : rows) {
-        const com_ptr<IDispatch> button = addToMenu(menu, controlTypeButton);
-        addButton(button, row, faces);
+        const com_ptr<IDispatch> button = addTo(controls, controlTypeButton);
+        addButton(button, row);
         if (&row == rows.data())
             automation::put(button, L"BeginGroup", variant(true));
     }
@@ -195,6 +230,7 @@ void RZCommandBars::showViews()
 void RZCommandBars::remove() noexcept
 {
     constexpr wchar_t why[] = L"the other entries are still removed";
+    finish();
     m_views.clear();
     while (!m_entries.empty()) {
         const OwnControl entry = std::move(m_entries.back());
@@ -206,6 +242,8 @@ void RZCommandBars::remove() noexcept
     }
     if (const com_ptr<IDispatch> toolbar = std::move(m_toolbar))
         swallow(L"RZCommandBars.remove", why, [&] { automation::call(toolbar, L"Delete"); });
+    m_menu.reset();
+    m_events.reset();
     m_ide.reset();
 }
 

@@ -19,17 +19,17 @@ struct EntryRow; // an entry of the add-in's tables
 class RZCommandBars {
 public:
     // The session's end inside one of the IDE's calls stops the building step with Error 5.
-    RZCommandBars(com_ptr<IDispatch> ide, Session session = {}) : m_ide(std::move(ide)), m_session(std::move(session))
-    {
-    }
+    RZCommandBars(com_ptr<IDispatch> ide, Session session = {});
     RZCommandBars(const RZCommandBars&) = delete;
     RZCommandBars& operator=(const RZCommandBars&) = delete;
-    ~RZCommandBars() { remove(); }
+    ~RZCommandBars();
 
     void addToolbar();
     void addViews();
     void addTools();
     void addHelp();
+    // The building is over: what the user had on the clipboard comes back, if the entries' faces went that way.
+    void finish() noexcept;
     // The entries of the views group are enabled and visible.
     void showViews();
     // Takes everything away again, in reverse; each step is attempted.
@@ -40,12 +40,21 @@ private:
         com_ptr<IDispatch> control;
         std::unique_ptr<event_connection> clicks; // none for a popup
     };
-    void addButton(const com_ptr<IDispatch>& control, const EntryRow& row, EntryFaces& faces);
+    std::shared_ptr<EntryFaces> faces();
+    com_ptr<IDispatch> events();
+    void addButton(const com_ptr<IDispatch>& control, const EntryRow& row);
     void addGroup(std::span<const EntryRow> rows);
     com_ptr<IDispatch> menuNamed(const std::wstring& caption);
+    com_ptr<IDispatch> findOrAddMenu(const std::wstring& caption);
 
     com_ptr<IDispatch> m_ide;
     Session m_session;
+    // What the IDE was asked for once and answers the same each time.
+    com_ptr<IDispatch> m_events;
+    std::wstring m_menuName;
+    com_ptr<IDispatch> m_menu; // of that name
+
+    std::shared_ptr<EntryFaces> m_faces; // while entries are built; shared with the step that is under way
     com_ptr<IDispatch> m_toolbar;
     std::vector<OwnControl> m_entries;
     std::vector<com_ptr<IDispatch>> m_views;

@@ -5,8 +5,7 @@
 #include "devkit/backend/odbc.h"
 #include "devkit/backend/projectFile.h"
 #include "devkit/backend/systemFile.h"
-
-#include <thread>
+#include "devkit/base/thread.h"
 
 namespace velk {
 namespace {
@@ -105,7 +104,7 @@ void endConnectionsWhen(const std::wstring& journal, const std::wstring& connect
 TEST_F(PostgresTest, lostConnection_isToldAndTheNodeIsDisconnectedUntilTheNextFolder)
 {
     const devkit::ProjectFile project = devkit::parseProject(*devkit::readBytes(path(L"rz\\orders.rzv")));
-    std::thread ending(endConnectionsWhen, path(L"backend.journal"), project.connections.front().odbc);
+    devkit::Thread ending([&] { endConnectionsWhen(path(L"backend.journal"), project.connections.front().odbc); });
     EXPECT_EQ(work("select-node Orders/ORDERS/Tables\nexpect-rows 8\nwait 1500\n"
                    "select-node Orders/ORDERS/Views\nexpect-message was lost\nanswer ok\nexpect-rows 0\n"
                    "select-node Orders/ORDERS/Tables\nexpect-rows 8\n"),

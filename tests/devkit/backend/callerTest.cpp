@@ -1,10 +1,10 @@
 #include "devkit/backend/sampleBackend.h"
 
 #include "devkit/backend/records.h"
+#include "devkit/base/thread.h"
 
 #include <array>
 #include <cstring>
-#include <thread>
 
 namespace velk::test {
 namespace {
@@ -244,7 +244,7 @@ TEST_F(Caller, payload_neverQueued_isABreach)
 
 TEST_F(Caller, session_usedOnAnotherThread_isABreach)
 {
-    std::thread([] { RZObjectDoAction(1006, 10); }).join();
+    devkit::Thread([] { RZObjectDoAction(1006, 10); }).join();
     EXPECT_THAT(breaches(), ElementsAre(HasSubstr(L"on another thread than RZInitialize")));
     RZTerminate();
 }

@@ -1,13 +1,12 @@
 #pragma once
 
 #include "base/unique_any.h"
+#include "devkit/base/thread.h"
 #include "window/clipboard.h"
 
 #include <cwchar>
-#include <future>
 #include <gtest/gtest.h>
 #include <string>
-#include <thread>
 #include <vector>
 
 namespace velk::test {

@@ -23,13 +23,13 @@ public:
     explicit Promiser(std::vector<UINT> formats, Manner manner = {})
         : m_manner(manner), m_thread([this, formats = std::move(formats)] { run(formats); })
     {
-        m_promised.get_future().wait();
+        m_promised.wait();
     }
     Promiser(const Promiser&) = delete;
     Promiser& operator=(const Promiser&) = delete;
     ~Promiser()
     {
-        m_end.set_value();
+        m_end.give();
         PostMessageW(m_window, WM_CLOSE, 0, 0);
         m_thread.join();
     }
@@ -48,8 +48,8 @@ private:
         for (const UINT format : formats)
             SetClipboardData(format, nullptr);
         CloseClipboard();
-        m_promised.set_value();
-        m_end.get_future().wait_for(m_manner.silence);
+        m_promised.give();
+        m_end.wait(m_manner.silence);
         MSG message;
         while (GetMessageW(&message, nullptr, 0, 0) > 0 && message.message != WM_CLOSE)
             DispatchMessageW(&message);
@@ -59,7 +59,7 @@ private:
         const auto self = reinterpret_cast<Promiser*>(GetWindowLongW(hwnd, GWL_USERDATA));
         if (message != WM_RENDERFORMAT)
             return DefWindowProcW(hwnd, message, wParam, lParam);
-        std::this_thread::sleep_for(self->m_manner.slowness);
+        Sleep(static_cast<DWORD>(self->m_manner.slowness.count()));
         self->m_made.push_back(static_cast<UINT>(wParam));
         SetClipboardData(static_cast<UINT>(wParam), test::blockOf(L"made"));
         return 0;
@@ -68,9 +68,9 @@ private:
     const Manner m_manner;
     HWND m_window = nullptr;
     std::vector<UINT> m_made; // written while somebody waits for it
-    std::promise<void> m_promised;
-    std::promise<void> m_end;
-    std::thread m_thread; // the last member: it uses the others
+    devkit::Signal m_promised;
+    devkit::Signal m_end;
+    devkit::Thread m_thread; // the last member: it uses the others
 };
 
 class ClipboardOwnersTest : public test::ClipboardFixture {

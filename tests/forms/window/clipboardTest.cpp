@@ -13,7 +13,7 @@ class Holder {
 public:
     explicit Holder(std::chrono::milliseconds longest) : m_thread([this, longest] { hold(longest); })
     {
-        m_opened.get_future().wait();
+        m_opened.wait();
     }
     Holder(const Holder&) = delete;
     Holder& operator=(const Holder&) = delete;
@@ -22,7 +22,7 @@ public:
     {
         if (!m_thread.joinable())
             return;
-        m_enough.set_value();
+        m_enough.give();
         m_thread.join();
     }
 
@@ -31,15 +31,15 @@ private:
     {
         const unique_window window = test::hiddenWindow();
         const bool isOpen = OpenClipboard(window.get()) != FALSE;
-        m_opened.set_value();
-        m_enough.get_future().wait_for(longest);
+        m_opened.give();
+        m_enough.wait(longest);
         if (isOpen)
             CloseClipboard();
     }
 
-    std::promise<void> m_opened;
-    std::promise<void> m_enough;
-    std::thread m_thread; // the last member: it uses the others
+    devkit::Signal m_opened;
+    devkit::Signal m_enough;
+    devkit::Thread m_thread; // the last member: it uses the others
 };
 
 class ClipboardTest : public test::ClipboardFixture {

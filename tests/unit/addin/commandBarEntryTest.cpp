@@ -1,8 +1,10 @@
 #include "addin/commandBarEntry.h"
 #include "addin/Connect.h"
+#include "addin/IMgrVI.h"
 #include "addin/RZCommandBars.h"
 #include "com/picture.h"
 #include "fakeBars.h"
+#include "serverview/serverViewDoc.h"
 #include "support/fakeBackend.h"
 #include "ui/messageBox.h"
 #include "ui/uiFont.h"
@@ -88,6 +90,7 @@ TEST_F(EntryFacesTest, toolbar_pastesAPictureForEachButtonAnd115ForTheFirst)
 {
     RZCommandBars own(ide.dte.get());
     own.addToolbar();
+    own.finish();
     ASSERT_NE(picture(115), picture(100));
     EXPECT_EQ(bars.faces[L"#301"], picture(115));
     EXPECT_EQ(bars.faces[L"#303"], picture(103));
@@ -99,6 +102,7 @@ TEST_F(EntryFacesTest, toolsOfTheMenu_haveAPictureEachAnd100TheFirst)
 {
     RZCommandBars own(ide.dte.get());
     own.addTools();
+    own.finish();
     EXPECT_EQ(bars.faces[L"#206"], picture(100));
     EXPECT_EQ(bars.faces[L"#208"], picture(103));
     EXPECT_EQ(bars.faces.size(), 6u);
@@ -109,6 +113,7 @@ TEST_F(EntryFacesTest, helpOfTheMenu_hasOnePicture)
 {
     RZCommandBars own(ide.dte.get());
     own.addHelp();
+    own.finish();
     EXPECT_EQ(bars.faces[L"#211"], picture(111));
     EXPECT_EQ(bars.faces.size(), 1u);
     EXPECT_TRUE(isUsersTextBack());
@@ -122,11 +127,56 @@ TEST_F(EntryFacesTest, viewsOfTheMenu_haveNoPicture)
     EXPECT_TRUE(isClipboardUntouched());
 }
 
+TEST_F(EntryFacesTest, severalGroups_bringTheUsersTextBackOnceAtTheEnd)
+{
+    RZCommandBars own(ide.dte.get());
+    int timesBack = 0;
+    bars.whenNamed = [&] { timesBack += isUsersTextBack(); };
+    own.addToolbar();
+    own.addTools();
+    EXPECT_EQ(timesBack, 1); // before the first picture
+    own.finish();
+    EXPECT_TRUE(isUsersTextBack());
+}
+
+TEST_F(EntryFacesTest, managerThatBuiltAll_hasBroughtTheUsersTextBack)
+{
+    const com_ptr<IMgrVI> manager = makeObject<IMgrVI>();
+    manager->setupIM(ide.dte.get(), ide.addin.get());
+    EXPECT_EQ(manager->createRZUI(), S_OK);
+    EXPECT_EQ(bars.faces.size(), 14u);
+    EXPECT_TRUE(isUsersTextBack());
+    manager->deleteRZUI();
+    serverViewWindow() = {};
+}
+
+TEST_F(EntryFacesTest, removalWithoutAnEnd_bringsTheUsersTextBackToo)
+{
+    RZCommandBars own(ide.dte.get());
+    own.addToolbar();
+    own.remove();
+    EXPECT_TRUE(isUsersTextBack());
+}
+
+TEST_F(EntryFacesTest, removalWhileAFaceIsPasted_endsTheGroup)
+{
+    const Session session;
+    const auto own = std::make_shared<RZCommandBars>(ide.dte.get(), session);
+    bars.whenPasted = [&] {
+        session.enter(SessionState::ending);
+        own->remove();
+    };
+    EXPECT_THROW(own->addToolbar(), Error);
+    EXPECT_EQ(bars.faces.size(), 1u);
+    EXPECT_TRUE(isUsersTextBack());
+}
+
 TEST_F(EntryFacesTest, faceThatIsRefusedForAMoment_isTriedAgain)
 {
     bars.refusedFaces = 4;
     RZCommandBars own(ide.dte.get());
     own.addTools();
+    own.finish();
     EXPECT_EQ(bars.faces[L"#206"], picture(100));
     EXPECT_EQ(bars.faces.size(), 6u);
     EXPECT_TRUE(isUsersTextBack());
@@ -137,6 +187,7 @@ TEST_F(EntryFacesTest, faceThatIsRefusedForGood_endsItsGroupAndBringsTheUsersTex
     bars.refusedFaces = 100;
     RZCommandBars own(ide.dte.get());
     EXPECT_THROW(own.addTools(), Error);
+    own.finish();
     EXPECT_EQ(bars.menu.captions(), std::vector<std::wstring>{L"#206"});
     EXPECT_TRUE(isUsersTextBack());
 }
@@ -146,6 +197,7 @@ TEST_F(EntryFacesTest, buildingThatFailsAfterAFace_bringsTheUsersTextBackToo)
     bars.buttons.refused = 2;
     RZCommandBars own(ide.dte.get());
     EXPECT_THROW(own.addToolbar(), Error);
+    own.finish();
     EXPECT_FALSE(bars.faces.empty());
     EXPECT_TRUE(isUsersTextBack());
 }
@@ -193,6 +245,7 @@ TEST_F(EntryFacesTest, controlThatRefusesPictures_isPastedItsFace)
     bars.controlsFail = L"Mask";
     RZCommandBars own(ide.dte.get());
     own.addTools();
+    own.finish();
     EXPECT_EQ(bars.faces[L"#206"], picture(100));
     EXPECT_TRUE(isUsersTextBack());
 }

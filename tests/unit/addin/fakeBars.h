@@ -4,6 +4,7 @@
 #include "fakeIde.h"
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -59,17 +60,19 @@ inline std::vector<DWORD> pixelsOf(HBITMAP bitmap)
 // Gives an IDE command bars that take a toolbar, and a menu bar with the menu that the add-in extends. What stands on
 // the clipboard when a control is told to paste its face is that control's face. Each control has events of its own.
 struct FakeBars {
-    com_ptr<FakeObject> toolbar = fakeObject(L"Toolbar"); // the one that can be added
-    FakeControls buttons;                                 // of that toolbar
-    FakeControls menus;                                   // of the menu bar; the add-in's is the first
-    FakeControls menu;                                    // in the add-in's menu
-    FakeControls views;                                   // in the popups that are added
-    std::map<std::wstring, com_ptr<FakeObject>> named;    // the bars that can be found by name
-    std::vector<std::wstring> deleted;                    // their names
-    std::map<std::wstring, std::vector<DWORD>> faces;     // by caption
-    const wchar_t* controlsFail = nullptr;                // the member that controls made from now on refuse
-    bool hasPictures = false; // controls that are made from now on take pictures beside pasting
-    int refusedFaces = 0;     // so many times pasting fails, as while others hold the clipboard
+    FakeControls buttons;                                                   // of the toolbar
+    com_ptr<FakeObject> toolbar = fakeObject(L"Toolbar", &buttons.journal); // the one that can be added
+    FakeControls menus;                                // of the menu bar; the add-in's is the first
+    FakeControls menu;                                 // in the add-in's menu
+    FakeControls views;                                // in the popups that are added
+    std::map<std::wstring, com_ptr<FakeObject>> named; // the bars that can be found by name
+    std::vector<std::wstring> deleted;                 // their names
+    std::map<std::wstring, std::vector<DWORD>> faces;  // by caption
+    const wchar_t* controlsFail = nullptr;             // the member that controls made from now on refuse
+    bool hasPictures = false;         // controls that are made from now on take pictures beside pasting
+    std::function<void()> whenNamed;  // happens inside each assignment of a caption
+    std::function<void()> whenPasted; // and each pasting
+    int refusedFaces = 0;             // so many times pasting fails, as while others hold the clipboard
 
     FakeBars(FakeIde& ide, const std::wstring& menuCaption)
     {
@@ -110,6 +113,8 @@ struct FakeBars {
                 faces[control->read(L"Caption").asText()] = pixelsOf(static_cast<HBITMAP>(GetClipboardData(CF_BITMAP)));
                 CloseClipboard();
             }
+            if (whenPasted)
+                whenPasted();
             return variant();
         });
     }
@@ -134,6 +139,10 @@ private:
         if (++controls.asked == controls.refused)
             throw Error(errorPermissionDenied);
         const com_ptr<FakeObject> control = fakeObject(L"Control", &controls.journal);
+        control->whenAssigned(L"Caption", [this] {
+            if (whenNamed)
+                whenNamed();
+        });
         control->value(L"Caption", variant(L""))
             ->value(L"OnAction", variant(L""))
             ->value(L"Tag", variant(L""))

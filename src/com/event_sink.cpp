@@ -84,19 +84,23 @@ private:
     const std::weak_ptr<const event_connection::Handler> m_handler; // gone with the connection
 };
 
+// A source that fails may say that it found a point and give none.
 com_ptr<IConnectionPoint> findPoint(IConnectionPointContainer* container, IUnknown* source)
 {
     com_ptr<IConnectionPoint> point;
+    const auto isFound = [&](REFIID iid) {
+        return SUCCEEDED(container->FindConnectionPoint(iid, point.put())) && point;
+    };
     IID iid{};
     const auto classInfo = com_ptr<IUnknown>(source).tryAs<IProvideClassInfo2>();
-    if (classInfo && SUCCEEDED(classInfo->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &iid)) &&
-        SUCCEEDED(container->FindConnectionPoint(iid, point.put())))
+    if (classInfo && SUCCEEDED(classInfo->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &iid)) && isFound(iid))
         return point;
     com_ptr<IEnumConnectionPoints> all;
-    if (SUCCEEDED(container->EnumConnectionPoints(all.put())) && all->Next(1, point.put(), nullptr) == S_OK)
+    if (SUCCEEDED(container->EnumConnectionPoints(all.put())) && all && all->Next(1, point.put(), nullptr) == S_OK &&
+        point)
         return point;
     for (const IID& known : knownSources)
-        if (SUCCEEDED(container->FindConnectionPoint(known, point.put())))
+        if (isFound(known))
             return point;
     throw Error::fromResult(CONNECT_E_NOCONNECTION);
 }

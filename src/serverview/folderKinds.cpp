@@ -6,6 +6,7 @@
 #include "base/unique_any.h"
 #include "serverview/objectColumns.h"
 #include "serverview/viewAPIs.h"
+#include "ui/messageBox.h"
 
 namespace velk {
 namespace {
@@ -18,11 +19,34 @@ void showIfSelected(const FolderKindRow& folder, const Session& session, int32_t
         show(record);
 }
 
+// A Backend whose enumeration does not end must not hold the IDE for ever: a folder shows no more objects than anybody
+// could look through, and one that comes again and again is the last.
+class EnumerationLimit {
+public:
+    bool isReached() const noexcept { return m_objects > mostObjects || m_again > mostAgain; }
+    void count(int32_t handle) noexcept
+    {
+        m_again = m_objects > 0 && handle == m_last ? m_again + 1 : 0;
+        m_last = handle;
+        ++m_objects;
+    }
+
+private:
+    static constexpr int mostObjects = 1'000'000;
+    static constexpr int mostAgain = 1'000;
+    int m_objects = 0;
+    int m_again = 0; // in a row
+    int32_t m_last = 0;
+};
+
+constexpr wchar_t endlessFolder[] = L"The tool does not come to the end of this folder. What has come so far is shown.";
+
 template <class Record>
 Record recordOf(int32_t (*next)(int32_t, Record&) noexcept);
 
+// False when the objects did not come to an end.
 template <const auto& begin, auto next, const auto& end, auto add>
-void fill(const FolderKindRow&, const Session& session, int32_t folderHandle)
+bool addAll(const Session& session, int32_t folderHandle)
 {
     const ListFilling shownTogether;
     int32_t unread = 0;
@@ -37,8 +61,19 @@ void fill(const FolderKindRow&, const Session& session, int32_t folderHandle)
     });
     const auto isWanted = [&] { return !session.isOver() && !shownTogether.isOvertaken(); };
     decltype(recordOf(next)) record;
-    while (begun != 0 && isWanted() && next(enumeration, record) != 0 && isWanted())
+    EnumerationLimit limit;
+    while (begun != 0 && isWanted() && !limit.isReached() && next(enumeration, record) != 0 && isWanted()) {
         add(record);
+        limit.count(record.lHdl);
+    }
+    return !limit.isReached() || !isWanted();
+}
+
+template <const auto& begin, auto next, const auto& end, auto add>
+void fill(const FolderKindRow&, const Session& session, int32_t folderHandle)
+{
+    if (!addAll<begin, next, end, add>(session, folderHandle) && !session.isOver())
+        showMessage(endlessFolder);
 }
 
 // clang-format off

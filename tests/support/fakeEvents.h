@@ -37,12 +37,15 @@ public:
             sink->Invoke(event, IID_NULL, 0, DISPATCH_METHOD, parameters, nullptr, nullptr, nullptr);
     }
     bool isConnected() const { return static_cast<bool>(m_sink); }
-    bool keepsSink = false; // as one does that raises its events from a list that it made before
+    bool keepsSink = false;  // as one does that raises its events from a list that it made before
+    bool losesPoint = false; // it says that it found its point, and gives none
 
     STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints**) noexcept override { return E_NOTIMPL; }
     STDMETHODIMP FindConnectionPoint(REFIID iid, IConnectionPoint** point) noexcept override
     {
         *point = nullptr;
+        if (losesPoint)
+            return S_OK;
         if (iid != source)
             return CONNECT_E_NOCONNECTION;
         com_ptr<IConnectionPoint>(this).copyTo(point);

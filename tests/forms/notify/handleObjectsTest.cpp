@@ -370,6 +370,20 @@ TEST_F(ObjectsTest, folderSelectedWhileAnotherIsFilled_getsNoneOfItsRows)
     EXPECT_EQ(backend.enumerations.size(), 0u);
 }
 
+TEST_F(ObjectsTest, objectThatComesForEver_isShownOnceAndToldAsEndless)
+{
+    backend.folders[20] = {100};
+    select(L"K20");
+    backend.on.RZProcedureEnumNext = [](int32_t, auto* record) {
+        record->lHdl = 100;
+        return 1;
+    };
+    tell(contents, 7, 20);
+    EXPECT_EQ(list().rows().size(), 1u);
+    EXPECT_EQ(messages, Lines{L"The tool does not come to the end of this folder. What has come so far is shown."});
+    EXPECT_EQ(backend.enumerations.size(), 0u);
+}
+
 TEST_F(ObjectsTest, sessionThatEndsWhileAFolderIsFilled_asksNothingMore)
 {
     backend.folders[20] = {100};

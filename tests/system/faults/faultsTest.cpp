@@ -10,6 +10,7 @@
 namespace velk {
 namespace {
 
+using testing::AllOf;
 using testing::Contains;
 using testing::IsEmpty;
 using testing::StartsWith;
@@ -20,7 +21,22 @@ constexpr wchar_t databasesKey[] = L"Software\\Microsoft\\SourceSafe\\Databases"
 constexpr const char* wholeLife[] = {
     "FACT nodes: 7",
     "FACT Tables: 8",
+    "FACT Views: 4",
+    "FACT Triggers: 5",
+    "FACT User-Defined Functions: 3",
+    "FACT Stored Procedures: 4",
+    "FACT box: velkviadd  place_order was built. ",
+    "FACT box: Drop From Database  Drop close_order from its database?  The source file stays. ",
+    "FACT box: velkviadd  Application 2 cannot be started: it is not part of this edition of Rozel. ",
+    "FACT Stored Procedures: 4",
+    "FACT Add File: read-only",
+    "FACT Check Out: writable",
+    "FACT Check In: read-only",
+    "OK",
 };
+// A part that takes every call and every manner in its turn: the number has no divisor in common with theirs.
+constexpr wchar_t partOfAll[] = L"101";
+constexpr int leastPairs = 75;
 
 class FaultsTest : public test::MatrixRun {
 protected:
@@ -37,10 +53,10 @@ protected:
         registry::removeTree(HKEY_LOCAL_MACHINE, databasesKey);
         registerDll(L"ssapi.dll", "DllUnregisterServer");
     }
-    static bool isFull()
+    std::vector<std::string> wrongAmong(const std::wstring& everySoManieth)
     {
-        const char* const wanted = std::getenv("VELK_FAULTS");
-        return wanted && std::string(wanted) == "full";
+        undisturbedLife(L"record-faults pairs.txt " + everySoManieth);
+        return wrongPairs(L"pairs.txt");
     }
 };
 
@@ -49,11 +65,18 @@ TEST_F(FaultsTest, undisturbedLife_goesThroughEveryStep)
     EXPECT_THAT(undisturbedLife(L"record-faults pairs.txt 1"), testing::ElementsAreArray(wholeLife));
 }
 
-TEST_F(FaultsTest, everyCallThatFails_leavesNothingAndTheNextLifeIsClean)
+TEST_F(FaultsTest, someCallsThatFail_leaveNothingAndTheNextLifeIsClean)
 {
-    undisturbedLife(std::wstring(L"record-faults pairs.txt ") + (isFull() ? L"1" : L"101"));
-    EXPECT_THAT(wrongPairs(L"pairs.txt"), IsEmpty());
-    EXPECT_GE(tried, 50);
+    EXPECT_THAT(wrongAmong(partOfAll), IsEmpty());
+    EXPECT_GE(tried, leastPairs);
+}
+
+// Hours. A door's list ends behind the last call of a life, which shows that no call was left out.
+TEST_F(FaultsTest, DISABLED_everyCallThatFails_leavesNothingAndTheNextLifeIsClean)
+{
+    EXPECT_THAT(wrongAmong(L"1"), IsEmpty());
+    EXPECT_THAT(missed, AllOf(Contains(StartsWith("IDE#")), Contains(StartsWith("Backend#")),
+                              Contains(StartsWith("SourceSafe#"))));
 }
 
 } // namespace

@@ -47,7 +47,7 @@ int MatrixRun::runFrom(const std::wstring& file, int number, std::vector<std::st
             continue;
         }
         if (line == "MISSED")
-            ++missed;
+            missed.push_back(pair);
         else if (line != "OK")
             wrong.push_back(pair + ": " + line);
         pair.clear();
@@ -68,8 +68,8 @@ std::vector<std::string> MatrixRun::wrongPairs(const std::wstring& file)
         }
         number = next;
     }
-    std::cout << "re-entry matrix: " << tried << " pairs, " << wrong.size() << " wrong, " << missed
-              << " not reached, in " << processes << " processes\n";
+    std::cout << "pairs of a place and what happens there: " << tried << " tried, " << wrong.size() << " wrong, "
+              << missed.size() << " not reached, in " << processes << " processes\n";
     return wrong;
 }
 

@@ -19,7 +19,7 @@ protected:
     std::vector<std::string> wrongPairs(const std::wstring& file);
 
     int tried = 0;
-    int missed = 0; // places that the disturbed life did not come to
+    std::vector<std::string> missed; // those whose place the disturbed life did not come to
     int processes = 0;
 
 private:

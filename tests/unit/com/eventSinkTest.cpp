@@ -49,6 +49,13 @@ TEST_F(EventSinkTest, click_tellsItsControlAndThatNobodyHandledIt)
     EXPECT_THAT(handled, ElementsAre(false));
 }
 
+TEST_F(EventSinkTest, pointThatIsFoundAndNotGiven_failsTheConnection)
+{
+    events->losesPoint = true;
+    EXPECT_THROW(connection.connect(source(), 1, [](const click_event&) {}), Error);
+    EXPECT_FALSE(events->isConnected());
+}
+
 TEST_F(EventSinkTest, clickThatWasHandled_saysSo)
 {
     events->click(control(), true);

@@ -28,11 +28,14 @@ int callsMade()
     return calls;
 }
 
-// The end of the IDE that a life went through is not the end of this program.
+// The end of the IDE that a life went through is not the end of this program. Timers that take longer than their
+// interval would never let it come to an end.
 void workOffMessages()
 {
+    constexpr DWORD longest = 250; // milliseconds
+    const DWORD start = GetTickCount();
     MSG message{};
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+    while (GetTickCount() - start < longest && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
         if (message.message == WM_QUIT)
             continue;
         TranslateMessage(&message);
@@ -288,8 +291,11 @@ void Life::useSourceSafe()
 {
     chooseOfNode(L"Orders", L"Add Project to Visual SourceSafe");
     browse(L"Stored Procedures");
-    for (const wchar_t* item : {L"Add File", L"Check Out", L"Check In"})
+    for (const wchar_t* item : {L"Add File", L"Check Out", L"Check In"}) {
         choose(L"place_order", (std::wstring(L"Visual SourceSafe/") + item).c_str());
+        const DWORD looks = GetFileAttributesW(L"rz\\routines\\place_order.sql");
+        see(std::wstring(item) + (looks & FILE_ATTRIBUTE_READONLY ? L": read-only" : L": writable"));
+    }
 }
 
 void Life::reconnect()

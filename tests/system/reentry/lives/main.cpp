@@ -27,7 +27,8 @@ namespace {
 
 constexpr UINT exitCrash = 4;
 constexpr int exitWrong = 10;
-constexpr size_t mostPairs = 30; // of one process, so that each has its time limit
+constexpr size_t mostPairs = 30;     // of one process, so that each has its time limit
+constexpr DWORD longestRun = 60000; // milliseconds; the next pair begins in another process then
 
 void say(const std::wstring& text)
 {
@@ -41,9 +42,9 @@ std::wstring afterFault()
     return faults().wasReached() ? L" after " + faults().hit() + L" failed" : L"";
 }
 
-void sayHang()
+void sayHang(const wchar_t* how)
 {
-    say(L"HANG" + afterFault());
+    say(std::wstring(L"HANG ") + how + afterFault());
 }
 
 LONG CALLBACK sayCrash(EXCEPTION_POINTERS* raised)
@@ -72,7 +73,8 @@ void sayAbort(int)
     TerminateProcess(GetCurrentProcess(), exitCrash);
 }
 
-// For the tests of the tests: a fault of the host's own, and an entry that nobody takes away.
+// For the tests of the tests: a fault of the host's own, an entry that nobody takes away, a reference that nobody gives
+// back, a call that does not return.
 void crash(Shell&)
 {
     __builtin_trap();
@@ -83,7 +85,18 @@ void litter(Shell& shell)
     shell.dte().bars->menuBar().addCommand(L"Litter", [] {});
 }
 
-constexpr ReentryAction ownActions[] = {{L"crash", crash}, {L"litter", litter}};
+void hold(Shell& shell)
+{
+    shell.dte().solution->AddRef();
+}
+
+void hang(Shell&)
+{
+    for (volatile bool waits = true; waits;)
+        continue;
+}
+
+constexpr ReentryAction ownActions[] = {{L"crash", crash}, {L"litter", litter}, {L"hold", hold}, {L"hang", hang}};
 
 const ReentryAction& actionOf(const std::wstring& name)
 {
@@ -171,29 +184,25 @@ std::vector<std::wstring> disturbedLife(const Pair& pair, SessionWatch& watch, b
 std::vector<std::wstring> faultedLife(const Pair& pair, FaultManner manner, SessionWatch& watch, bool isTold)
 {
     renewFiles();
-    const long before = heldObjects();
-    std::vector<std::wstring> wrong;
-    {
-        Life life(solutionPath());
-        reentry().count();
-        faults().plan(pair.place, manner);
-        life.wholeWithSourceSafe();
-        if (isTold)
-            sayFacts(life.facts());
-        wrong = wrongAfterFault(life, watch);
-    }
-    faults().rest();
-    if (heldObjects() != before)
-        wrong.push_back(std::to_wstring(heldObjects() - before) + L" objects of the IDE are held");
-    return wrong;
+    Life life(solutionPath());
+    reentry().count();
+    faults().plan(pair.place, manner);
+    life.wholeWithSourceSafe();
+    if (isTold)
+        sayFacts(life.facts());
+    return wrongAfterFault(life, watch);
 }
 
 int runPair(const Pair& pair, SessionWatch& watch, bool isAlone)
 {
     const auto manner = faultManner(pair.action);
-    beginPair(manner.has_value());
+    beginPair();
+    const long before = heldObjects();
     std::vector<std::wstring> wrong =
         manner ? faultedLife(pair, *manner, watch, isAlone) : disturbedLife(pair, watch, isAlone);
+    faults().rest();
+    if (heldObjects() != before)
+        wrong.push_back(std::to_wstring(heldObjects() - before) + L" objects of the IDE are held");
     const bool wasReached = manner ? faults().wasReached() : reentry().wasReached();
     watch.closeForNext();
     if (wrong.empty())
@@ -212,7 +221,8 @@ int run(const std::wstring& file, size_t number)
     const std::vector<Pair> pairs = readPairs(text);
     SessionWatch watch;
     const size_t last = std::min(pairs.size(), number + mostPairs);
-    for (; number < last; ++number) {
+    const DWORD began = GetTickCount();
+    for (; number < last && GetTickCount() - began < longestRun; ++number) {
         say(L"PAIR " + std::to_wstring(number) + L" " + pairLine(pairs[number]));
         const int result = runPair(pairs[number], watch, false);
         watch.closeForNext();

@@ -4,10 +4,10 @@
 
 namespace velk::devkit {
 
-// Ends the program, with the word HANG, when a pair takes too long or, where that is asked for, when nothing that the
-// host does itself has had its turn for longer than a user would bear.
-void startTimeLimit(void (*sayHang)());
-void beginPair(bool limitsSilence);
+// Ends the program when a pair is never done, or when nothing that the host does itself has its turn for longer than a
+// user would bear; says which of them before.
+void startTimeLimit(void (*sayHang)(const wchar_t* how));
+void beginPair();
 // Something of the host's own has its turn.
 void beat() noexcept;
 

@@ -242,11 +242,13 @@ void Life::whole()
     end();
 }
 
-void Life::brief()
+void Life::brief(bool isLetGo)
 {
     load();
     start();
     browse(L"Tables");
+    if (isLetGo)
+        m_shell.addIns().letGo(progId);
     end();
 }
 

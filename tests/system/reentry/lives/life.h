@@ -19,8 +19,8 @@ public:
 
     // Load, start, browse every folder, build, a question, a tool, a source text, disconnect and connect, unload.
     void whole();
-    // Load, start, one folder, unload.
-    void brief();
+    // Load, start, one folder, unload; or the host lets go of the add-in without telling it.
+    void brief(bool isLetGo = false);
     // What is loaded still, second objects too, is unloaded.
     void end();
 

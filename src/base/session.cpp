@@ -16,8 +16,9 @@ Session::~Session() = default;
 
 Session Session::none() noexcept
 {
-    static never_destroyed<std::shared_ptr<Life>> endless(std::make_shared<Life>());
-    return Session(endless.get());
+    static never_destroyed<Life> endless;
+    // Nobody owns it: no memory is taken that could be missing, or stay behind.
+    return Session(std::shared_ptr<Life>(std::shared_ptr<Life>(), &endless.get()));
 }
 
 bool Session::isOver() const noexcept

@@ -16,8 +16,8 @@ Session::~Session() = default;
 
 Session Session::none() noexcept
 {
-    static never_destroyed<std::shared_ptr<Life>> endless(std::make_shared<Life>());
-    return Session(endless.get());
+    static never_destroyed<Life> endless;
+    return Session(std::shared_ptr<Life>(std::shared_ptr<Life>(), &endless.get())); // nobody counts its references
 }
 
 bool Session::isOver() const noexcept

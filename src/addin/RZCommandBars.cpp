@@ -95,6 +95,13 @@ void RZCommandBars::finish() noexcept
     m_faces.reset();
 }
 
+com_ptr<IDispatch> RZCommandBars::commandBars()
+{
+    if (!m_commandBars)
+        m_commandBars = automation::getObject(m_ide, L"CommandBars");
+    return m_commandBars;
+}
+
 com_ptr<IDispatch> RZCommandBars::events()
 {
     if (!m_events)
@@ -127,7 +134,7 @@ void RZCommandBars::addButton(const com_ptr<IDispatch>& control, const EntryRow&
 
 void RZCommandBars::addToolbar()
 {
-    const com_ptr<IDispatch> bars = automation::getObject(m_ide, L"CommandBars");
+    const com_ptr<IDispatch> bars = commandBars();
     const std::wstring name = getRZString(toolbarNameText);
     m_session.throwIfOver();
     m_toolbar = ownToolbar(bars, name, m_session);
@@ -155,7 +162,7 @@ com_ptr<IDispatch> RZCommandBars::menuNamed(const std::wstring& caption)
 
 com_ptr<IDispatch> RZCommandBars::findOrAddMenu(const std::wstring& caption)
 {
-    const com_ptr<IDispatch> bars = automation::getObject(m_ide, L"CommandBars");
+    const com_ptr<IDispatch> bars = commandBars();
     const com_ptr<IDispatch> menuBar = automation::getObject(bars, L"ActiveMenuBar");
     const com_ptr<IDispatch> controls = controlsOf(menuBar);
     const int32_t count = automation::get(controls, L"Count").asLong();
@@ -244,6 +251,7 @@ void RZCommandBars::remove() noexcept
         swallow(L"RZCommandBars.remove", why, [&] { automation::call(toolbar, L"Delete"); });
     m_menu.reset();
     m_events.reset();
+    m_commandBars.reset();
     m_ide.reset();
 }
 

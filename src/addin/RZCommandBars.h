@@ -41,6 +41,7 @@ private:
         std::unique_ptr<event_connection> clicks; // none for a popup
     };
     std::shared_ptr<EntryFaces> faces();
+    com_ptr<IDispatch> commandBars();
     com_ptr<IDispatch> events();
     void addButton(const com_ptr<IDispatch>& control, const EntryRow& row);
     void addGroup(std::span<const EntryRow> rows);
@@ -50,6 +51,7 @@ private:
     com_ptr<IDispatch> m_ide;
     Session m_session;
     // What the IDE was asked for once and answers the same each time.
+    com_ptr<IDispatch> m_commandBars;
     com_ptr<IDispatch> m_events;
     std::wstring m_menuName;
     com_ptr<IDispatch> m_menu; // of that name

@@ -16,13 +16,42 @@ int systemLength(size_t length)
     return static_cast<int>(length);
 }
 
-std::optional<std::wstring> cut(std::wstring text)
+// How many bytes from the first on are ASCII characters, NUL not among them. In every code page that a process can have
+// they are characters of their own, and the same ones in wide text.
+size_t plainLength(std::span<const char> bytes) noexcept
+{
+    size_t length = 0;
+    for (uint32_t four = 0; length + sizeof four <= bytes.size(); length += sizeof four) {
+        std::memcpy(&four, bytes.data() + length, sizeof four);
+        if (((four - 0x01010101U) | four) & 0x80808080U)
+            break;
+    }
+    while (length < bytes.size() && bytes[length] > '\0')
+        ++length;
+    return length;
+}
+
+void widen(std::wstring& text, std::span<const char> plain)
+{
+    text.resize(plain.size());
+    std::copy(plain.begin(), plain.end(), text.begin());
+}
+
+// No code page makes more characters than bytes.
+void convert(std::wstring& text, std::span<const char> bytes, CodePage codePage)
+{
+    const int length = systemLength(bytes.size());
+    text.resize(bytes.size());
+    const int made = MultiByteToWideChar(codePage, 0, bytes.data(), length, text.data(), length);
+    throwLastErrorUnless(made > 0);
+    text.resize(static_cast<size_t>(made));
+}
+
+bool cutAtNul(std::wstring& text) noexcept
 {
     const size_t found = text.find(L'\0');
-    if (found == std::wstring::npos)
-        return std::nullopt;
-    text.resize(found);
-    return text;
+    text.resize(found == std::wstring::npos ? 0 : found);
+    return found != std::wstring::npos;
 }
 
 } // namespace
@@ -53,39 +82,44 @@ void write(std::wstring_view text, std::span<char> target, CodePage codePage)
     throwLastErrorUnless(written > 0);
 }
 
-// No code page makes more characters than bytes.
 std::wstring wideOf(std::span<const char> bytes, CodePage codePage)
 {
-    if (bytes.empty())
-        return {};
-    const int length = systemLength(bytes.size());
-    std::wstring text(bytes.size(), L'\0');
-    const int made = MultiByteToWideChar(codePage, 0, bytes.data(), length, text.data(), length);
-    throwLastErrorUnless(made > 0);
-    text.resize(static_cast<size_t>(made));
+    std::wstring text;
+    if (plainLength(bytes) == bytes.size())
+        widen(text, bytes);
+    else
+        convert(text, bytes, codePage);
     return text;
 }
 
-std::optional<std::wstring> wideBeforeNul(std::span<const char> bytes, CodePage codePage)
+bool readBeforeNul(std::wstring& text, std::span<const char> bytes, CodePage codePage)
 {
-    if (!bytes.empty() && bytes.front() == '\0')
-        return std::wstring();
-    const auto nul = std::find(bytes.begin(), bytes.end(), '\0');
-    if (nul != bytes.end())
-        if (auto text = cut(wideOf({bytes.begin(), nul + 1}, codePage)))
-            return text;
+    const size_t plain = plainLength(bytes);
+    if (plain == bytes.size()) {
+        text.clear();
+        return false;
+    }
+    if (bytes[plain] == '\0') {
+        widen(text, bytes.first(plain));
+        return true;
+    }
+    const auto nul = std::find(bytes.begin() + static_cast<ptrdiff_t>(plain), bytes.end(), '\0');
+    if (nul != bytes.end()) {
+        convert(text, {bytes.begin(), nul + 1}, codePage);
+        if (cutAtNul(text))
+            return true;
+    }
     // Either there is no NUL byte, or the bytes before it took it into a character of theirs.
-    return cut(wideOf(bytes, codePage));
+    convert(text, bytes, codePage);
+    return cutAtNul(text);
 }
 
 void trimAtNull(std::wstring& text)
 {
-    const size_t found = text.find(L'\0');
-    text.resize(found == std::wstring::npos ? 0 : found);
+    cutAtNul(text);
 }
 
-CountedText::CountedText(size_t length)
-    : m_block(std::make_unique<char[]>(countedSize(length))), m_bytes(placeCounted(m_block.get(), length))
+CountedText::CountedText(size_t length) : m_block(countedSize(length)), m_bytes(placeCounted(m_block.get(), length))
 {
 }
 

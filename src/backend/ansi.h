@@ -1,10 +1,10 @@
 #pragma once
 
+#include "backend/text_block.h"
+
 #include "base/win32.h"
 
 #include <cstdint>
-#include <memory>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -29,9 +29,10 @@ size_t lengthOf(std::wstring_view text, CodePage codePage);
 void write(std::wstring_view text, std::span<char> target, CodePage codePage);
 std::wstring wideOf(std::span<const char> bytes, CodePage codePage = processCodePage);
 
-// The wide text before the first NUL character, without the cost of converting what follows it. Nothing when the
-// wide text has no NUL at all: in an Asian code page a NUL byte behind a lead byte is none.
-std::optional<std::wstring> wideBeforeNul(std::span<const char> bytes, CodePage codePage = processCodePage);
+// Reads the wide text before the first NUL character into a text that keeps its memory, without the cost of converting
+// what follows the NUL. False, and an empty text, when the wide text has no NUL at all: in an Asian code page a NUL
+// byte behind a lead byte is none.
+bool readBeforeNul(std::wstring& text, std::span<const char> bytes, CodePage codePage = processCodePage);
 
 // Cuts a text at its first NUL character; a text that has none becomes empty, because its writer ran out of room.
 void trimAtNull(std::wstring& text);
@@ -47,7 +48,7 @@ public:
     std::span<const char> bytes() const noexcept { return m_bytes; }
 
 private:
-    std::unique_ptr<char[]> m_block;
+    TextBlock m_block;
     std::span<char> m_bytes;
 };
 

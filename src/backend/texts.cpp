@@ -16,11 +16,14 @@ std::wstring firstCharacters(std::span<const char> buffer, int32_t count)
     if (count < 1)
         return {};
     const auto length = static_cast<size_t>(count);
-    auto ended = ansi::wideBeforeNul(buffer);
-    // When the NUL is exactly the last character counted, the count wins and the NUL stays in the text.
-    if (ended && ended->size() + 1 == length)
-        return *ended + L'\0';
-    return (ended ? *ended : ansi::wideOf(buffer)).substr(0, length);
+    std::wstring text;
+    if (!ansi::readBeforeNul(text, buffer))
+        text = ansi::wideOf(buffer);
+    else if (text.size() + 1 == length)
+        text.push_back(L'\0'); // just the last character counted: the count wins
+    if (text.size() > length)
+        text.resize(length);
+    return text;
 }
 
 template <class Fetch>

@@ -48,9 +48,9 @@ void WireBlock::placeTexts(const void* record, Fill fill)
     }
     if (total == 0)
         return;
-    m_block = std::make_unique<char[]>(total);
+    m_block.emplace(total);
     index = 0;
-    char* next = m_block.get();
+    char* next = m_block->get();
     for (const FieldRow& row : m_layout.fields) {
         if (row.kind != FieldKind::text)
             continue;
@@ -75,7 +75,7 @@ void WireBlock::placeNumbers(const void* record, Fill fill)
 void WireBlock::readText(std::wstring& text, std::span<const char> bytes, bool trimmed) const
 {
     if (trimmed)
-        text = ansi::wideBeforeNul(bytes, m_codePage).value_or(std::wstring());
+        ansi::readBeforeNul(text, bytes, m_codePage);
     else
         text = ansi::wideOf(bytes, m_codePage);
 }

@@ -5,7 +5,7 @@
 
 #include <array>
 #include <cstddef>
-#include <memory>
+#include <optional>
 #include <span>
 
 namespace velk {
@@ -37,7 +37,7 @@ private:
     const RecordLayout& m_layout;
     ansi::CodePage m_codePage;
     alignas(4) std::array<std::byte, largestWireRecord> m_record{};
-    std::unique_ptr<char[]> m_block;
+    std::optional<ansi::TextBlock> m_block; // none for a record without texts
     std::array<std::span<char>, mostTextsInRecord> m_texts;
 };
 

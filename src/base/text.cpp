@@ -85,7 +85,9 @@ std::wstring toWide(std::string_view text)
 
 std::wstring numberText(int32_t number)
 {
-    return std::to_wstring(number);
+    char digits[std::numeric_limits<int32_t>::digits10 + 2]; // and a sign
+    char* const end = std::to_chars(std::begin(digits), std::end(digits), number).ptr;
+    return std::wstring(std::begin(digits), end);
 }
 
 std::wstring booleanText(bool truth)

@@ -2,6 +2,8 @@
 
 #include "base/error.h"
 
+#include <utility>
+
 namespace velk {
 namespace {
 
@@ -17,6 +19,22 @@ variant converted(const VARIANT& value, VARTYPE type)
 variant::variant(const variant& other) : variant()
 {
     throwIfFailed(VariantCopy(&m_value, const_cast<VARIANT*>(&other.m_value)));
+    m_isSecret = other.m_isSecret;
+}
+
+variant variant::secret(std::wstring_view text)
+{
+    variant result(text);
+    result.m_isSecret = true;
+    return result;
+}
+
+void variant::clear() noexcept
+{
+    // The system keeps freed strings for the next ones, as they are.
+    if (std::exchange(m_isSecret, false) && m_value.vt == VT_BSTR && m_value.bstrVal)
+        SecureZeroMemory(m_value.bstrVal, SysStringByteLen(m_value.bstrVal));
+    VariantClear(&m_value);
 }
 
 variant variant::refTo(IDispatch** object) noexcept

@@ -45,13 +45,20 @@ public:
     }
     variant(const com_ptr<IDispatch>& object) noexcept : variant(object.get()) {}
     variant(const variant& other);
-    variant(variant&& other) noexcept : m_value(other.m_value) { other.m_value.vt = VT_EMPTY; }
-    ~variant() { VariantClear(&m_value); }
+    variant(variant&& other) noexcept : m_value(other.m_value), m_isSecret(other.m_isSecret)
+    {
+        other.m_value.vt = VT_EMPTY;
+    }
+    ~variant() { clear(); }
     variant& operator=(variant other) noexcept
     {
         std::swap(m_value, other.m_value);
+        std::swap(m_isSecret, other.m_isSecret);
         return *this;
     }
+
+    // A text whose characters are zeroed before they are given back; so are those of its copies.
+    static variant secret(std::wstring_view text);
 
     // A reference to the caller's variable, which must outlive the variant.
     static variant refTo(IDispatch** object) noexcept;
@@ -60,7 +67,7 @@ public:
     const VARIANT& get() const noexcept { return m_value; }
     VARIANT* put() noexcept
     {
-        VariantClear(&m_value);
+        clear();
         return &m_value;
     }
     VARTYPE type() const noexcept { return m_value.vt; }
@@ -73,7 +80,10 @@ public:
     com_ptr<IDispatch> asObject() const noexcept;
 
 private:
+    void clear() noexcept;
+
     VARIANT m_value;
+    bool m_isSecret = false;
 };
 
 } // namespace velk

@@ -60,11 +60,10 @@ void handleObjectAdded(const IntegrationMgr& manager, const trzNotify& notificat
 
 void handleObjectRemoved(const IntegrationMgr&, const trzNotify& notification)
 {
-    const std::wstring key = makeKey(notification.lObjectHdl);
     if (notification.lObjectType == kindProject || notification.lObjectType == kindConnection)
-        removeNode(key);
+        removeNode(makeKey(notification.lObjectHdl));
     else
-        removeListRow(kindTag(notification.lObjectType), key);
+        removeListRow(notification.lObjectType, notification.lObjectHdl);
 }
 
 void handleObjectChanged(const IntegrationMgr& manager, const trzNotify& notification)

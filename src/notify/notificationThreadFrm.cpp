@@ -15,6 +15,7 @@ namespace {
 
 constexpr UINT_PTR timerThread = 1;
 constexpr UINT timerInterval = 100; // milliseconds
+constexpr DWORD longestTick = 100;  // milliseconds; the timer is due again by then
 constexpr int deepest = 30;
 
 using Handler = void (*)(const IntegrationMgr& manager, const trzNotify& notification);
@@ -134,9 +135,14 @@ void notificationThreadFrm::timerThread_Timer() noexcept
 
 void notificationThreadFrm::drain()
 {
-    m_failures.beginTick();
+    if (!std::exchange(m_hasRest, false))
+        m_failures.beginDrain();
+    const DWORD begun = GetTickCount();
     bool more = true;
     while (more && !isOver() && m_failures.areBearable()) {
+        m_hasRest = GetTickCount() - begun >= longestTick;
+        if (m_hasRest)
+            return;
         trzNotify notification;
         const int32_t status = RZGetNotification(notification, more);
         m_failures.count(status);

@@ -8,9 +8,10 @@
 
 namespace velk {
 
-// The hidden form whose timer drains the tool's notifications, ten times a second, and carries each of them out. It
-// is the only reader of the queue. Ticks come on the user-interface thread; one can begin inside another only while a
-// message box of the outer one runs its own message loop, and that is harmless.
+// The hidden form whose timer drains the tool's notifications, ten times a second, and carries each of them out. A tick
+// that has worked for a tenth of a second leaves the rest to the next, which is due by then, and lets the IDE answer
+// what waits. The form is the only reader of the queue. Ticks come on the user-interface thread; one can begin inside
+// another only while a message box of the outer one runs its own message loop, and that is harmless.
 class notificationThreadFrm : public Window, public std::enable_shared_from_this<notificationThreadFrm> {
 public:
     // Makes the form; its timer runs from then on. The form lives as long as its owner, or as a tick that is still
@@ -25,6 +26,8 @@ public:
     void unload() noexcept;
 
     void timerThread_Timer() noexcept;
+    // Whether the last tick left something to the next.
+    bool hasRest() const noexcept { return m_hasRest; }
 
 protected:
     LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -34,12 +37,12 @@ private:
     // again, for a moment only until something succeeds. One that fails now and then is drained to the end.
     class Failures {
     public:
-        void beginTick() noexcept { m_inARow = 0; }
+        void beginDrain() noexcept { m_inARow = 0; }
         void count(int32_t status) noexcept;
         bool areBearable() noexcept;
 
     private:
-        int m_inARow = 0; // in this tick
+        int m_inARow = 0; // in this tick, and those that left it a rest
         DWORD m_since = 0;
         bool m_isGivenUp = false; // by an earlier tick, with no success since
     };
@@ -52,6 +55,7 @@ private:
     IntegrationMgr m_IMgr;
     Failures m_failures;
     int m_depth = 0; // of ticks within ticks
+    bool m_hasRest = false;
 };
 
 } // namespace velk

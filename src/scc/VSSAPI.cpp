@@ -85,7 +85,7 @@ bool isBelowRoot(const std::wstring& name)
 }
 
 // The failure as it may be written down: a server that repeats the password in its words is not quoted.
-Error withoutPassword(const Error& error, const std::wstring& password)
+Error withoutPassword(const Error& error, std::wstring_view password)
 {
     const bool isRepeated =
         !password.empty() && (error.description() + error.source()).find(password) != std::wstring::npos;
@@ -109,17 +109,17 @@ void onFile(const wchar_t* where, const std::wstring& path, Operation operation)
 
 } // namespace
 
-bool openSourceSafeDatabase(const std::wstring& userName, const std::wstring& password,
-                            const std::wstring& databaseName, const DatabaseTable& table)
+bool openSourceSafeDatabase(const std::wstring& userName, std::wstring_view password, const std::wstring& databaseName,
+                            const DatabaseTable& table)
 {
     const Closing closing;
     state().database.reset(); // the current project stays until another one is made current
     try {
         const com_ptr<IDispatch> database = automation::createObject(progId);
         const std::wstring ini = folderOf(databaseName, table) + iniFile;
-        automation::call(database, L"Open",
-                         {variant(std::wstring_view(ini)), variant(std::wstring_view(userName)),
-                          variant(std::wstring_view(password))});
+        automation::call(
+            database, L"Open",
+            {variant(std::wstring_view(ini)), variant(std::wstring_view(userName)), variant::secret(password)});
         if (closing.hasCome())
             return false; // the add-in was unloaded meanwhile
         state().database = database;

@@ -28,8 +28,8 @@ bool getSourceSafeDatabases(DatabaseTable& table);
 
 // Opens a database of the table with a user's credentials and keeps it as the open one, the one before being let go.
 // A failure is shown as SourceSafe tells it, and leaves no database open.
-bool openSourceSafeDatabase(const std::wstring& userName, const std::wstring& password,
-                            const std::wstring& databaseName, const DatabaseTable& table);
+bool openSourceSafeDatabase(const std::wstring& userName, std::wstring_view password, const std::wstring& databaseName,
+                            const DatabaseTable& table);
 
 // Appends the names of the projects below the root; false when the list is empty then. Failures end it quietly.
 bool getSourceSafeProjects(std::vector<std::wstring>& projects);

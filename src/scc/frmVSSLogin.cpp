@@ -33,6 +33,12 @@ constexpr int32_t noDatabaseText = 681;
 
 } // namespace
 
+frmVSSLogin::~frmVSSLogin()
+{
+    if (isLoaded())
+        wipe(txtPassword);
+}
+
 void frmVSSLogin::Form_Load()
 {
     load(dialogOwner(), layout, formFont());
@@ -70,7 +76,7 @@ void frmVSSLogin::loginBtn_Click()
     // The database that was open is let go of in any case: after a failure there is nothing that OK could mean.
     enable(projNameCombo, false);
     enable(cmdOK, false);
-    if (!openSourceSafeDatabase(text(txtUserName), text(txtPassword), text(DBCombo), m_table) || !isLoaded())
+    if (!openSourceSafeDatabase(text(txtUserName), secret(txtPassword).view(), text(DBCombo), m_table) || !isLoaded())
         return;
     std::vector<std::wstring> projects;
     getSourceSafeProjects(projects);

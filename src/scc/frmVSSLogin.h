@@ -6,9 +6,12 @@
 namespace velk {
 
 // The dialog in which the user logs in to a SourceSafe database and chooses the project to work in. It leaves the open
-// database and the current project with VSSAPI. Neither user name nor password is kept.
+// database and the current project with VSSAPI. Neither user name nor password is kept;
+// the password is not left in memory either.
 class frmVSSLogin : public Dialog {
 public:
+    ~frmVSSLogin() override;
+
     // The controls' numbers.
     // clang-format off
     enum Control : int {

@@ -4,7 +4,7 @@
 #include "serverview/RowModel.h"
 #include "window/list_view.h"
 
-#include <functional>
+#include <climits>
 #include <map>
 #include <memory>
 
@@ -16,21 +16,27 @@ class DetailsList {
     struct Contents;
 
 public:
-    explicit DetailsList(HWND parent) : m_view(parent) {}
+    explicit DetailsList(HWND parent);
+    DetailsList(const DetailsList&) = delete;
+    DetailsList& operator=(const DetailsList&) = delete;
+    ~DetailsList();
 
     ListView& view() noexcept { return m_view; }
-    const RowModel& rows() const noexcept { return m_rows; }
+    // All rows have their places, but for those of a filling that is under way.
+    const RowModel& rows() noexcept;
     void setFont(HFONT font);
 
     // Empties the list and gives it the columns of a folder kind; a kind without columns gets none.
     void showColumns(int32_t folderKind, const std::vector<std::wstring>& headers);
 
-    void add(Row row);
-    // Changes a row in place and shows the change; nothing when no row has the key.
-    void update(const std::wstring& key, const std::function<void(Row&)>& change);
-    void remove(const std::wstring& key);
+    // What is added, changed, removed or taken away is shown together, when the control gets its next message: there is
+    // none that does not find it up to date.
+    void add(Row::Owner row);
+    // Changes a row in place; nothing when no row has the handle.
+    void update(int32_t handle, const RowModel::Dress& dress);
+    void remove(int32_t handle);
     // Takes all rows away. If the next filling brings them back (a refresh of the folder), selection, focus and first
-    // visible row are found again by their keys.
+    // visible row are found again by their handles.
     void clear();
 
     // Orders by a column; by the same column again reverses the order.
@@ -38,7 +44,7 @@ public:
     const RowOrder& order() const noexcept { return m_order; }
 
     // The selected row; null when none is.
-    const Row* selected() const noexcept;
+    const Row* selected() noexcept;
 
     // While one of these lives, added rows are not shown one by one but all together at its end. The list may be
     // emptied for other rows, or go, while it lives; it is overtaken then, and its end does nothing.
@@ -67,26 +73,41 @@ public:
     };
 
     // The control's questions, handed on by its parent window.
-    void onGetDispInfo(NMLVDISPINFOW& question) const noexcept;
-    LRESULT onCustomDraw(NMLVCUSTOMDRAW& draw) const noexcept;
+    void onGetDispInfo(NMLVDISPINFOW& question) noexcept;
+    LRESULT onCustomDraw(NMLVCUSTOMDRAW& draw) noexcept;
     // The row whose name begins with what the user typed; -1 for none.
-    LRESULT onFindItem(const NMLVFINDITEMW& question) const;
+    LRESULT onFindItem(const NMLVFINDITEMW& question) noexcept;
 
 private:
     // What the list holds from one emptying to the next.
     struct Contents {
         int fillings = 0; // that are under way
     };
-    // Where the user was, by the keys of rows.
+    // Where the user was, by the handles of rows.
     struct Place {
-        std::wstring selected;
-        std::wstring focused;
-        std::wstring top;
+        std::optional<int32_t> selected;
+        std::optional<int32_t> focused;
+        std::optional<int32_t> top;
     };
-    Place placeNow() const;
-    void goTo(const Place& place) const;
+    // What the control has not been told yet.
+    struct Unshown {
+        Place place{};              // where the user is to be afterwards
+        bool areRowsOthers = false; // rows came, went or moved; otherwise some look otherwise
+        bool isCleared = false;     // all went before those that are there came
+        int top = 0;                // rows on screen
+        int bottom = -1;
+        int firstStale = INT_MAX; // of those on screen
+        int lastStale = -1;
+    };
+    Place placeOfUser() const;
+    Unshown& beginChange();
+    void draw(const Row& changed);
+    void show() noexcept;
+    void showRows(const Unshown& changes) noexcept;
+    int rowOf(const std::optional<int32_t>& handle) const noexcept;
+    void goTo(const Place& place, int otherwiseTop) const noexcept;
+    void placeRows() noexcept;
     void endFilling() noexcept;
-    void showRows();
     void showOrder();
     void keepLooks();
     void fitColumns();
@@ -104,6 +125,8 @@ private:
     std::map<int32_t, Looks> m_looks; // by folder kind
     RowOrder m_order;
     Place m_placeBeforeClear;
+    std::optional<Unshown> m_unshown;
+    bool m_isOrderLost = false; // by a filling, which puts all rows in order at its end
     int32_t m_folderKind = 0;
     std::shared_ptr<Contents> m_contents = std::make_shared<Contents>();
     bool m_areWidthsKnown = false;

@@ -4,56 +4,156 @@
 
 #include <algorithm>
 #include <cwchar>
-#include <cwctype>
 
 namespace velk {
+namespace {
 
-std::optional<size_t> RowModel::find(const std::wstring& key) const
+// Rows that moved farther than that are numbered anew before one is looked for.
+constexpr size_t farthest = 512;
+
+// So many gaps are closed even if nobody looks, when they are most of the slots.
+constexpr size_t manyGaps = 1024;
+
+} // namespace
+
+size_t RowModel::size() const noexcept
 {
-    const auto found = m_index.find(key);
-    if (found == m_index.end())
-        return std::nullopt;
-    return found->second;
+    closeGaps();
+    return m_placed;
 }
 
-std::optional<size_t> RowModel::findName(const std::wstring& beginning, size_t from) const
+const Row& RowModel::at(size_t place) const noexcept
 {
-    for (size_t index = from; index < m_rows.size(); ++index)
-        if (_wcsnicmp(m_rows[index].cells.at(0).c_str(), beginning.c_str(), beginning.size()) == 0)
-            return index;
+    closeGaps();
+    return *m_rows[place];
+}
+
+void RowModel::closeGaps() const noexcept
+{
+    if (m_gaps == 0)
+        return;
+    const auto stays = [](const Row* row) { return row != nullptr; };
+    const auto placedEnd = m_rows.begin() + static_cast<std::ptrdiff_t>(m_placed);
+    const auto placedGaps =
+        m_firstGap < m_placed ? std::count(m_rows.begin() + static_cast<std::ptrdiff_t>(m_firstGap), placedEnd, nullptr)
+                              : 0;
+    auto kept = m_rows.begin() + static_cast<std::ptrdiff_t>(m_firstGap);
+    kept = std::copy_if(kept, m_rows.end(), kept, stays);
+    m_rows.erase(kept, m_rows.end());
+    m_placed -= static_cast<size_t>(placedGaps);
+    if (m_movedUp != anywhere)
+        m_movedUp += m_gaps;
+    m_gaps = 0;
+}
+
+void RowModel::number() const noexcept
+{
+    for (size_t slot = 0; slot < m_rows.size(); ++slot)
+        if (m_rows[slot])
+            m_rows[slot]->m_slot = static_cast<uint32_t>(slot);
+    m_movedUp = 0;
+    m_movedDown = 0;
+}
+
+size_t RowModel::slotOf(const Row& row) const noexcept
+{
+    if (m_movedUp > farthest || m_movedDown > farthest)
+        number();
+    const size_t noted = row.m_slot;
+    const size_t first = noted - std::min(noted, m_movedUp);
+    const auto begin = m_rows.begin() + static_cast<std::ptrdiff_t>(std::min(first, m_rows.size()));
+    if (noted < m_rows.size() && m_rows[noted] == &row)
+        return noted;
+    return static_cast<size_t>(std::find(begin, m_rows.end(), &row) - m_rows.begin());
+}
+
+std::optional<size_t> RowModel::placeOf(const Row& row) const noexcept
+{
+    closeGaps();
+    const size_t slot = slotOf(row);
+    return slot < m_placed ? std::optional(slot) : std::nullopt;
+}
+
+const Row* RowModel::neighbourOf(const Row& row) const noexcept
+{
+    const size_t slot = slotOf(row);
+    for (size_t next = slot + 1; next < m_placed; ++next)
+        if (m_rows[next])
+            return m_rows[next];
+    for (size_t next = std::min(slot, m_placed); next-- > 0;)
+        if (m_rows[next])
+            return m_rows[next];
+    return nullptr;
+}
+
+std::optional<size_t> RowModel::findName(std::wstring_view beginning, size_t from) const noexcept
+{
+    closeGaps();
+    for (size_t place = from; place < m_placed; ++place) {
+        const std::wstring_view name = m_rows[place]->name();
+        if (name.size() >= beginning.size() && _wcsnicmp(name.data(), beginning.data(), beginning.size()) == 0)
+            return place;
+    }
     return std::nullopt;
 }
 
-void RowModel::add(Row row)
+void RowModel::add(Row::Owner row)
 {
-    if (!m_index.try_emplace(row.key, m_rows.size()).second)
+    if (m_index.find(row->handle()))
         throw Error(errorKeyNotUnique);
-    row.arrival = ++m_lastArrival;
-    m_rows.push_back(std::move(row));
+    m_index.reserve(m_index.size() + 1);
+    m_rows.push_back(row.get());
+    row->m_arrival = ++m_lastArrival;
+    row->m_slot = static_cast<uint32_t>(m_rows.size() - 1);
+    m_index.insert(*row.release());
 }
 
-size_t RowModel::remove(const std::wstring& key)
+void RowModel::remove(int32_t handle)
 {
-    const auto found = m_index.find(key);
-    if (found == m_index.end())
+    Row* const row = m_index.find(handle);
+    if (!row)
         throw Error(errorElementNotFound);
-    const size_t place = found->second;
-    m_index.erase(found);
-    m_rows.erase(m_rows.begin() + static_cast<std::ptrdiff_t>(place));
-    renumber(place);
-    return place;
+    const size_t slot = slotOf(*row);
+    m_rows[slot] = nullptr;
+    m_firstGap = m_gaps == 0 ? slot : std::min(m_firstGap, slot);
+    ++m_gaps;
+    m_index.erase(handle);
+    Row::Deleter()(row);
+    m_order.reset();
+    if (m_gaps > manyGaps && m_gaps > m_rows.size() / 2)
+        closeGaps();
 }
 
 void RowModel::clear() noexcept
 {
-    m_rows.clear();
+    for (Row* const row : m_rows)
+        if (row)
+            Row::Deleter()(row);
+    m_rows = {};
+    m_placed = m_gaps = m_movedUp = m_movedDown = 0;
     m_index.clear();
+    m_order.reset();
+    m_differs = {};
 }
 
-void RowModel::renumber(size_t from)
+const Row* RowModel::change(int32_t handle, const Dress& dress)
 {
-    for (size_t index = from; index < m_rows.size(); ++index)
-        m_index.find(m_rows[index].key)->second = index;
+    Row* row = m_index.find(handle);
+    if (!row)
+        return nullptr;
+    const bool areTextsNew = row->name() != dress.name || row->tag() != dress.tag;
+    if (!areTextsNew && row->looks() == dress.looks)
+        return nullptr;
+    if (areTextsNew) {
+        Row::Owner changed = row->renamed(dress.name, dress.tag);
+        m_rows[slotOf(*row)] = changed.get();
+        m_index.replace(*changed);
+        Row::Deleter()(row);
+        row = changed.release();
+        m_order.reset();
+    }
+    row->setLooks(dress.looks);
+    return row;
 }
 
 } // namespace velk

@@ -1,23 +1,11 @@
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
+#include "serverview/RowIndex.h"
+
 #include <optional>
-#include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace velk {
-
-// A row of the details list: its cells in column order, the first being the object's name.
-struct Row {
-    std::wstring key;
-    std::vector<std::wstring> cells;
-    std::wstring tag;
-    int image = 0;
-    bool bold = false;
-    uint32_t arrival = 0; // set by the model: its place in the Backend's order
-};
 
 // By which column the rows stand, from 0 on; without one they stand in the Backend's order.
 struct RowOrder {
@@ -26,35 +14,76 @@ struct RowOrder {
     friend bool operator==(const RowOrder&, const RowOrder&) = default;
 };
 
-// The rows of the details list. Adding, finding and changing a row take time that does not depend on the number of
-// rows; a row that comes or goes in the middle moves those behind it.
+// The rows of the details list. Adding, finding, changing and removing a row take time that does not depend on the
+// number of rows; what comes and goes together moves the others once. What throws has changed nothing.
 class RowModel {
 public:
-    size_t size() const noexcept { return m_rows.size(); }
-    const Row& at(size_t index) const { return m_rows.at(index); }
-    Row& at(size_t index) { return m_rows.at(index); }
-    std::optional<size_t> find(const std::wstring& key) const;
-    // The first row from a place on whose name begins with a text, without regard to case; nothing behind the last row.
-    std::optional<size_t> findName(const std::wstring& beginning, size_t from) const;
+    RowModel() = default;
+    RowModel(const RowModel&) = delete;
+    RowModel& operator=(const RowModel&) = delete;
+    ~RowModel() { clear(); }
 
-    // Adds a row at the end, whatever the order; error 35602 for a key that is there already.
-    void add(Row row);
-    // The place that the row had; error 35601 for a key that is not there.
-    size_t remove(const std::wstring& key);
+    // The rows that have their places, which those that were added have not until they are placed.
+    size_t size() const noexcept;
+    bool hasAdded() const noexcept { return m_placed < m_rows.size(); }
+    // The row at a place below size().
+    const Row& at(size_t place) const noexcept;
+    // Null for a handle that no row has, placed or not.
+    const Row* find(int32_t handle) const noexcept { return m_index.find(handle); }
+    // Nothing for a row that has no place yet.
+    std::optional<size_t> placeOf(const Row& row) const noexcept;
+    // The row behind a placed one, or the one before the last; null for a row that is alone.
+    const Row* neighbourOf(const Row& row) const noexcept;
+    // The first row from a place on whose name begins with a text, without regard to case; nothing behind the last row.
+    std::optional<size_t> findName(std::wstring_view beginning, size_t from) const noexcept;
+
+    // Adds a row without a place; error 35602 for a handle that is there already.
+    void add(Row::Owner row);
+    // Error 35601 for a handle that is not there.
+    void remove(int32_t handle);
     void clear() noexcept;
+
+    // What can change in a row, which keeps its place whatever the order. Gives the row when something did; null when
+    // nothing did, or no row has the handle.
+    struct Dress {
+        std::wstring_view name;
+        std::wstring_view tag;
+        RowLooks looks;
+    };
+    const Row* change(int32_t handle, const Dress& dress);
 
     // Puts all rows into an order. A column whose cells are all whole numbers is ordered by their values, others as the
     // user's language orders texts; rows that do not differ keep the Backend's order.
     void sort(const RowOrder& order);
-    // Moves the last row to where the order wants it, the others being in order already; gives its place.
-    size_t placeLast(const RowOrder& order);
+    // Puts the added rows where the order wants them, the others being in order already.
+    void placeAdded(const RowOrder& order);
+    // The same behind all others, whatever the order.
+    void placeAddedLast() noexcept { m_placed = m_rows.size(); }
 
 private:
-    void renumber(size_t from);
+    size_t slotOf(const Row& row) const noexcept;
+    void number() const noexcept;
+    void closeGaps() const noexcept;
+    bool areNumbers(size_t column) const noexcept;
+    bool isReverseOf(const RowOrder& order) const noexcept;
+    void reverse() noexcept;
 
-    std::vector<Row> m_rows;
-    std::unordered_map<std::wstring, size_t> m_index;
+    // Rows in their order, and then those without a place. A removed row leaves a gap until somebody looks.
+    mutable std::vector<Row*> m_rows;
+    mutable size_t m_placed = 0; // slots, gaps included
+    mutable size_t m_gaps = 0;
+    mutable size_t m_firstGap = 0;
+    // How far rows may have moved away from the slot that they have noted.
+    static constexpr size_t anywhere = static_cast<size_t>(-1);
+    mutable size_t m_movedUp = 0;
+    mutable size_t m_movedDown = 0;
+    RowIndex m_index;
     uint32_t m_lastArrival = 0;
+
+    // The order that all placed rows are known to be in, and for each whether it differs from the one before.
+    std::optional<RowOrder> m_order;
+    std::vector<bool> m_differs;
+    bool m_areNumbers = false; // in the order of the last time
 };
 
 } // namespace velk

@@ -27,11 +27,6 @@ POINT inWindow(HWND window, POINT place)
     return place;
 }
 
-std::wstring cellOf(const Row& row, size_t column)
-{
-    return column < row.cells.size() ? row.cells[column] : std::wstring();
-}
-
 } // namespace
 
 void ContextMenus::open(HWND owner, HWND pane, POINT place, bool isByKeyboard)
@@ -81,7 +76,7 @@ std::optional<PopupMenu> ContextMenus::menuOfSelectedRow()
     const Row* row = m_parts.serverDetailsView->selected();
     if (!row)
         return std::nullopt;
-    return m_menus.menuOfRow(m_parts.selectedKind(), cellOf(*row, languageColumn), row->tag);
+    return m_menus.menuOfRow(m_parts.selectedKind(), std::wstring(row->cell(languageColumn)), std::wstring(row->tag()));
 }
 
 void ContextMenus::popUp(PopupMenu menu, HWND owner, POINT place)
@@ -99,7 +94,7 @@ ContextMenus::Target ContextMenus::targetOf(PopupMenu menu) const
 {
     const TreeNode* node = m_parts.serverTreeView->selected();
     const Row* row = actsOnTheTree(menu) ? nullptr : m_parts.serverDetailsView->selected();
-    return {node ? node->key : std::wstring(), row ? row->key : std::wstring()};
+    return {node ? node->key : std::wstring(), row ? makeKey(row->handle()) : std::wstring()};
 }
 
 void ContextMenus::clickMenuItem(MenuItem item) noexcept
@@ -122,7 +117,7 @@ std::optional<Choice::Object> ContextMenus::objectOf(PopupMenu menu) const
 {
     if (!actsOnTheTree(menu)) {
         const Row* row = m_parts.serverDetailsView->selected();
-        return row ? std::optional(Choice::Object{row->key, row->tag}) : std::nullopt;
+        return row ? std::optional(Choice::Object{makeKey(row->handle()), std::wstring(row->tag())}) : std::nullopt;
     }
     const TreeNode* node = m_parts.serverTreeView->selected();
     return node ? std::optional(Choice::Object{node->key, node->tag}) : std::nullopt;

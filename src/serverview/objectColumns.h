@@ -3,40 +3,48 @@
 // The columns of the details list for each kind of objects, the object's name being the first, and the pictures.
 
 #include "backend/records.h"
-#include "base/text.h"
 #include "serverview/pictures.h"
 
+#include <algorithm>
 #include <array>
+#include <charconv>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace velk {
 
-// A column: the message number of the text over it, and what a record shows in it.
+// Room for the text of a number.
+using NumberRoom = std::array<wchar_t, 11>;
+
+// A column: the message number of the text over it, and what a record shows in it. The text lives as long as the record
+// and the room do.
 template <class Record>
 struct Column {
     int32_t header;
-    std::wstring (*cell)(const Record& record);
+    std::wstring_view (*cell)(const Record& record, NumberRoom& room);
 };
 
-inline std::wstring cellText(const std::wstring& text)
+inline std::wstring_view cellText(const std::wstring& text, NumberRoom&)
 {
     return text;
 }
-inline std::wstring cellText(int32_t number)
+inline std::wstring_view cellText(int32_t number, NumberRoom& room)
 {
-    return numberText(number);
+    std::array<char, std::tuple_size_v<NumberRoom>> digits;
+    char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    return {room.data(), static_cast<size_t>(std::copy(digits.data(), end, room.data()) - room.data())};
 }
-inline std::wstring cellText(bool truth)
+inline std::wstring_view cellText(bool truth, NumberRoom&)
 {
-    return booleanText(truth);
+    return truth ? L"True" : L"False";
 }
 
 template <auto field>
 struct FieldCell;
 template <class Record, class Value, Value Record::* field>
 struct FieldCell<field> {
-    static std::wstring text(const Record& record) { return cellText(record.*field); }
+    static std::wstring_view text(const Record& record, NumberRoom& room) { return cellText(record.*field, room); }
 };
 
 // The cell that shows a field as what it is: a text, a number, or True and False.

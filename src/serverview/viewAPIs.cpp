@@ -16,6 +16,21 @@ const wchar_t* pictureKeyOf(const trzConnection& connection)
     return connection.bConnected ? connectedPicture : disconnectedPicture;
 }
 
+bool areShown(int32_t objectKind)
+{
+    const FolderKindRow* folder = folderKindRow(kindOf(publishedTree().selected()));
+    return folder && folder->objectKind() == objectKind;
+}
+
+// Of a row; no row has a key that is written in another way than makeKey's.
+int32_t handleOfRow(const std::wstring& key)
+{
+    const int32_t handle = keyToHandle(key);
+    if (makeKey(handle) != key)
+        throw Error(errorElementNotFound);
+    return handle;
+}
+
 } // namespace
 
 std::wstring makeKey(int32_t handle)
@@ -125,9 +140,16 @@ bool selectedNodeKindIs(int32_t kind) noexcept
 void removeListRow(const std::wstring& objectKind, const std::wstring& key) noexcept
 {
     swallow(where, why, [&] {
-        const FolderKindRow* folder = folderKindRow(kindOf(publishedTree().selected()));
-        if (folder && folder->objectKind() == kindOfTag(objectKind))
-            publishedList().remove(key);
+        if (areShown(kindOfTag(objectKind)))
+            publishedList().remove(handleOfRow(key));
+    });
+}
+
+void removeListRow(int32_t objectKind, int32_t handle) noexcept
+{
+    swallow(where, why, [&] {
+        if (areShown(objectKind))
+            publishedList().remove(handle);
     });
 }
 

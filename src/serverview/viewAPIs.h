@@ -42,6 +42,7 @@ void updateProcedureRow(const trzProcedure& procedure) noexcept;
 void updateFunctionRow(const trzFunction& function) noexcept;
 // Removes the row only while a folder of that kind of object is selected.
 void removeListRow(const std::wstring& objectKind, const std::wstring& key) noexcept;
+void removeListRow(int32_t objectKind, int32_t handle) noexcept;
 void clearListRows() noexcept;
 
 // Rows added while it lives are shown together at its end; harmless without a view.

@@ -13,51 +13,48 @@ constexpr wchar_t where[] = L"viewAPIs rows";
 constexpr wchar_t why[] = L"the list keeps what it shows";
 
 template <class Record, size_t count>
-Row rowOf(const Record& record, const Column<Record> (&columns)[count])
+void addRow(const Record& record, const Column<Record> (&columns)[count], std::wstring_view tag, RowLooks looks)
 {
-    Row row{makeKey(record.lHdl), {}, {}};
-    row.cells.reserve(count);
-    for (const Column<Record>& column : columns)
-        row.cells.push_back(column.cell(record));
-    return row;
-}
-
-// What changes in a row when its routine changes. The commands read the debug flag and the file name from the tag.
-template <class Routine>
-void dress(Row& row, const Routine& routine, const ObjectPictures& pictures)
-{
-    row.cells.at(0) = routine.strName;
-    row.tag = booleanText(routine.bCanDebug) + L"#" + routine.strFileName;
-    row.bold = routine.bIsDirty;
-    row.image = pictureOf(routine.bIsDirty ? pictures.dirty : pictures.plain);
+    std::array<NumberRoom, count> rooms;
+    std::array<std::wstring_view, count> cells;
+    for (size_t column = 0; column < count; ++column)
+        cells[column] = columns[column].cell(record, rooms[column]);
+    publishedList().add(Row::make(record.lHdl, cells, tag, looks));
 }
 
 template <class Record, size_t count>
-void addRow(const Record& record, const Column<Record> (&columns)[count], const ObjectPictures& pictures) noexcept
+void addObjectRow(const Record& record, const Column<Record> (&columns)[count], const ObjectPictures& pictures) noexcept
 {
-    swallow(where, why, [&] {
-        Row row = rowOf(record, columns);
-        row.image = pictureOf(pictures.plain);
-        publishedList().add(std::move(row));
-    });
+    swallow(where, why, [&] { addRow(record, columns, {}, {pictureOf(pictures.plain)}); });
+}
+
+// The commands read the debug flag and the file name from the tag.
+template <class Routine>
+std::wstring tagOf(const Routine& routine)
+{
+    return booleanText(routine.bCanDebug) + L"#" + routine.strFileName;
+}
+
+template <class Routine>
+RowLooks looksOf(const Routine& routine, const ObjectPictures& pictures)
+{
+    return {pictureOf(routine.bIsDirty ? pictures.dirty : pictures.plain), routine.bIsDirty};
 }
 
 template <class Routine, size_t count>
 void addRoutineRow(const Routine& routine, const Column<Routine> (&columns)[count],
                    const ObjectPictures& pictures) noexcept
 {
-    swallow(where, why, [&] {
-        Row row = rowOf(routine, columns);
-        dress(row, routine, pictures);
-        publishedList().add(std::move(row));
-    });
+    swallow(where, why, [&] { addRow(routine, columns, tagOf(routine), looksOf(routine, pictures)); });
 }
 
 template <class Routine>
 void updateRoutineRow(const Routine& routine, const ObjectPictures& pictures) noexcept
 {
-    swallow(where, why,
-            [&] { publishedList().update(makeKey(routine.lHdl), [&](Row& row) { dress(row, routine, pictures); }); });
+    swallow(where, why, [&] {
+        const std::wstring tag = tagOf(routine);
+        publishedList().update(routine.lHdl, {routine.strName, tag, looksOf(routine, pictures)});
+    });
 }
 
 } // namespace
@@ -74,17 +71,17 @@ void addFunctionRow(const trzFunction& function) noexcept
 
 void addTriggerRow(const trzTrigger& trigger) noexcept
 {
-    addRow(trigger, triggerColumns, triggerPictures);
+    addObjectRow(trigger, triggerColumns, triggerPictures);
 }
 
 void addTableRow(const trzTable& table) noexcept
 {
-    addRow(table, tableColumns, tablePictures);
+    addObjectRow(table, tableColumns, tablePictures);
 }
 
 void addViewRow(const trzView& view) noexcept
 {
-    addRow(view, viewColumns, viewPictures);
+    addObjectRow(view, viewColumns, viewPictures);
 }
 
 void updateProcedureRow(const trzProcedure& procedure) noexcept

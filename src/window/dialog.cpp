@@ -136,6 +136,23 @@ std::wstring Dialog::textOf(HWND window)
     return text;
 }
 
+secret_text Dialog::secret(int id) const
+{
+    secret_text text(static_cast<size_t>(GetWindowTextLengthW(item(id))));
+    GetWindowTextW(item(id), text.data(), static_cast<int>(text.capacity()) + 1);
+    return text;
+}
+
+// The control keeps a longer text's memory for a shorter one, so it is written over before it is given up.
+void Dialog::wipe(int id) const noexcept
+{
+    swallow(L"Dialog.wipe", L"the field stays as it is", [&] {
+        const std::wstring over(static_cast<size_t>(GetWindowTextLengthW(item(id))), L'*');
+        setText(id, over);
+        setText(id, {});
+    });
+}
+
 void Dialog::setIcon(int resource) const
 {
     // Shared icons belong to the system.

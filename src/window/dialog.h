@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/error.h"
+#include "base/secret_text.h"
 
 #include <cstdint>
 #include <memory>
@@ -64,6 +65,9 @@ public:
     // An icon resource of this module.
     void setIcon(int resource) const;
     std::wstring text(int id) const { return textOf(item(id)); }
+    // A password's field: what stands in it, and nothing left of it in the control's memory.
+    secret_text secret(int id) const;
+    void wipe(int id) const noexcept;
     void setText(int id, const std::wstring& text) const
     {
         throwLastErrorUnless(SetWindowTextW(item(id), text.c_str()));

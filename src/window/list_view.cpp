@@ -164,23 +164,45 @@ void ListView::setSortMark(int column, SortMark mark) noexcept
     SendMessageW(header, HDM_SETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
 }
 
+void ListView::askForMessage() const noexcept
+{
+    RedrawWindow(hwnd(), nullptr, nullptr, RDW_INTERNALPAINT);
+}
+
+ListView::Redraw::~Redraw()
+{
+    m_list.send(WM_SETREDRAW, TRUE);
+    m_list.redraw();
+}
+
 void ListView::setRowCount(size_t rows) const noexcept
 {
     send(LVM_SETITEMCOUNT, rows, LVSICF_NOSCROLL);
 }
 
-void ListView::redrawRow(size_t row) const noexcept
+int ListView::rowCount() const noexcept
 {
-    send(LVM_REDRAWITEMS, row, static_cast<LPARAM>(row));
+    return static_cast<int>(send(LVM_GETITEMCOUNT));
 }
 
-void ListView::removeRow(size_t row) const noexcept
+void ListView::redraw() const noexcept
 {
-    send(LVM_DELETEITEM, row);
+    InvalidateRect(hwnd(), nullptr, TRUE);
+}
+
+void ListView::redrawRows(int first, int last) const noexcept
+{
+    send(LVM_REDRAWITEMS, static_cast<WPARAM>(first), last);
 }
 
 int ListView::selectedRow() const noexcept
 {
+    // Looking for a selected row that is not there walks all rows. The focused one is found at once.
+    if (send(LVM_GETSELECTEDCOUNT) == 0)
+        return -1;
+    const int focused = focusedRow();
+    if (focused >= 0 && send(LVM_GETITEMSTATE, static_cast<WPARAM>(focused), LVIS_SELECTED) != 0)
+        return focused;
     return static_cast<int>(send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), MAKELPARAM(LVNI_SELECTED, 0)));
 }
 
@@ -194,22 +216,32 @@ int ListView::topRow() const noexcept
     return static_cast<int>(send(LVM_GETTOPINDEX));
 }
 
+int ListView::rowsOnAPage() const noexcept
+{
+    return static_cast<int>(send(LVM_GETCOUNTPERPAGE));
+}
+
+void ListView::setState(int row, UINT mask, UINT state) const noexcept
+{
+    LVITEMW item{};
+    item.stateMask = mask;
+    item.state = state;
+    send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+}
+
 void ListView::selectRow(int row) const noexcept
 {
-    LVITEMW state{};
-    state.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
-    send(LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&state));
-    state.state = LVIS_SELECTED | LVIS_FOCUSED;
+    // Taking the focus away from all rows walks all of them; taking the selection away does not.
+    setState(-1, LVIS_SELECTED, 0);
     if (row >= 0)
-        send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&state));
+        setState(row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    else if (const int focused = focusedRow(); focused >= 0)
+        setState(focused, LVIS_FOCUSED, 0);
 }
 
 void ListView::focusRow(int row) const noexcept
 {
-    LVITEMW state{};
-    state.stateMask = LVIS_FOCUSED;
-    state.state = LVIS_FOCUSED;
-    send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&state));
+    setState(row, LVIS_FOCUSED, LVIS_FOCUSED);
 }
 
 void ListView::bringIntoView(int row) const noexcept
@@ -235,7 +267,7 @@ RECT ListView::placeOf(int row) const noexcept
 void ListView::scrollToTop(int row) const noexcept
 {
     RECT first{LVIR_BOUNDS, 0, 0, 0};
-    if (send(LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&first)))
+    if (row != topRow() && send(LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&first)))
         send(LVM_SCROLL, 0, (row - topRow()) * (first.bottom - first.top));
 }
 

@@ -2,6 +2,7 @@
 
 #include "base/unique_any.h"
 #include "window/control.h"
+#include "window/message_watch.h"
 
 #include <string>
 #include <vector>
@@ -12,6 +13,12 @@ namespace velk {
 class ListView : public Control {
 public:
     explicit ListView(HWND parent);
+
+    // Called before the control gets any message, whoever sends it: what its owner has not yet told it can be told
+    // then.
+    void setListener(std::function<void()> listener) { m_watch.setListener(std::move(listener)); }
+    // Makes sure that a message comes when there is nothing else to do, if the control can be seen.
+    void askForMessage() const noexcept;
 
     void setImages(HIMAGELIST images) const noexcept;
     // Sort marks are of the font's size; those that are shown have to be set again.
@@ -33,17 +40,30 @@ public:
     enum class SortMark { none, up, down };
     void setSortMark(int column, SortMark mark) noexcept;
 
-    // The number of rows, and that their contents may have changed; keeps scroll position and selection.
+    // While one of these lives, the control takes changes without showing them; at its end it is drawn anew.
+    class Redraw {
+    public:
+        explicit Redraw(const ListView& list) noexcept : m_list(list) { m_list.send(WM_SETREDRAW, FALSE); }
+        Redraw(const Redraw&) = delete;
+        Redraw& operator=(const Redraw&) = delete;
+        ~Redraw();
+
+    private:
+        const ListView& m_list;
+    };
+
+    // The number of rows; keeps scroll position and selection by their numbers.
     void setRowCount(size_t rows) const noexcept;
-    void redrawRow(size_t row) const noexcept;
-    // One row less: selection, focus and first visible row stay with their rows.
-    void removeRow(size_t row) const noexcept;
+    int rowCount() const noexcept;
+    void redraw() const noexcept;
+    void redrawRows(int first, int last) const noexcept;
 
     // Row numbers; -1 for none.
     int selectedRow() const noexcept;
     int focusedRow() const noexcept;
     int topRow() const noexcept;
-    void selectRow(int row) const noexcept; // and focuses it; -1 takes the selection away
+    int rowsOnAPage() const noexcept;
+    void selectRow(int row) const noexcept; // and focuses it; -1 takes selection and focus away
     void focusRow(int row) const noexcept;
     void bringIntoView(int row) const noexcept;
     void scrollToTop(int row) const noexcept;
@@ -54,7 +74,9 @@ public:
 
 private:
     void measure(HFONT font) noexcept;
+    void setState(int row, UINT mask, UINT state) const noexcept;
 
+    MessageWatch m_watch{hwnd()};
     int m_columns = 0;
     int m_characterWidth = 0; // average of the font, pixels
     int m_characterHeight = 0;

@@ -1,4 +1,5 @@
 #include "base/win32.h"
+#include "support/badManners.h"
 
 #include <gmock/gmock.h>
 
@@ -36,8 +37,11 @@ private:
             ++faults();
         return EXCEPTION_CONTINUE_SEARCH;
     }
-    void OnTestStart(const testing::TestInfo&) override { faults() = 0; }
-    void OnTestEnd(const testing::TestInfo&) override { EXPECT_EQ(faults(), 0) << "faults were passed over"; }
+    void OnTestStart(const testing::TestInfo&) override { velk::test::expectedFaults() = faults() = 0; }
+    void OnTestEnd(const testing::TestInfo&) override
+    {
+        EXPECT_EQ(faults(), velk::test::expectedFaults()) << "faults were passed over";
+    }
 };
 
 } // namespace

@@ -29,10 +29,9 @@ void update(Screen&, int32_t place, int round)
     updateProcedureRow(objectAt(place, round));
 }
 
-void remove(Screen& screen, int32_t place, int)
+void remove(Screen&, int32_t place, int)
 {
     removeListRow(L"8", makeKey(QuickTool::firstObject + place));
-    screen.paint();
 }
 
 // As many times at places that are spread over the rows below the screen.

@@ -10,8 +10,8 @@
 namespace velk::bench {
 namespace {
 
-constexpr std::span<const Row> (*rooms[])() = {recordRows, folderRows, keyRows,  stormRows,
-                                               orderRows,  memoryRows, treeRows, shippedRows};
+constexpr std::span<const Row> (*rooms[])() = {recordRows, folderRows, keyRows,  stormRows,  orderRows,
+                                               memoryRows, treeRows,   lifeRows, shippedRows};
 
 Figure measured(const Row& row)
 {
@@ -20,6 +20,8 @@ Figure measured(const Row& row)
     figure.summary = summarize(outcome.pairs);
     figure.target = row.target;
     figure.note = outcome.note;
+    if (outcome.pairs.size() > 1 && outcome.pairs.size() < static_cast<size_t>(fewestPairs))
+        figure.note += (outcome.note.empty() ? "only " : ", only ") + std::to_string(outcome.pairs.size()) + " pairs";
     if (row.isMeasuredSmall)
         figure.growth = figure.summary.ours / summarize(row.measure(many / 10).pairs).ours;
     return figure;

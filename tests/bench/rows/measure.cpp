@@ -5,8 +5,21 @@
 namespace velk::bench {
 namespace {
 
-// Milliseconds of one run that are worth waiting for: a row of nine pairs takes half a minute then.
-constexpr double bearableRun = 1500;
+// Milliseconds of one run that are worth waiting for: a row of nine pairs takes some twenty seconds then.
+constexpr double bearableRun = 1000;
+// A row ends after that long, with fewer pairs, so that the whole ends on a machine that is busy, too.
+constexpr DWORD bearableRow = 30000;
+constexpr size_t leastPairs = 3;
+// Quick works run more often: what disturbs one pair disturbs few of many.
+constexpr DWORD quickRow = 1500;
+constexpr size_t mostPairs = 201;
+
+bool areEnough(size_t pairs, DWORD time)
+{
+    if (pairs < static_cast<size_t>(fewestPairs))
+        return pairs >= leastPairs && time > bearableRow;
+    return time > quickRow || pairs >= mostPairs;
+}
 
 double run(const Side& side, double parts)
 {
@@ -29,17 +42,20 @@ double milliseconds(const std::function<void()>& work)
 
 std::vector<Pair> runPairs(const Side& ours, const Side& baseline, double oursParts, double baselineParts)
 {
+    const DWORD start = GetTickCount();
     run(ours, oursParts);
     run(baseline, baselineParts);
     std::vector<Pair> pairs;
-    for (int number = 0; number < fewestPairs + 1; ++number) {
+    for (bool isEnough = false; !isEnough;) {
+        const bool isOursFirst = pairs.size() % 2 == 0;
         Pair pair{};
-        if (number % 2 == 0)
+        if (isOursFirst)
             pair.ours = run(ours, oursParts);
         pair.baseline = run(baseline, baselineParts);
-        if (number % 2 != 0)
+        if (!isOursFirst)
             pair.ours = run(ours, oursParts);
         pairs.push_back(pair);
+        isEnough = areEnough(pairs.size(), GetTickCount() - start);
     }
     return pairs;
 }

@@ -23,8 +23,8 @@ struct Side {
 
 double milliseconds(const std::function<void()>& work);
 
-// Runs both in turn, each first as often as second, after one run of each that is not counted. The times are divided
-// by how much one run does of what the row is about.
+// Runs both in turn, now one first, now the other, after one run of each that is not counted: nine pairs, more of what
+// is quick, fewer of what is unbearable. The times are divided by how much one run does of what the row is about.
 std::vector<Pair> runPairs(const Side& ours, const Side& baseline, double oursParts = 1, double baselineParts = 1);
 
 // How many of some operations can be run nine times without being waited for, by what a few of them took; at most all.
@@ -54,6 +54,7 @@ std::span<const Row> stormRows();
 std::span<const Row> orderRows();
 std::span<const Row> memoryRows();
 std::span<const Row> treeRows();
+std::span<const Row> lifeRows();
 std::span<const Row> shippedRows();
 
 } // namespace velk::bench

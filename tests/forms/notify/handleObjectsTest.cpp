@@ -285,6 +285,21 @@ TEST_F(ObjectsTest, connectionOfAnUnknownProject_getsNoNodes)
     EXPECT_FALSE(tree().has(L"K61"));
 }
 
+// A folder's kind and one more is its objects' kind; there is no more than the greatest number.
+TEST_F(ObjectsTest, contentsAndObjectsOfKindsAtTheEndsOfTheirRange_areNobodys)
+{
+    select(L"K23");
+    for (const int32_t kind : {2147483647, -2147483647 - 1, 2147483646, 0, -1}) {
+        tell(contents, kind, 23);
+        tell(added, kind, 100);
+        tell(changed, kind, 100);
+        tell(removed, kind, 100);
+    }
+    EXPECT_EQ(backend.calls, Calls{});
+    EXPECT_EQ(shownRows(), 0);
+    EXPECT_EQ(messages, Lines{});
+}
+
 TEST_F(ObjectsTest, contentsOfAFolderThatIsNotSelected_giveItThePlainLookAllTheSame)
 {
     setFolderFiltered(L"K20", true);

@@ -166,7 +166,7 @@ TEST_F(ContextMenuTest, rightClickOnARow_selectsIt)
     addProcedureRow({.lHdl = 101, .strName = L"lower", .strLanguage = L"SQL"});
     chosen = static_cast<int>(devObjBuildMnuItem) + 1;
     rightClickRow(1);
-    EXPECT_EQ(list().selected()->key, L"K101");
+    EXPECT_EQ(list().selected()->handle(), 101);
     EXPECT_EQ(list().view().focusedRow(), 1);
     EXPECT_EQ(backend.calls, Calls{"RZObjectDoAction(101, 18)"});
     EXPECT_EQ(handedOn(), 0);

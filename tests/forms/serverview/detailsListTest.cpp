@@ -116,7 +116,7 @@ TEST_F(DetailsListTest, ordering_keepsTheSelectedRow)
     list().view().selectRow(0); // delta
     clickHeader(0);
     ASSERT_NE(list().selected(), nullptr);
-    EXPECT_EQ(list().selected()->cells[0], L"delta");
+    EXPECT_EQ(list().selected()->name(), L"delta");
     EXPECT_EQ(list().view().selectedRow(), 3);
 }
 
@@ -125,7 +125,7 @@ TEST_F(DetailsListTest, refreshOfTheFolder_keepsSelectionAndFocus)
     list().view().selectRow(2); // charlie, K302
     refresh({L"delta", L"Alpha", L"charlie"});
     ASSERT_NE(list().selected(), nullptr);
-    EXPECT_EQ(list().selected()->key, L"K302");
+    EXPECT_EQ(list().selected()->handle(), 302);
     EXPECT_EQ(list().view().focusedRow(), 2);
 }
 
@@ -150,7 +150,7 @@ TEST_F(DetailsListTest, removedRow_keepsTheSelectionOfAnother)
 {
     list().view().selectRow(2);
     removeListRow(L"16", L"K300");
-    EXPECT_EQ(list().selected()->key, L"K302");
+    EXPECT_EQ(list().selected()->handle(), 302);
     EXPECT_EQ(list().view().selectedRow(), 1);
 }
 
@@ -184,6 +184,91 @@ TEST_F(DetailsListTest, singleRowAddedAboveThem_movesSelectionFocusAndPlaceAlong
     EXPECT_EQ(list().view().selectedRow(), 211);
     EXPECT_EQ(list().view().focusedRow(), 213);
     EXPECT_EQ(list().view().topRow(), 201);
+}
+
+TEST_F(DetailsListTest, removedFocusedRow_leavesTheFocusToTheNextAndTheSelectionToNone)
+{
+    list().view().selectRow(1); // Alpha
+    removeListRow(L"16", L"K301");
+    EXPECT_EQ(list().view().focusedRow(), 1); // charlie
+    EXPECT_EQ(list().view().selectedRow(), -1);
+    EXPECT_EQ(list().selected(), nullptr);
+}
+
+TEST_F(DetailsListTest, removedLastRow_leavesTheFocusToTheOneBefore)
+{
+    list().view().selectRow(3);
+    removeListRow(L"16", L"K302");
+    removeListRow(L"16", L"K303");
+    EXPECT_EQ(list().view().focusedRow(), 1);
+}
+
+TEST_F(DetailsListTest, rowsRemovedAboveAndOnTop_keepTheFirstVisibleRowOrItsNext)
+{
+    refresh(manyNames());
+    list().view().scrollToTop(200); // K500
+    removeListRow(L"16", L"K310");
+    removeListRow(L"16", L"K500");
+    removeListRow(L"16", L"K501");
+    EXPECT_EQ(list().view().topRow(), 199);
+    EXPECT_EQ(cell(199, 0), L"view202");
+}
+
+TEST_F(DetailsListTest, changesOfAllKindsAtOnce_areShownTogether)
+{
+    clickHeader(0);
+    list().view().selectRow(2); // charlie
+    addViewRow({.lHdl = 400, .strName = L"beta"});
+    removeListRow(L"16", L"K301");
+    addViewRow({.lHdl = 401, .strName = L"aardvark"});
+    removeListRow(L"16", L"K400");
+    EXPECT_THAT(names(), ElementsAre(L"aardvark", L"bravo", L"charlie", L"delta"));
+    EXPECT_EQ(list().view().selectedRow(), 2);
+}
+
+TEST_F(DetailsListTest, changedAndThenReplacedRows_areThoseOfTheLastContents)
+{
+    list().view().selectRow(0);
+    addViewRow({.lHdl = 400, .strName = L"beta"});
+    refresh({L"one", L"two"});
+    EXPECT_THAT(names(), ElementsAre(L"one", L"two"));
+    EXPECT_EQ(list().view().selectedRow(), 0);
+}
+
+TEST_F(DetailsListTest, refreshWithoutTheFirstVisibleRow_beginsAtTheTop)
+{
+    refresh(manyNames());
+    list().view().scrollToTop(200);
+    clearListRows();
+    {
+        const ListFilling together;
+        for (int32_t handle = 1000; handle < 1500; ++handle)
+            addViewRow({.lHdl = handle, .strName = L"other"});
+    }
+    EXPECT_EQ(list().view().topRow(), 0);
+}
+
+TEST_F(DetailsListTest, messageInsideAFilling_findsTheListAsItWasBefore)
+{
+    clearListRows();
+    const ListFilling together;
+    addViewRow({.lHdl = 400, .strName = L"beta"});
+    EXPECT_EQ(shownRows(), 0);
+    EXPECT_EQ(list().rows().size(), 0u);
+}
+
+TEST_F(DetailsListTest, manyChanges_askForOneMessageOnly)
+{
+    ShowWindow(host, SW_SHOW);
+    UpdateWindow(host);
+    removeListRow(L"16", L"K300");
+    addViewRow({.lHdl = 400, .strName = L"beta"});
+    MSG message{};
+    EXPECT_TRUE(PeekMessageW(&message, list().view().hwnd(), WM_PAINT, WM_PAINT, PM_REMOVE));
+    DispatchMessageW(&message);
+    RECT stale{};
+    EXPECT_FALSE(GetUpdateRect(list().view().hwnd(), &stale, FALSE)); // it was drawn with all of it
+    EXPECT_FALSE(PeekMessageW(&message, list().view().hwnd(), WM_PAINT, WM_PAINT, PM_REMOVE));
 }
 
 TEST_F(DetailsListTest, otherFoldersRows_areNotTakenForARefresh)

@@ -149,11 +149,29 @@ TEST_F(LooksTest, changedRow_isDrawnAnewAloneAmongItsLike)
     const HWND window = list().view().hwnd();
     ValidateRect(window, nullptr);
     updateProcedureRow(dirty);
+    SendMessageW(window, WM_NULL, 0, 0); // any message finds the control up to date
     RECT stale{};
     EXPECT_TRUE(GetUpdateRect(window, &stale, FALSE));
     EXPECT_LE(stale.top, list().view().placeOf(1).top);
     EXPECT_GE(stale.bottom, list().view().placeOf(1).bottom);
     EXPECT_LE(stale.bottom, list().view().placeOf(2).bottom - 1);
+}
+
+TEST_F(LooksTest, changedRowOutOfSight_isNotDrawn)
+{
+    for (int32_t handle = 1; handle < 100; ++handle)
+        addProcedureRow({.lHdl = handle, .strName = L"other"});
+    addProcedureRow(plain);
+    ShowWindow(host, SW_SHOW);
+    UpdateWindow(host);
+    const HWND window = list().view().hwnd();
+    SendMessageW(window, WM_NULL, 0, 0);
+    ValidateRect(window, nullptr);
+    updateProcedureRow(dirty);
+    SendMessageW(window, WM_NULL, 0, 0);
+    RECT stale{};
+    EXPECT_FALSE(GetUpdateRect(window, &stale, FALSE));
+    EXPECT_EQ(shownPicture(99), L"DirtyStoredProcedure");
 }
 
 TEST_F(LooksTest, treeAndList_haveNamesForThoseWhoDoNotSeeThem)

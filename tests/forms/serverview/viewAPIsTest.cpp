@@ -9,7 +9,10 @@ using Texts = std::vector<std::wstring>;
 
 class viewAPIsTest : public test::ViewFixture {
 protected:
-    std::wstring pictureOf(size_t row) { return publishedView().ImageList1->keyOf(list().rows().at(row).image); }
+    std::wstring pictureOf(size_t row)
+    {
+        return publishedView().ImageList1->keyOf(list().rows().at(row).looks().image);
+    }
 };
 
 trzProcedure procedure(int32_t handle, const std::wstring& name)
@@ -182,7 +185,7 @@ TEST_F(viewAPIsTest, tagOfADebuggableProcedure_beginsWithTrueAndNumberSign)
     made.bCanDebug = true;
     made.strFileName = L"C:\\work\\raise.sql";
     addProcedureRow(made);
-    EXPECT_EQ(list().rows().at(0).tag, L"True#C:\\work\\raise.sql");
+    EXPECT_EQ(list().rows().at(0).tag(), L"True#C:\\work\\raise.sql");
 }
 
 TEST_F(viewAPIsTest, dirtyProcedure_isBoldWithItsOwnPictureUntilUpdated)
@@ -190,14 +193,14 @@ TEST_F(viewAPIsTest, dirtyProcedure_isBoldWithItsOwnPictureUntilUpdated)
     trzProcedure made = procedure(100, L"RAISE");
     made.bIsDirty = true;
     addProcedureRow(made);
-    EXPECT_TRUE(list().rows().at(0).bold);
-    EXPECT_EQ(publishedView().ImageList1->keyOf(list().rows().at(0).image), L"DirtyStoredProcedure");
+    EXPECT_TRUE(list().rows().at(0).looks().bold);
+    EXPECT_EQ(publishedView().ImageList1->keyOf(list().rows().at(0).looks().image), L"DirtyStoredProcedure");
     made.bIsDirty = false;
     made.strName = L"RAISE2";
     updateProcedureRow(made);
-    EXPECT_FALSE(list().rows().at(0).bold);
-    EXPECT_EQ(publishedView().ImageList1->keyOf(list().rows().at(0).image), L"StoredProcedure");
-    EXPECT_EQ(list().rows().at(0).cells[0], L"RAISE2");
+    EXPECT_FALSE(list().rows().at(0).looks().bold);
+    EXPECT_EQ(publishedView().ImageList1->keyOf(list().rows().at(0).looks().image), L"StoredProcedure");
+    EXPECT_EQ(list().rows().at(0).name(), L"RAISE2");
 }
 
 TEST_F(viewAPIsTest, tagOfAFunction_isTheDebugFlagAndTheFile)
@@ -207,8 +210,8 @@ TEST_F(viewAPIsTest, tagOfAFunction_isTheDebugFlagAndTheFile)
     made.strFileName = L"C:\\work\\area.sql";
     addFunctionRow(made);
     addFunctionRow(function(101, L"WIDTH"));
-    EXPECT_EQ(list().rows().at(0).tag, L"True#C:\\work\\area.sql");
-    EXPECT_EQ(list().rows().at(1).tag, L"False#");
+    EXPECT_EQ(list().rows().at(0).tag(), L"True#C:\\work\\area.sql");
+    EXPECT_EQ(list().rows().at(1).tag(), L"False#");
 }
 
 TEST_F(viewAPIsTest, updatedFunction_takesItsNameTagAndLooks)
@@ -216,14 +219,14 @@ TEST_F(viewAPIsTest, updatedFunction_takesItsNameTagAndLooks)
     trzFunction made = function(100, L"AREA");
     addFunctionRow(made);
     EXPECT_EQ(pictureOf(0), L"UserFunction");
-    EXPECT_FALSE(list().rows().at(0).bold);
+    EXPECT_FALSE(list().rows().at(0).looks().bold);
     made.bIsDirty = true;
     made.strName = L"AREA2";
     made.strFileName = L"C:\\work\\area2.sql";
     updateFunctionRow(made);
-    EXPECT_EQ(list().rows().at(0).cells[0], L"AREA2");
-    EXPECT_EQ(list().rows().at(0).tag, L"False#C:\\work\\area2.sql");
-    EXPECT_TRUE(list().rows().at(0).bold);
+    EXPECT_EQ(list().rows().at(0).name(), L"AREA2");
+    EXPECT_EQ(list().rows().at(0).tag(), L"False#C:\\work\\area2.sql");
+    EXPECT_TRUE(list().rows().at(0).looks().bold);
     EXPECT_EQ(pictureOf(0), L"DirtyUserFunction");
 }
 
@@ -232,7 +235,7 @@ TEST_F(viewAPIsTest, updateOfAMissingFunctionRow_changesNoOther)
     addFunctionRow(function(100, L"AREA"));
     updateFunctionRow(function(101, L"WIDTH"));
     EXPECT_EQ(list().rows().size(), 1u);
-    EXPECT_EQ(list().rows().at(0).cells[0], L"AREA");
+    EXPECT_EQ(list().rows().at(0).name(), L"AREA");
 }
 
 TEST_F(viewAPIsTest, triggerTableAndViewRows_haveTheirOwnPictures)
@@ -250,7 +253,7 @@ TEST_F(viewAPIsTest, rowWithATakenKey_isIgnored)
     addProcedureRow(procedure(100, L"RAISE"));
     addProcedureRow(procedure(100, L"OTHER"));
     EXPECT_EQ(shownRows(), 1);
-    EXPECT_EQ(list().rows().at(0).cells[0], L"RAISE");
+    EXPECT_EQ(list().rows().at(0).name(), L"RAISE");
 }
 
 TEST_F(viewAPIsTest, updateOfAMissingRow_doesNothing)
@@ -306,7 +309,7 @@ TEST_F(viewAPIsTest, folderOf100000Rows_isFilledAndShown)
     }
     EXPECT_EQ(shownRows(), 100000);
     EXPECT_EQ(cell(99999, 0), L"P100000");
-    EXPECT_EQ(list().rows().find(L"K51000"), 49999u);
+    EXPECT_EQ(list().rows().at(49999).handle(), 51000);
 }
 
 class ProjectNodeTest : public viewAPIsTest {

@@ -11,7 +11,7 @@ class ListRowsTest : public test::ViewFixture {
 protected:
     ListRowsTest() { addProject(); }
     const Row& row(size_t index) { return list().rows().at(index); }
-    std::wstring pictureOf(size_t index) { return publishedView().ImageList1->keyOf(row(index).image); }
+    std::wstring pictureOf(size_t index) { return publishedView().ImageList1->keyOf(row(index).looks().image); }
     static void removeAsEveryKindBut(const std::wstring& kind, const std::wstring& key)
     {
         for (const wchar_t* other : {L"5", L"6", L"7", L"8", L"9", L"10", L"11", L"12", L"13", L"14", L"15", L"16"})
@@ -22,7 +22,7 @@ protected:
     {
         Texts found;
         for (size_t index = 0; index < list().rows().size(); ++index)
-            found.push_back(row(index).key);
+            found.push_back(makeKey(row(index).handle()));
         return found;
     }
 };
@@ -102,8 +102,8 @@ TEST_F(ListRowsTest, triggersTablesAndViews_haveNoTagAndAreNeverBold)
     addTriggerRow({.lHdl = 100, .bIsDirty = true, .strName = L"t"});
     addTableRow({.lHdl = 200, .bIsDirty = true, .strName = L"n"});
     addViewRow({.lHdl = 300, .bIsDirty = true, .strName = L"v"});
-    EXPECT_EQ(row(0).tag + row(1).tag + row(2).tag, L"");
-    EXPECT_FALSE(row(0).bold || row(1).bold || row(2).bold);
+    EXPECT_TRUE(row(0).tag().empty() && row(1).tag().empty() && row(2).tag().empty());
+    EXPECT_FALSE(row(0).looks().bold || row(1).looks().bold || row(2).looks().bold);
     EXPECT_EQ(pictureOf(0) + pictureOf(1) + pictureOf(2), L"TriggerVelkTableVelkView");
 }
 
@@ -117,8 +117,8 @@ TEST_F(ListRowsTest, routines_areBoldWithTheirDirtyPicturesWhenTheyAreDirty)
     EXPECT_EQ(pictureOf(1), L"StoredProcedure");
     EXPECT_EQ(pictureOf(2), L"DirtyUserFunction");
     EXPECT_EQ(pictureOf(3), L"UserFunction");
-    EXPECT_TRUE(row(0).bold && row(2).bold);
-    EXPECT_FALSE(row(1).bold || row(3).bold);
+    EXPECT_TRUE(row(0).looks().bold && row(2).looks().bold);
+    EXPECT_FALSE(row(1).looks().bold || row(3).looks().bold);
 }
 
 // The other cells come with the next folder contents.
@@ -131,7 +131,7 @@ TEST_F(ListRowsTest, updatedProcedure_changesNameTagAndLooksOnly)
     changed.strFileName = L"f";
     updateProcedureRow(changed);
     EXPECT_EQ(cells(0), (Texts{L"N", L"s", L"p", L"0", L"", L"", L"", L"False", L"c"}));
-    EXPECT_EQ(row(0).tag, L"True#f");
+    EXPECT_EQ(row(0).tag(), L"True#f");
 }
 
 TEST_F(ListRowsTest, updatedFunction_leavesItsOtherCellsAlone)

@@ -88,31 +88,32 @@ std::vector<std::string> joined(std::initializer_list<std::vector<std::string>> 
     return all;
 }
 
-// How one entry comes into being on a bar: added, dressed, listened to.
-Journal added(const ButtonRow& row, const std::string& bar, const std::string& controls, const std::string& arguments)
+// How one entry comes into being on a bar: added, dressed, listened to. The first of all asks for the events' object.
+Journal added(const ButtonRow& row, const std::string& controls, const std::string& arguments)
 {
-    Journal lines{bar + ".Controls -> " + controls, controls + ".Add(" + arguments + ") -> CommandBarButton \"\"",
+    Journal lines{controls + ".Add(" + arguments + ") -> CommandBarButton \"\"",
                   "CommandBarButton \"\".Caption = \"" + std::string(row.caption) + "\""};
     // The IDE's buttons have no pictures of their own, so faces go by the clipboard.
     if (row.hasFace)
         lines = joined({lines, {button(row) + ".Picture unknown", button(row) + ".PasteFace"}});
     lines.push_back(button(row) + ".OnAction = \"" + row.action + "\"");
     lines.push_back(button(row) + ".Tag = \"velkviadd\"");
-    lines.push_back("DTE.Events -> Events");
+    if (&row == toolbarRows)
+        lines.push_back("DTE.Events -> Events");
     lines.push_back("Events.CommandBarEvents(" + button(row) + ") -> CommandBarEvents");
     lines.push_back(button(row) + " click connected");
     return lines;
 }
 
-// The search for a menu among those of the menu bar, up to the last one that is looked at.
-Journal menuSearched(int count)
+// The search for a menu among those of the menu bar, none of which it is.
+Journal menuSearched()
 {
-    constexpr const char* menus[] = {"&File",    "&Edit",   "&View", "&Project", "&Tools",
-                                     "&Add-Ins", "&Window", "&Help", "Rozel"};
-    Journal lines{"DTE.CommandBars -> CommandBars", "CommandBars.ActiveMenuBar -> CommandBar \"MenuBar\"",
+    constexpr const char* menus[] = {"&File", "&Edit", "&View", "&Project", "&Tools", "&Add-Ins", "&Window", "&Help"};
+    constexpr size_t count = std::size(menus);
+    Journal lines{"CommandBars.ActiveMenuBar -> CommandBar \"MenuBar\"",
                   "CommandBar \"MenuBar\".Controls -> CommandBar \"MenuBar\".Controls",
                   "CommandBar \"MenuBar\".Controls.Count -> " + std::to_string(count)};
-    for (int number = 1; number <= count; ++number) {
+    for (size_t number = 1; number <= count; ++number) {
         const std::string menu = "CommandBarPopup \"" + std::string(menus[number - 1]) + "\"";
         lines.push_back("CommandBar \"MenuBar\".Controls.Item(" + std::to_string(number) + ") -> " + menu);
         lines.push_back(menu + ".Caption -> \"" + menus[number - 1] + "\"");
@@ -140,9 +141,10 @@ Journal toolbarMade()
 {
     Journal lines{"DTE.CommandBars -> CommandBars",
                   "CommandBars.Item(\"Rozel\") failed: Invalid procedure call or argument",
-                  "CommandBars.Add(\"Rozel\", 1, False, True) -> CommandBar \"Rozel\""};
+                  "CommandBars.Add(\"Rozel\", 1, False, True) -> CommandBar \"Rozel\"",
+                  "CommandBar \"Rozel\".Controls -> CommandBar \"Rozel\".Controls"};
     for (const ButtonRow& row : toolbarRows)
-        lines = joined({lines, added(row, "CommandBar \"Rozel\"", "CommandBar \"Rozel\".Controls", "1")});
+        lines = joined({lines, added(row, "CommandBar \"Rozel\".Controls", "1")});
     lines.push_back("CommandBar \"Rozel\".Visible = True");
     return lines;
 }
@@ -152,18 +154,18 @@ Journal menusMade()
     constexpr const char* here = "CommandBar \"\".Controls";
     constexpr const char* temporary = "1, , , , True";
     Journal lines = joined(
-        {menuSearched(8),
-         {"CommandBar \"MenuBar\".Controls -> CommandBar \"MenuBar\".Controls",
-          "CommandBar \"MenuBar\".Controls.Add(10, , , , True) -> CommandBarPopup \"\"",
+        {menuSearched(),
+         {"CommandBar \"MenuBar\".Controls.Add(10, , , , True) -> CommandBarPopup \"\"",
           "CommandBarPopup \"\".Caption = \"Rozel\"", "CommandBarPopup \"Rozel\".Controls -> CommandBar \"\".Controls",
           "CommandBar \"\".Controls.Add(10, , , , True) -> CommandBarPopup \"\"",
-          "CommandBarPopup \"\".Caption = \"Views\"", "CommandBarPopup \"Views\".BeginGroup = True"}});
+          "CommandBarPopup \"\".Caption = \"Views\"", "CommandBarPopup \"Views\".BeginGroup = True",
+          "CommandBarPopup \"Views\".Controls -> CommandBar \"\".Controls"}});
     for (const ButtonRow& row : viewRows)
-        lines = joined({lines, added(row, "CommandBarPopup \"Views\"", here, temporary)});
+        lines = joined({lines, added(row, here, temporary)});
     const auto addGroup = [&](std::span<const ButtonRow> rows) {
-        lines = joined({lines, menuSearched(9)});
+        lines.push_back("CommandBarPopup \"Rozel\".Controls -> CommandBar \"\".Controls");
         for (const ButtonRow& row : rows) {
-            lines = joined({lines, added(row, "CommandBarPopup \"Rozel\"", here, temporary)});
+            lines = joined({lines, added(row, here, temporary)});
             if (&row == rows.data())
                 lines.push_back(button(row) + ".BeginGroup = True");
         }

@@ -49,6 +49,7 @@ TEST_F(RZCommandBarsTest, building_asksTheIdeOnceForWhatStaysTheSame)
     bars.menus.journal.clear();
     EXPECT_EQ(manager->createRZUI(), S_OK);
     EXPECT_THAT(ide.journal, testing::Contains(L"DTE.Events").Times(1));
+    EXPECT_THAT(ide.journal, testing::Contains(L"DTE.CommandBars").Times(1));
     EXPECT_THAT(ide.journal, testing::Contains(L"CommandBars.ActiveMenuBar").Times(1));
     EXPECT_THAT(bars.buttons.journal, testing::Contains(L"Toolbar.Controls").Times(1));
     EXPECT_THAT(bars.menus.journal, testing::Contains(L"Control.Controls").Times(3)); // views, tools and help extend it

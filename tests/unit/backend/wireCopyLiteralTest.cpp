@@ -151,46 +151,86 @@ std::string nameOfCodePage(const testing::TestParamInfo<UINT>& info)
     return info.param == CP_ACP ? "processCodePage" : "codePage" + std::to_string(info.param);
 }
 
-INSTANTIATE_TEST_SUITE_P(codePages, boundary, testing::Values(CP_ACP, 1252, 932, 936, CP_UTF8), nameOfCodePage);
+TEST_P(boundary, plainCharacters_areThemselvesInEveryCodePage)
+{
+    std::string bytes;
+    for (char byte = 1; byte > 0; byte = static_cast<char>(byte + 1))
+        bytes += byte;
+    wchar_t wide[128] = L"";
+    ASSERT_EQ(MultiByteToWideChar(GetParam(), 0, bytes.data(), 127, wide, 128), 127);
+    EXPECT_EQ(std::wstring(wide, 127), std::wstring(bytes.begin(), bytes.end()));
+}
+
+INSTANTIATE_TEST_SUITE_P(codePages, boundary,
+                         testing::Values(CP_ACP, 1252, 874, 932, 936, 949, 950, 1250, 1251, 1253, 1254, 1255, 1256,
+                                         1257, 1258, CP_UTF8),
+                         nameOfCodePage);
 
 // The wide text before the NUL of these bytes, "-" when there is none; checked against the literal conversion.
 std::wstring beforeNul(const std::string& bytes, UINT codePage)
 {
-    const auto found = ansi::wideBeforeNul(bytes, codePage);
-    EXPECT_EQ(found.value_or(L""), literal::output(bytes.size(), codePage, writing(bytes)));
-    return found.value_or(L"-");
+    std::wstring text = L"what stood there before";
+    const bool found = ansi::readBeforeNul(text, bytes, codePage);
+    EXPECT_EQ(text, literal::output(bytes.size(), codePage, writing(bytes)));
+    return found ? text : L"-";
 }
 
-TEST(wideBeforeNul, emptyBytes_haveNone)
+TEST(readBeforeNul, emptyBytes_haveNone)
 {
-    EXPECT_EQ(ansi::wideBeforeNul({}, 1252), std::nullopt);
+    EXPECT_EQ(beforeNul({}, 1252), L"-");
 }
 
-TEST(wideBeforeNul, fullWithoutNul_hasNone)
+TEST(readBeforeNul, fullWithoutNul_hasNone)
 {
     EXPECT_EQ(beforeNul("abcd", 1252), L"-");
 }
 
-TEST(wideBeforeNul, doubleByteCharacters_areOneEach)
+TEST(readBeforeNul, doubleByteCharacters_areOneEach)
 {
     EXPECT_EQ(beforeNul("\x93\xfa\x96\x7b\0rest"s, 932), L"\x65e5\x672c");
 }
 
-TEST(wideBeforeNul, leadByteAtTheEnd_hasNone)
+TEST(readBeforeNul, leadByteAtTheEnd_hasNone)
 {
     EXPECT_EQ(beforeNul("abc\x83", 932), L"-");
 }
 
-TEST(wideBeforeNul, leadByteBeforeTheOnlyNul_readsAsTheWholeConversionDoes)
+TEST(readBeforeNul, leadByteBeforeTheOnlyNul_readsAsTheWholeConversionDoes)
 {
     beforeNul("ab\x83\0"s, 932);
     beforeNul("ab\x83\0"s + "cd\0ef"s, 932);
     beforeNul("\x83\0\0"s, 932);
 }
 
-TEST(wideBeforeNul, sameBytesInASingleByteCodePage_endAtTheNul)
+TEST(readBeforeNul, sameBytesInASingleByteCodePage_endAtTheNul)
 {
     EXPECT_EQ(beforeNul("ab\x83\0"s + "cd", 1252), L"ab\x0192");
+}
+
+TEST(readBeforeNul, nulAfterEachNumberOfPlainBytes_isFound)
+{
+    const std::string plain = "abcdefghi";
+    for (size_t length = 0; length < plain.size(); ++length)
+        EXPECT_EQ(beforeNul(plain.substr(0, length) + '\0' + "rest", 932),
+                  std::wstring(plain.begin(), plain.end()).substr(0, length));
+}
+
+TEST(readBeforeNul, otherByteBehindEachNumberOfPlainBytes_isConverted)
+{
+    const std::string plain = "abcdefghi";
+    for (size_t length = 0; length < plain.size(); ++length)
+        EXPECT_EQ(beforeNul(plain.substr(0, length) + "\x80z\0"s, 1252),
+                  std::wstring(plain.begin(), plain.end()).substr(0, length) + L"\x20acz");
+}
+
+TEST(readBeforeNul, textWithRoom_keepsItsMemory)
+{
+    std::wstring text(20, L'x');
+    const wchar_t* const memory = text.data();
+    ansi::readBeforeNul(text, "a name of some size"s);
+    ansi::readBeforeNul(text, "another name\0"s);
+    EXPECT_EQ(text, L"another name");
+    EXPECT_EQ(text.data(), memory);
 }
 
 TEST(asksForMore, onlyAGreaterSize_does)

@@ -2,6 +2,7 @@
 
 #include "base/error.h"
 #include "support/fakeObject.h"
+#include "support/memorySearch.h"
 
 #include <gtest/gtest.h>
 
@@ -53,6 +54,33 @@ TEST(variantValue, objectBehindUnknownOrReference_isFound)
     VariantCopy(behind.put(), &unknown);
     EXPECT_EQ(behind.asObject().get(), object.get());
     EXPECT_EQ(variant::refTo(&lent).asObject().get(), object.get());
+}
+
+constexpr std::wstring_view veiledSecret = L"A-text-that-is-veiled-in-a-test-of-variants-and-long-enough";
+// The system writes its own into the beginning of a block that is given back: only the end tells.
+constexpr std::wstring_view veiledEnd = veiledSecret.substr(veiledSecret.size() - 20);
+
+std::wstring unveiled()
+{
+    std::wstring text(veiledSecret);
+    for (wchar_t& character : text)
+        character = static_cast<wchar_t>(character ^ 1);
+    return text;
+}
+
+TEST(variantSecret, whenItGoes_isZeroedAndItsCopiesToo)
+{
+    {
+        std::wstring text = unveiled();
+        const variant secret = variant::secret(text);
+        const variant copy = secret;
+        variant moved = variant(secret);
+        SecureZeroMemory(text.data(), text.size() * sizeof(wchar_t));
+        EXPECT_EQ(test::copiesInMemory(veiledEnd), 3u);
+        EXPECT_EQ(SysStringLen(copy.get().bstrVal), veiledSecret.size());
+        *moved.put() = VARIANT{};
+    }
+    EXPECT_EQ(test::copiesInMemory(veiledEnd), 0u);
 }
 
 } // namespace

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "base/win32.h"
+
+#include <functional>
+
+namespace velk {
+
+// Hears of every message to a window that is not ours before the window does, whoever sends it; but for those of the
+// window's end. It ends with the window, or with this object if that comes first. The window's user data are its own.
+class MessageWatch {
+public:
+    explicit MessageWatch(HWND window) noexcept;
+    MessageWatch(const MessageWatch&) = delete;
+    MessageWatch& operator=(const MessageWatch&) = delete;
+    ~MessageWatch();
+
+    // May send messages to the window itself, which it hears of in turn. What it throws is reported.
+    void setListener(std::function<void()> listener) { m_listener = std::move(listener); }
+
+private:
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+    void end() noexcept;
+
+    HWND m_window;
+    WNDPROC m_procedure = nullptr; // the window's own
+    std::function<void()> m_listener;
+};
+
+} // namespace velk

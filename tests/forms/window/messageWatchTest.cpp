@@ -1,0 +1,88 @@
+#include "window/message_watch.h"
+
+#include "base/unique_any.h"
+#include "support/failureLog.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <stdexcept>
+
+namespace velk {
+namespace {
+
+WNDPROC below = nullptr;
+
+LRESULT CALLBACK others(HWND to, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    return message == WM_APP ? 42 : CallWindowProcW(below, to, message, wParam, lParam);
+}
+
+class MessageWatchTest : public testing::Test {
+protected:
+    MessageWatchTest()
+    {
+        watch.emplace(window.get());
+        watch->setListener([this] { ++heard; });
+    }
+
+    unique_any<window_traits> window{
+        CreateWindowExW(0, L"EDIT", L"text", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr)};
+    std::optional<MessageWatch> watch;
+    int heard = 0;
+};
+
+TEST_F(MessageWatchTest, everyMessage_isHeardOfAndAnsweredByTheWindow)
+{
+    EXPECT_EQ(SendMessageW(window.get(), WM_GETTEXTLENGTH, 0, 0), 4);
+    EXPECT_EQ(SendMessageW(window.get(), EM_GETLINECOUNT, 0, 0), 1);
+    EXPECT_EQ(heard, 2);
+}
+
+TEST_F(MessageWatchTest, message_isHeardOfBeforeTheWindowAnswers)
+{
+    watch->setListener([this] {
+        watch->setListener({});
+        SetWindowTextW(window.get(), L"longer text");
+    });
+    EXPECT_EQ(SendMessageW(window.get(), WM_GETTEXTLENGTH, 0, 0), 11);
+}
+
+TEST_F(MessageWatchTest, listenerThatThrows_isReportedAndTheMessageAnswered)
+{
+    test::FailureLog log;
+    watch->setListener([] { throw std::runtime_error("listener"); });
+    EXPECT_EQ(SendMessageW(window.get(), WM_GETTEXTLENGTH, 0, 0), 4);
+    EXPECT_EQ(log.lines.size(), 1u);
+}
+
+TEST_F(MessageWatchTest, windowOfAnEndedWatch_goesOnAlone)
+{
+    watch.reset();
+    EXPECT_EQ(SendMessageW(window.get(), WM_GETTEXTLENGTH, 0, 0), 4);
+    EXPECT_EQ(heard, 0);
+}
+
+TEST_F(MessageWatchTest, endOfTheWindow_isNotHeardOfAndEndsTheWatch)
+{
+    const HWND button = CreateWindowExW(0, L"BUTTON", L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
+    MessageWatch buttons(button);
+    buttons.setListener([this] { ++heard; });
+    SendMessageW(button, WM_DESTROY, 0, 0);
+    EXPECT_EQ(heard, 0);
+    DestroyWindow(button);
+    EXPECT_FALSE(IsWindow(button)); // and the watch, which ends later, does not touch it
+}
+
+// As an accessibility tool in the same process does.
+TEST_F(MessageWatchTest, watchThatEndsBelowAnothersProcedure_leavesThatInPlace)
+{
+    below =
+        reinterpret_cast<WNDPROC>(SetWindowLongPtrW(window.get(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&others)));
+    watch.reset();
+    EXPECT_EQ(SendMessageW(window.get(), WM_APP, 0, 0), 42);
+    EXPECT_EQ(SendMessageW(window.get(), WM_GETTEXTLENGTH, 0, 0), 4);
+}
+
+} // namespace
+} // namespace velk

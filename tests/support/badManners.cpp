@@ -1,0 +1,67 @@
+#include "support/badManners.h"
+
+#include "base/win32.h"
+
+#include <cstdlib>
+#include <iterator>
+
+namespace velk::test {
+namespace {
+
+// Without an end, but for what the compiler sees.
+[[gnu::noinline]] int deeper(volatile char* above)
+{
+    volatile char room[512];
+    room[0] = above[0];
+    return above[0] ? deeper(room) + room[0] : 0;
+}
+
+} // namespace
+
+int& expectedFaults() noexcept
+{
+    static int count = 0;
+    return count;
+}
+
+void accessViolation()
+{
+    ++expectedFaults();
+    __asm__ volatile("movl $0, (%0)" : : "r"(16) : "memory");
+    std::abort();
+}
+
+void divideByZero()
+{
+    __asm__ volatile("xorl %%edx, %%edx\n\tmovl $1, %%eax\n\tdivl %0" : : "r"(0) : "eax", "edx");
+    std::abort();
+}
+
+void throwAsAnotherCompiler()
+{
+    constexpr DWORD code = 0xE06D7363;
+    const ULONG_PTR arguments[] = {0x19930520, 0, 0};
+    RaiseException(code, EXCEPTION_NONCONTINUABLE, std::size(arguments), arguments);
+    std::abort();
+}
+
+void overflowStack()
+{
+    volatile char first = 1;
+    first = static_cast<char>(deeper(&first));
+    std::abort();
+}
+
+uint16_t floatControlWord()
+{
+    uint16_t word = 0;
+    __asm__ volatile("fnstcw %0" : "=m"(word));
+    return word;
+}
+
+void setFloatControlWord(uint16_t word)
+{
+    __asm__ volatile("fldcw %0" : : "m"(word));
+}
+
+} // namespace velk::test

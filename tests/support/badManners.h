@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+
+namespace velk::test {
+
+// What a library may do inside a call that it should not. The first four do not come back.
+[[noreturn]] void accessViolation();
+[[noreturn]] void divideByZero();
+[[noreturn]] void throwAsAnotherCompiler();
+[[noreturn]] void overflowStack();
+
+// The control word of the floating-point unit, which belongs to the whole thread.
+uint16_t floatControlWord();
+void setFloatControlWord(uint16_t word);
+// Single precision, and every exception raised: what a library of another tool chain may want.
+inline constexpr uint16_t unusualControlWord = 0x0040;
+
+// How many faults the running test has made on purpose; any other one fails it.
+int& expectedFaults() noexcept;
+
+} // namespace velk::test

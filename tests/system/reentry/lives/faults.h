@@ -19,9 +19,9 @@ struct FaultManner {
 // "E_FAIL", or with "-from-here" behind it; nothing for another text.
 std::optional<FaultManner> faultManner(const std::wstring& text);
 
-// Lets calls of the stand-ins fail: those of the IDE, of the Backend, of SourceSafe. What comes through one door counts
-// from 1 on, in the order of a life, so that a call is a place like "Backend#17". One for the process, used on the
-// user-interface thread.
+// Lets calls fail: those of the IDE, of the Backend, of SourceSafe, and the add-in's allocations. What comes through
+// one door counts from 1 on, in the order of a life, so that a call is a place like "Backend#17". One for the process,
+// used on the user-interface thread.
 class Faults {
 public:
     // Begins to count anew.
@@ -47,8 +47,9 @@ private:
 
 Faults& faults();
 
-// Every call of a life with every manner in which calls of its door fail, one call after the other; each door's list
-// goes on behind the calls that were counted, so that its last ones are not reached.
-std::vector<Pair> faultPairs(const std::map<std::wstring, int>& counts);
+// The calls of a life with the manners in which calls of their door fail, one call after the other: about so many of
+// each door, or every one. Each list of all goes on behind the calls that were counted, so that its last ones are not
+// reached.
+std::vector<Pair> faultPairs(const std::map<std::wstring, int>& counts, size_t most);
 
 } // namespace velk::devkit

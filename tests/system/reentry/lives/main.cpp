@@ -1,9 +1,9 @@
 // reentry_lives: lives of the add-in in the stand-in IDE, disturbed at one place each, or with calls that fail from
 // one place on.
 //   record FILE [full]      an undisturbed life; writes the pairs to try
-//   record-faults FILE EACH an undisturbed life with source control; writes every so manieth pair of a call and a
-//   manner
-//                           in which it fails
+//   record-faults FILE [MOST]
+//                           an undisturbed life with source control; writes the pairs of a call and a manner in which
+//                           it fails: about so many of each door, or all
 //   pumped                  an undisturbed life with messages worked off inside every call
 //   run FILE NUMBER         pairs from this one on; ends with 10 behind one that leaves something in the process, and
 //                           with 0 when it has done enough of them, or said END
@@ -30,7 +30,7 @@ namespace {
 
 constexpr UINT exitCrash = 4;
 constexpr int exitWrong = 10;
-constexpr size_t mostPairs = 30;     // of one process, so that each has its time limit
+constexpr size_t mostPairs = 30;    // of one process, so that each has its time limit
 constexpr DWORD longestRun = 60000; // milliseconds; the next pair begins in another process then
 
 void say(const std::wstring& text)
@@ -137,11 +137,11 @@ int undisturbed(SessionWatch& watch, void (Life::*course)())
     return sayWrong(wrongAfter(life, watch));
 }
 
-void writePairs(const std::wstring& file, const std::vector<Pair>& pairs, size_t each)
+void writePairs(const std::wstring& file, const std::vector<Pair>& pairs)
 {
     std::wstring lines;
-    for (size_t index = 0; index < pairs.size(); index += each)
-        lines += pairLine(pairs[index]) + L"\n";
+    for (const Pair& pair : pairs)
+        lines += pairLine(pair) + L"\n";
     DeleteFileW(file.c_str());
     appendToFile(file, lines);
 }
@@ -150,7 +150,7 @@ int record(const std::wstring& file, bool isFull)
 {
     SessionWatch watch;
     const int result = undisturbed(watch, &Life::whole);
-    writePairs(file, pairsOf(reentry().counts(), isFull), 1);
+    writePairs(file, pairsOf(reentry().counts(), isFull));
     return result;
 }
 
@@ -163,12 +163,12 @@ void renewFiles()
     test::copyTree(L"vss-new", L"vss");
 }
 
-int recordFaults(const std::wstring& file, size_t each)
+int recordFaults(const std::wstring& file, size_t most)
 {
     SessionWatch watch;
     renewFiles();
     const int result = undisturbed(watch, &Life::wholeWithSourceSafe);
-    writePairs(file, faultPairs(faults().counts()), each);
+    writePairs(file, faultPairs(faults().counts(), most));
     return result;
 }
 
@@ -270,8 +270,9 @@ int work(const std::vector<std::wstring>& arguments)
     const std::wstring what = arguments.empty() ? L"" : arguments[0];
     if (what == L"record" && arguments.size() >= 2)
         return record(arguments[1], arguments.size() > 2);
-    if (what == L"record-faults" && arguments.size() == 3)
-        return recordFaults(arguments[1], static_cast<size_t>(_wtoi(arguments[2].c_str())));
+    if (what == L"record-faults" && arguments.size() >= 2)
+        return recordFaults(arguments[1],
+                            arguments.size() > 2 ? static_cast<size_t>(_wtoi(arguments[2].c_str())) : SIZE_MAX);
     if (what == L"run" && arguments.size() == 3)
         return run(arguments[1], static_cast<size_t>(_wtoi(arguments[2].c_str())));
     SessionWatch watch;

@@ -15,7 +15,11 @@ constexpr const char* noGrowth[] = {
 class CyclesTest : public test::MatrixRun {
 protected:
     // The system's own store of automation strings that were freed would be counted.
-    CyclesTest() { SetEnvironmentVariableW(L"OANOCACHE", L"1"); }
+    CyclesTest()
+    {
+        SetEnvironmentVariableW(L"OANOCACHE", L"1");
+        longestRun = 1700000; // the program itself ends when a life hangs
+    }
     ~CyclesTest() override { SetEnvironmentVariableW(L"OANOCACHE", nullptr); }
 
     static std::wstring lives()

@@ -23,7 +23,9 @@ inline void pumpMessages() noexcept
         return;
     ++depth;
     MSG message{};
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+    // Where carrying messages out takes longer than the next timer does, there is always another one.
+    constexpr int mostMessages = 30;
+    for (int left = mostMessages; left > 0 && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE); --left) {
         if (message.message == WM_QUIT) {
             PostQuitMessage(static_cast<int>(message.wParam));
             break;

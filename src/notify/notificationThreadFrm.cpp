@@ -122,7 +122,8 @@ LRESULT notificationThreadFrm::handle(UINT message, WPARAM wParam, LPARAM lParam
 void notificationThreadFrm::timerThread_Timer() noexcept
 {
     // Each box that a handler shows lets further ticks run above it. A user who is away must not find the stack full.
-    if (m_depth >= deepest)
+    // Nor is a tool that works off messages while it is asked for a notification asked for another one in between.
+    if (m_depth >= deepest || m_isFetching)
         return;
     // A message box in a handler lets the IDE disconnect the add-in; the tick must still have something to return to.
     const auto untilDone = shared_from_this();
@@ -144,11 +145,18 @@ void notificationThreadFrm::drain()
         if (m_hasRest)
             return;
         trzNotify notification;
-        const int32_t status = RZGetNotification(notification, more);
+        const int32_t status = fetch(notification, more);
         m_failures.count(status);
         if (!isOver())
             dispatch(notification);
     }
+}
+
+int32_t notificationThreadFrm::fetch(trzNotify& notification, bool& more)
+{
+    m_isFetching = true;
+    const scope_exit fetched([this] { m_isFetching = false; });
+    return RZGetNotification(notification, more);
 }
 
 void notificationThreadFrm::dispatch(const trzNotify& notification)

@@ -50,12 +50,14 @@ private:
 
     notificationThreadFrm();
     void drain();
+    int32_t fetch(trzNotify& notification, bool& more);
     void dispatch(const trzNotify& notification);
     bool isOver() const noexcept { return !hwnd() || m_IMgr.session().isOver() || isBackendGivenUp(); }
 
     IntegrationMgr m_IMgr;
     Failures m_failures;
     int m_depth = 0; // of ticks within ticks
+    bool m_isFetching = false;
     bool m_hasRest = false;
 };
 

@@ -88,22 +88,6 @@ TEST_F(HostilePumpTest, greatestNumberAsEachKindThatThereIs_isNotFoundAndNoMore)
     EXPECT_EQ(journal, Lines{});
 }
 
-TEST_F(HostilePumpTest, fetchThatTicksThePumpItself_comesToAnEnd)
-{
-    int depth = 0;
-    int deepest = 0;
-    backend.on.RZGetNotification = [&](test::wire::trzNotify*, int16_t* more) {
-        deepest = std::max(deepest, ++depth);
-        SendMessageW(pump->hwnd(), WM_TIMER, 1, 0);
-        --depth;
-        *more = 0;
-        return 0;
-    };
-    pump->timerThread_Timer();
-    EXPECT_EQ(deepest, 30);
-    EXPECT_EQ(messages, Lines{});
-}
-
 TEST_F(HostilePumpTest, fetchThatDestroysThePumpsWindow_endsTheTick)
 {
     backend.on.RZGetNotification = [this](test::wire::trzNotify*, int16_t* more) {

@@ -75,6 +75,22 @@ TEST_F(TickTest, tickInsideAMessageBox_drainsTheRest)
     EXPECT_EQ(journal, Lines{L"minimizeVSAppWin"});
 }
 
+TEST_F(TickTest, tickInsideTheFetch_asksForNothingAndTheNextOneDoes)
+{
+    const auto fetch = backend.on.RZGetNotification;
+    backend.on.RZGetNotification = [&](auto* record, int16_t* more) {
+        ++calls;
+        pump->timerThread_Timer();
+        return fetch(record, more);
+    };
+    backend.prompt(L"MINIMIZE_MSWIN", 1, L"");
+    pump->timerThread_Timer();
+    EXPECT_EQ(calls, 1);
+    EXPECT_EQ(journal, Lines{L"minimizeVSAppWin"});
+    pump->timerThread_Timer();
+    EXPECT_EQ(calls, 2);
+}
+
 TEST_F(TickTest, backendThatFailsForEverAndPromisesMore_endsTheTickWithinAThousandCalls)
 {
     backend.on.RZGetNotification = failingForEver(0);

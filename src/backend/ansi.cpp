@@ -56,13 +56,6 @@ bool cutAtNul(std::wstring& text) noexcept
 
 } // namespace
 
-std::span<char> placeCounted(char* block, size_t length) noexcept
-{
-    const auto prefix = static_cast<uint32_t>(length);
-    std::memcpy(block, &prefix, sizeof prefix);
-    return {block + lengthPrefix, length};
-}
-
 size_t lengthOf(std::wstring_view text, CodePage codePage)
 {
     if (text.empty())

@@ -5,6 +5,7 @@
 #include "base/win32.h"
 
 #include <cstdint>
+#include <cstring>
 #include <span>
 #include <string>
 #include <string_view>
@@ -22,7 +23,12 @@ constexpr size_t countedSize(size_t length) noexcept
     return (lengthPrefix + length + 1 + 3) / 4 * 4;
 }
 // Writes the prefix at the start of a zeroed block of countedSize(length) bytes; the characters behind it.
-std::span<char> placeCounted(char* block, size_t length) noexcept;
+inline std::span<char> placeCounted(char* block, size_t length) noexcept
+{
+    const auto prefix = static_cast<uint32_t>(length);
+    std::memcpy(block, &prefix, sizeof prefix);
+    return {block + lengthPrefix, length};
+}
 
 // Bytes that a text takes; writing it into exactly that many; the whole of some bytes as wide text.
 size_t lengthOf(std::wstring_view text, CodePage codePage);

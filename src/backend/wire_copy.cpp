@@ -30,67 +30,53 @@ T take(const std::byte* record, const FieldRow& row)
 WireBlock::WireBlock(const RecordLayout& layout, const void* record, Fill fill, ansi::CodePage codePage)
     : m_layout(layout), m_codePage(codePage)
 {
-    placeTexts(record, fill);
-    placeNumbers(record, fill);
-}
-
-void WireBlock::placeTexts(const void* record, Fill fill)
-{
-    std::array<size_t, mostTextsInRecord> lengths{};
-    size_t index = 0;
-    size_t total = 0;
-    for (const FieldRow& row : m_layout.fields) {
-        if (row.kind != FieldKind::text)
-            continue;
-        lengths[index] = isPreset(row, fill) ? static_cast<size_t>(row.capacity)
-                                             : ansi::lengthOf(memberOf<std::wstring>(record, row), m_codePage);
-        total += ansi::countedSize(lengths[index++]);
-    }
-    if (total == 0)
-        return;
-    m_block.emplace(total);
-    index = 0;
-    char* next = m_block->get();
-    for (const FieldRow& row : m_layout.fields) {
-        if (row.kind != FieldKind::text)
-            continue;
-        const std::span<char> text = ansi::placeCounted(next, lengths[index]);
-        if (!isPreset(row, fill))
-            ansi::write(memberOf<std::wstring>(record, row), text, m_codePage);
-        put(m_record.data(), row, text.data());
-        next += ansi::countedSize(lengths[index]);
-        m_texts[index++] = text;
-    }
-}
-
-void WireBlock::placeNumbers(const void* record, Fill fill)
-{
+    size_t room = 0;
     for (const FieldRow& row : m_layout.fields)
-        if (row.kind == FieldKind::number)
+        if (row.kind == FieldKind::text)
+            room += noteText(row, record, fill);
+        else if (row.kind == FieldKind::number)
             put(m_record.data(), row, isPreset(row, fill) ? row.capacity : memberOf<int32_t>(record, row));
-        else if (row.kind == FieldKind::flag)
+        else
             put(m_record.data(), row, memberOf<bool>(record, row) ? VARIANT_TRUE : VARIANT_FALSE);
+    if (room > 0)
+        placeTexts(room, record, fill);
 }
 
-void WireBlock::readText(std::wstring& text, std::span<const char> bytes, bool trimmed) const
+// Gives the room that the text takes in the block.
+size_t WireBlock::noteText(const FieldRow& row, const void* record, Fill fill)
 {
-    if (trimmed)
-        ansi::readBeforeNul(text, bytes, m_codePage);
-    else
-        text = ansi::wideOf(bytes, m_codePage);
+    const size_t length = isPreset(row, fill) ? static_cast<size_t>(row.capacity)
+                                              : ansi::lengthOf(memberOf<std::wstring>(record, row), m_codePage);
+    m_texts[m_textCount++] = {&row, length, nullptr};
+    return ansi::countedSize(length);
+}
+
+void WireBlock::placeTexts(size_t room, const void* record, Fill fill)
+{
+    char* next = m_block.emplace(room).get();
+    for (Text& text : std::span(m_texts.data(), m_textCount)) {
+        text.bytes = ansi::placeCounted(next, text.length).data();
+        if (!isPreset(*text.row, fill))
+            ansi::write(memberOf<std::wstring>(record, *text.row), {text.bytes, text.length}, m_codePage);
+        put(m_record.data(), *text.row, text.bytes);
+        next += ansi::countedSize(text.length);
+    }
 }
 
 void WireBlock::readBack(void* record, Texts texts) const
 {
-    size_t index = 0;
     for (const FieldRow& row : m_layout.fields)
         if (row.kind == FieldKind::number)
             memberOf<int32_t>(record, row) = take<int32_t>(m_record.data(), row);
         else if (row.kind == FieldKind::flag)
             memberOf<bool>(record, row) = take<VARIANT_BOOL>(m_record.data(), row) != VARIANT_FALSE;
+    for (const Text& text : std::span(m_texts.data(), m_textCount)) {
+        auto& member = memberOf<std::wstring>(record, *text.row);
+        if (texts == Texts::trimmed && text.row->capacity > 0)
+            ansi::readBeforeNul(member, {text.bytes, text.length}, m_codePage);
         else
-            readText(memberOf<std::wstring>(record, row), m_texts[index++],
-                     texts == Texts::trimmed && row.capacity > 0);
+            member = ansi::wideOf({text.bytes, text.length}, m_codePage);
+    }
 }
 
 bool WireBlock::asksForMore() const noexcept

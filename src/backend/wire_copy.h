@@ -30,15 +30,21 @@ public:
     bool asksForMore() const noexcept;
 
 private:
-    void placeTexts(const void* record, Fill fill);
-    void placeNumbers(const void* record, Fill fill);
-    void readText(std::wstring& text, std::span<const char> bytes, bool trimmed) const;
+    // A counted string in the block.
+    struct Text {
+        const FieldRow* row;
+        size_t length;
+        char* bytes;
+    };
+    size_t noteText(const FieldRow& row, const void* record, Fill fill);
+    void placeTexts(size_t room, const void* record, Fill fill);
 
     const RecordLayout& m_layout;
     ansi::CodePage m_codePage;
     alignas(4) std::array<std::byte, largestWireRecord> m_record{};
+    std::array<Text, mostTextsInRecord> m_texts; // the first of them are in use
+    size_t m_textCount = 0;
     std::optional<ansi::TextBlock> m_block; // none for a record without texts
-    std::array<std::span<char>, mostTextsInRecord> m_texts;
 };
 
 template <class Record>

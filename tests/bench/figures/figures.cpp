@@ -68,8 +68,9 @@ Summary summarize(const std::vector<Pair>& pairs)
         baseline.push_back(pair.baseline);
         ratios.push_back(pair.ours / pair.baseline);
     }
-    return {median(ours), median(baseline), median(ratios), *std::min_element(ratios.begin(), ratios.end()),
-            *std::max_element(ratios.begin(), ratios.end())};
+    std::sort(ratios.begin(), ratios.end());
+    const size_t leftOut = (ratios.size() - 1) / 10;
+    return {median(ours), median(baseline), median(ratios), ratios[leftOut], ratios[ratios.size() - 1 - leftOut]};
 }
 
 std::string tableOf(const std::vector<Figure>& figures)

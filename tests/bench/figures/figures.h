@@ -12,7 +12,8 @@ struct Pair {
     double baseline;
 };
 
-// What the runs of a row come to: medians, and the least and greatest ratio of a pair.
+// What the runs of a row come to: medians, and the least and greatest ratio of a pair; of more than ten pairs those
+// that leave a tenth of them out at either end.
 struct Summary {
     double ours = 0;
     double baseline = 0;

@@ -45,6 +45,25 @@ TEST(summarize, spread_isTheLeastAndTheGreatestRatio)
     EXPECT_DOUBLE_EQ(summary.highest, 3);
 }
 
+TEST(summarize, spreadOfManyPairs_leavesOutATenthAtEitherEnd)
+{
+    std::vector<Pair> pairs;
+    for (int ratio = 21; ratio > 0; --ratio)
+        pairs.push_back({static_cast<double>(ratio), 1});
+    const Summary summary = summarize(pairs);
+    EXPECT_EQ(summary.lowest, 3);
+    EXPECT_EQ(summary.highest, 19);
+}
+
+TEST(summarize, spreadOfTenPairs_leavesOutNone)
+{
+    std::vector<Pair> pairs;
+    for (int ratio = 1; ratio <= 10; ++ratio)
+        pairs.push_back({static_cast<double>(ratio), 1});
+    EXPECT_EQ(summarize(pairs).lowest, 1);
+    EXPECT_EQ(summarize(pairs).highest, 10);
+}
+
 TEST(figure, ratioAtItsTarget_isMet)
 {
     EXPECT_TRUE(someFigure().isMet());

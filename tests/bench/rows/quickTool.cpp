@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <string_view>
 
 namespace velk::bench {
 namespace {
@@ -13,8 +14,8 @@ namespace wire = devkit::wire;
 constexpr int32_t procedureKind = 8;
 
 // The texts that all objects share; the one without is the name.
-constexpr std::array<const char*, QuickTool::textCount> sharedTexts = {
-    "sales", nullptr, "SQL061122014500200", "IN a INTEGER, OUT b VARCHAR(20)", "SQL", "PKG1", "of the orders", "o.sql"};
+constexpr std::array<std::string_view, QuickTool::textCount> sharedTexts = {
+    "sales", {}, "SQL061122014500200", "IN a INTEGER, OUT b VARCHAR(20)", "SQL", "PKG1", "of the orders", "o.sql"};
 
 constexpr std::array<char * wire::trzProcedure::*, QuickTool::textCount> wireTexts = {
     &wire::trzProcedure::strSchema,     &wire::trzProcedure::strName,     &wire::trzProcedure::strSpecific,
@@ -26,16 +27,21 @@ constexpr std::array<char * wire::trzProcedure::*, QuickTool::textCount> wireTex
 QuickTool::QuickTool(int32_t most) : m_names(static_cast<size_t>(most)), m_count(most), m_wrap(most)
 {
     // In no order that a list could profit from; the factor has no divisor in common with any number of objects here.
-    for (int32_t number = 0; number < most; ++number)
-        std::snprintf(m_names[static_cast<size_t>(number)].data(), sizeof m_names[0], "procedure%d",
-                      static_cast<int>(number * 7919LL % most));
+    for (int32_t number = 0; number < most; ++number) {
+        Name& made = m_names[static_cast<size_t>(number)];
+        made.length = static_cast<uint8_t>(
+            std::snprintf(made.text, sizeof made.text, "procedure%d", static_cast<int>(number * 7919LL % most)));
+    }
     backend.numbersAsTexts = true;
     setCalls();
 }
 
 std::string_view QuickTool::text(int32_t handle, size_t index) const
 {
-    return index == name ? m_names[static_cast<size_t>(handle - firstObject)].data() : sharedTexts[index];
+    if (index != name)
+        return sharedTexts[index];
+    const Name& own = m_names[static_cast<size_t>(handle - firstObject)];
+    return {own.text, own.length};
 }
 
 void QuickTool::write(int32_t handle, wire::trzProcedure& record) const

@@ -40,7 +40,11 @@ private:
     int32_t next(test::wire::trzNotify& record, int16_t& more);
     void setCalls();
 
-    std::vector<std::array<char, 24>> m_names;
+    struct Name {
+        char text[23];
+        uint8_t length;
+    };
+    std::vector<Name> m_names;
     int32_t m_count = 0;
     int32_t m_wrap = 0;
     int32_t m_enumerated = 0;

@@ -5,6 +5,7 @@
 #include "addin/traceSettings.h"
 #include "backend/texts.h"
 #include "base/text.h"
+#include "base/unique_any.h"
 #include "com/automation.h"
 #include "com/com_boundary.h"
 #include "ui/messageBox.h"
@@ -230,9 +231,8 @@ std::optional<std::wstring> Connect::start()
     if (failure || !isAllowed) {
         if (failure)
             reportFailure(L"Connect.start", L"the entry stays enabled for another try", *failure);
-        const std::wstring told = failure ? startFailureText(*failure) : getRZString(noProjectText);
-        endStart(SessionState::loaded);
-        return told;
+        const scope_exit mayTryAgain([this] { endStart(SessionState::loaded); });
+        return failure ? startFailureText(*failure) : getRZString(noProjectText);
     }
     swallow(L"Connect.start", L"the session runs with the windows that could be built",
             [this] { m_IMgr->buildUserInterface(); });

@@ -16,10 +16,13 @@
 namespace velk {
 namespace {
 
-const std::wstring classesRoot = L"Software\\Classes\\";
-const std::wstring ideRoot = L"Software\\Microsoft\\VisualStudio\\6.0\\AddIns";
-const std::wstring ideRootStop = L"Software\\Microsoft";
-const std::wstring addinKey = ideRoot + L"\\" + VELK_OWN_NAME("Connect");
+#define VELK_IDE_ROOT L"Software\\Microsoft\\VisualStudio\\6.0\\AddIns"
+
+// No objects: what is made while the DLL is being loaded has nobody to tell that it could not be made.
+constexpr wchar_t classesRoot[] = L"Software\\Classes\\";
+constexpr wchar_t ideRoot[] = VELK_IDE_ROOT;
+constexpr wchar_t ideRootStop[] = L"Software\\Microsoft";
+constexpr wchar_t addinKey[] = VELK_IDE_ROOT L"\\" VELK_OWN_NAME("Connect");
 constexpr wchar_t addinDescription[] = L"Works on Velk database objects and Rozel projects inside the IDE";
 constexpr DWORD loadAtStartup = 1;
 constexpr DWORD notCommandLineSafe = 0;
@@ -43,7 +46,7 @@ void write(const std::wstring& path, const std::wstring& text, const std::wstrin
 
 std::wstring classKey(const PublishedClass& row)
 {
-    return classesRoot + L"CLSID\\" + guidText(*row.clsid);
+    return std::wstring(classesRoot) + L"CLSID\\" + guidText(*row.clsid);
 }
 
 std::wstring progId(const PublishedClass& row)

@@ -3,9 +3,25 @@
 #include "backend/arguments.h"
 #include "backend/library.h"
 
+#include <array>
+#include <bit>
+#include <span>
 #include <tuple>
 
 namespace velk {
+
+// What a call is for. One that acts may take its time, so that what it left changed in the process is looked after,
+// too; polls, texts and records are asked for all the time.
+enum class CallManner { acts, asks };
+
+template <class Kind>
+inline constexpr bool isRecord = false;
+template <class R>
+inline constexpr bool isRecord<arguments::Record<R>> = true;
+
+// The door of all calls. What goes wrong inside of one ends the call alone: error 51 with the function and what was
+// raised where, error 49 for a function that takes other arguments.
+int32_t callBackend(BackendFunction function, std::span<const uint32_t> arguments, CallManner manner);
 
 // One function of the Backend as something to call. A missing library or function is error 53, 48 or 453.
 template <BackendFunction function, class... Kinds>
@@ -22,10 +38,10 @@ struct BackendCall {
     // With values that are already as the Backend wants them.
     int32_t onWire(typename Kinds::Wire... arguments) const
     {
-        using Routine = int32_t(__stdcall*)(typename Kinds::Wire...);
-        const int32_t result = reinterpret_cast<Routine>(backendEntry(function))(arguments...);
-        traceBackendCall(function, result);
-        return result;
+        constexpr CallManner manner =
+            isBackendText(function) || (... || isRecord<Kinds>) ? CallManner::asks : CallManner::acts;
+        const std::array<uint32_t, sizeof...(Kinds)> words{std::bit_cast<uint32_t>(arguments)...};
+        return callBackend(function, words, manner);
     }
 };
 

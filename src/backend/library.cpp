@@ -4,13 +4,14 @@
 
 #include "base/boundary.h"
 #include "base/error.h"
+#include "base/guarded_call.h"
 #include "base/never_destroyed.h"
 #include "base/text.h"
 #include "base/trace.h"
 #include "base/unique_any.h"
 
 #include <array>
-#include <cstring>
+#include <bit>
 #include <string>
 #include <string_view>
 
@@ -31,7 +32,11 @@ struct LoadedLibrary {
     unique_module module;
     std::array<void*, functionCount> addresses{};
     bool isTerminated = false;
+    bool isSound = true;
+    int faults = 0; // in this session
 };
+
+constexpr int mostFaults = 3;
 
 LoadedLibrary& loaded()
 {
@@ -72,8 +77,11 @@ unique_module loadFrom(const std::wstring& path)
     SetCurrentDirectoryW(systemFolder().c_str());
     // A damaged library must not make the system show a box of its own over the IDE.
     const UINT mode = SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
-    unique_module module(LoadLibraryExW(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
-    const DWORD code = GetLastError();
+    // A library's beginning is code, too.
+    const std::array<uint32_t, 3> arguments{std::bit_cast<uint32_t>(path.c_str()), 0, LOAD_WITH_ALTERED_SEARCH_PATH};
+    const CallOutcome outcome = guardedCall(reinterpret_cast<void*>(LoadLibraryExW), arguments);
+    unique_module module(std::bit_cast<HMODULE>(outcome.result));
+    const DWORD code = outcome.exception ? ERROR_DLL_INIT_FAILED : GetLastError();
     SetErrorMode(mode);
     if (!module)
         throw loadError(code, path);
@@ -101,32 +109,46 @@ void* backendAddress(BackendFunction function)
     const char* name = functionNames[index];
     library.addresses[index] = reinterpret_cast<void*>(GetProcAddress(library.module.get(), name));
     if (!library.addresses[index])
-        throw libraryError(errorDllEntryPoint,
-                           L" " + std::wstring(name, name + std::strlen(name)) + L" in " + std::wstring(libraryName));
+        throw libraryError(errorDllEntryPoint, L" " + backendFunctionText(function));
     return library.addresses[index];
 }
 
 void* backendEntry(BackendFunction function)
 {
     LoadedLibrary& library = loaded();
-    switch (function) {
-    case BackendFunction::RZGetString:
-    case BackendFunction::RZGetStringP1:
-    case BackendFunction::RZGetStringP2:
-        return backendAddress(function);
-    case BackendFunction::RZInitialize:
+    if (function == BackendFunction::RZInitialize) {
         library.isTerminated = false;
-        return backendAddress(function);
-    default:
-        if (library.isTerminated)
-            throw Error(errorInvalidCall);
-        break;
+        library.faults = 0;
     }
+    if (isBackendGivenUp() && function != BackendFunction::RZTerminate)
+        throw Error(errorInternal, std::wstring(libraryName) + L" failed too often in this session");
+    if (isBackendText(function))
+        return backendAddress(function);
+    if (library.isTerminated)
+        throw Error(errorInvalidCall);
     void* address = backendAddress(function);
     // Before the call: what the tool lets happen inside of it is after the end, too. A call that cannot be made ends
     // nothing.
     library.isTerminated = function == BackendFunction::RZTerminate;
     return address;
+}
+
+std::wstring backendFunctionText(BackendFunction function)
+{
+    const std::string_view name = functionNames[static_cast<size_t>(function)];
+    return std::wstring(name.begin(), name.end()) + L" in " + std::wstring(libraryName);
+}
+
+BackendTrust countBackendFault() noexcept
+{
+    loaded().isSound = false;
+    ++loaded().faults;
+    return isBackendGivenUp() ? BackendTrust::givenUp : BackendTrust::kept;
+}
+
+bool isBackendGivenUp() noexcept
+{
+    return loaded().faults >= mostFaults;
 }
 
 bool isBackendLibraryFailure(const Error& failure) noexcept
@@ -148,9 +170,14 @@ void traceBackendCall(BackendFunction function, int32_t result) noexcept
 
 void unloadBackend() noexcept
 {
-    loaded().addresses = {};
-    loaded().module.reset();
-    loaded().isTerminated = false;
+    LoadedLibrary& library = loaded();
+    library.addresses = {};
+    if (!library.isSound)
+        library.module.release();
+    library.module.reset();
+    library.isTerminated = false;
+    library.isSound = true;
+    library.faults = 0;
 }
 
 } // namespace velk

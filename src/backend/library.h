@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 namespace velk {
 
@@ -14,6 +15,15 @@ enum class BackendFunction {
     count
 };
 
+// Texts, which may be asked for without a session, too.
+constexpr bool isBackendText(BackendFunction function) noexcept
+{
+    return function == BackendFunction::RZGetString || function == BackendFunction::RZGetStringP1 ||
+           function == BackendFunction::RZGetStringP2;
+}
+// "RZGetString in velkvsadd.dll"
+std::wstring backendFunctionText(BackendFunction function);
+
 // The address of a function. The library is loaded with the first function that is asked for: from the add-in's own
 // folder, else from the folders of the program, the system and the search path. Errors 53 (no library), 48 (a
 // library that does not load), 453 (a library without the function); each is tried again with the next call.
@@ -23,6 +33,14 @@ void* backendAddress(BackendFunction function);
 // RZInitialize: it has let go of everything, and the host may well have ended the session inside one of our calls.
 // Error 5 for whatever is asked all the same.
 void* backendEntry(BackendFunction function);
+
+// A call ended in a fault. The session goes on, since one bad object need not spoil the others; but the third fault in
+// it is one too many: from then on no call is made but the end of the session, error 51 for whatever is asked all the
+// same, until the next RZInitialize. A library that has had a fault stays in the process, where its threads may still
+// be at work.
+enum class BackendTrust { kept, givenUp };
+BackendTrust countBackendFault() noexcept;
+bool isBackendGivenUp() noexcept;
 
 // True for a failure of backendAddress: the library is missing, damaged or of another release. An IDE's failure with
 // the same number is not one.

@@ -18,6 +18,8 @@ constexpr ClassicError classicErrors[] = {
     {errorSubscript,         L"Subscript out of range"},
     {errorTypeMismatch,      L"Type mismatch"},
     {errorLoadingDll,        L"Error in loading DLL"},
+    {errorCallingConvention, L"Bad DLL calling convention"},
+    {errorInternal,          L"Internal error"},
     {errorFileNotFound,      L"File not found"},
     {errorPermissionDenied,  L"Permission denied"},
     {errorObjectNotSet,      L"Object variable or With block variable not set"},

@@ -19,6 +19,8 @@ enum ErrorNumber : int32_t {
     errorSubscript           = 9,
     errorTypeMismatch        = 13,
     errorLoadingDll          = 48,
+    errorCallingConvention   = 49,
+    errorInternal            = 51,
     errorFileNotFound        = 53,
     errorPermissionDenied    = 70,
     errorObjectNotSet        = 91,

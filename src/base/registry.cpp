@@ -71,7 +71,7 @@ void removeEmptyUpTo(HKEY root, std::wstring path, const std::wstring& stop) noe
     }
 }
 
-bool hasAnsiValue(HKEY root, const std::wstring& path, const std::wstring& name) noexcept
+bool hasAnsiValue(HKEY root, std::wstring_view path, std::wstring_view name) noexcept
 {
     bool isThere = false;
     swallow(L"registry", L"what cannot be read counts as absent", [&] {

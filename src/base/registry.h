@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace velk::registry {
@@ -23,7 +24,7 @@ void removeEmptyUpTo(HKEY root, std::wstring path, const std::wstring& stop) noe
 
 // Reading what programs of the ANSI time wrote: through the ANSI functions, at most 2048 characters of name and data.
 // Whether a value can be read; and name and data of a value by its number, nothing when there is none.
-bool hasAnsiValue(HKEY root, const std::wstring& path, const std::wstring& name) noexcept;
+bool hasAnsiValue(HKEY root, std::wstring_view path, std::wstring_view name) noexcept;
 std::optional<std::pair<std::wstring, std::wstring>> ansiValueAt(HKEY root, const std::wstring& path, uint32_t index);
 
 } // namespace velk::registry

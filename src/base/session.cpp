@@ -17,7 +17,8 @@ Session::~Session() = default;
 Session Session::none() noexcept
 {
     static never_destroyed<Life> endless;
-    return Session(std::shared_ptr<Life>(std::shared_ptr<Life>(), &endless.get())); // nobody counts its references
+    // Nobody owns it: no memory is taken that could be missing, or stay behind.
+    return Session(std::shared_ptr<Life>(std::shared_ptr<Life>(), &endless.get()));
 }
 
 bool Session::isOver() const noexcept

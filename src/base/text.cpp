@@ -1,10 +1,10 @@
 #include "base/text.h"
 
+#include "base/decimal.h"
 #include "base/error.h"
 #include "base/win32.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -48,19 +48,17 @@ std::string numberCharacters(std::wstring_view text)
     return kept;
 }
 
-// How many digits a number has before its point, its exponent counted in; below zero for one that is near nothing.
-double magnitudeOf(const std::string& characters)
+// The exponent behind the letter, if digits follow; no sane one is beyond the limit.
+int64_t exponentOf(std::string_view characters)
 {
-    const size_t exponent = std::min(characters.find('e'), characters.size());
-    const size_t point = std::min(characters.find('.'), exponent);
-    const size_t first = std::min(characters.find_first_not_of("+-0."), exponent);
-    int32_t power = 0;
-    const char* begin = characters.data() + std::min(exponent + 1, characters.size());
-    const char* end = characters.data() + characters.size();
-    if (std::from_chars(begin + (begin != end && *begin == '+' ? 1 : 0), end, power).ec ==
-        std::errc::result_out_of_range)
-        power = *begin == '-' ? std::numeric_limits<int32_t>::min() : std::numeric_limits<int32_t>::max();
-    return static_cast<double>(point) - static_cast<double>(first) + power;
+    constexpr int64_t limit = int64_t{1} << 40;
+    const bool isNegative = characters.starts_with('-');
+    if (isNegative || characters.starts_with('+'))
+        characters.remove_prefix(1);
+    int64_t exponent = 0;
+    for (const char digit : characters)
+        exponent = std::min(limit, exponent * 10 + (digit - '0'));
+    return isNegative ? -exponent : exponent;
 }
 
 } // namespace
@@ -100,13 +98,15 @@ double leadingNumber(std::wstring_view text)
     // Leaves a dangling exponent or sign unread, as Val does. Not strtod: that takes the decimal point of the host's
     // locale.
     const std::string characters = numberCharacters(text);
-    const char* begin = characters.data();
-    const char* end = begin + characters.size();
-    double number = 0.0;
-    const auto read = std::from_chars(begin + (characters.starts_with('+') ? 1 : 0), end, number);
-    if (read.ec == std::errc::result_out_of_range && magnitudeOf(characters) > 0)
-        number = characters.starts_with('-') ? -HUGE_VAL : HUGE_VAL;
-    return number;
+    const size_t end = std::min(characters.find('e'), characters.size());
+    const size_t point = std::min(characters.find('.'), end);
+    const bool isSigned = characters.starts_with('-') || characters.starts_with('+');
+    std::string digits = characters.substr(isSigned ? 1 : 0, end - (isSigned ? 1 : 0));
+    std::erase(digits, '.');
+    const auto decimals = static_cast<int64_t>(end - std::min(point + 1, end));
+    const int64_t exponent = exponentOf(std::string_view(characters).substr(std::min(end + 1, characters.size())));
+    const double number = nearestDouble(digits, exponent - decimals);
+    return characters.starts_with('-') ? -number : number;
 }
 
 int32_t roundToLong(double number)

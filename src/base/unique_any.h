@@ -56,6 +56,9 @@ struct menu_traits : null_handle<HMENU> {
 struct module_traits : null_handle<HMODULE> {
     static void close(HMODULE module) noexcept { FreeLibrary(module); }
 };
+struct kernel_traits : null_handle<HANDLE> {
+    static void close(HANDLE handle) noexcept { CloseHandle(handle); }
+};
 struct key_traits : null_handle<HKEY> {
     static void close(HKEY key) noexcept { RegCloseKey(key); }
 };
@@ -78,6 +81,7 @@ struct memory_dc_traits : null_handle<HDC> {
 using unique_window = unique_any<window_traits>;
 using unique_menu = unique_any<menu_traits>;
 using unique_module = unique_any<module_traits>;
+using unique_kernel_handle = unique_any<kernel_traits>;
 using unique_key = unique_any<key_traits>;
 using unique_image_list = unique_any<image_list_traits>;
 using unique_font = unique_any<font_traits>;

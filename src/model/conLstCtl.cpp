@@ -150,7 +150,7 @@ void conLstCtl::terminate() noexcept
     m_IMgr = {};
     m_decision = false;
     for (std::wstring* result : {&m_selectedName, &m_selectedProj, &m_selectedDataEnv, &m_selectedCon})
-        *result = std::wstring();
+        std::wstring().swap(*result); // and its memory
 }
 
 void conLstCtl::onCommand(int id, int notification)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "backend/library.h"
 #include "backend/records.h"
 #include "model/IntegrationMgr.h"
 #include "window/window.h"
@@ -50,7 +51,7 @@ private:
     notificationThreadFrm();
     void drain();
     void dispatch(const trzNotify& notification);
-    bool isOver() const noexcept { return !hwnd() || m_IMgr.session().isOver(); }
+    bool isOver() const noexcept { return !hwnd() || m_IMgr.session().isOver() || isBackendGivenUp(); }
 
     IntegrationMgr m_IMgr;
     Failures m_failures;

@@ -153,6 +153,7 @@ void serverViewDoc::UserDocument_Terminate() noexcept
     if (shown.document.tryAs<IUnknown>().get() == identity()) {
         shown.window.reset();
         shown.document.reset();
+        shown.session = Session::none();
     }
     m_IMgr.reset();
 }

@@ -40,6 +40,11 @@ UiFont& uiFont()
     return settings.get();
 }
 
+void forgetUiFont() noexcept
+{
+    std::wstring().swap(uiFont().name); // and its memory
+}
+
 int32_t fontCharset(std::wstring_view name)
 {
     for (const FaceRow& row : faceRows)

@@ -14,6 +14,8 @@ struct UiFont {
     int32_t charset = 1; // as in LOGFONT; 1 lets the system choose
 };
 UiFont& uiFont();
+// Lets go of the name: the DLL is about to be unloaded.
+void forgetUiFont() noexcept;
 
 // The character set of a face name. Only four double-byte faces are told apart; their names are compared byte for
 // byte as they come over the bridge.

@@ -29,10 +29,11 @@ void Dialog::load(HWND owner, const DialogLayout& layout, const DialogFont& font
         return;
     m_owner = owner;
     const std::vector<WORD> bytes = dialogTemplate(layout, font);
+    auto wait = std::make_shared<Wait>(); // before the window: a form has both or neither
     m_hwnd = CreateDialogIndirectParamW(module::instance(), reinterpret_cast<const DLGTEMPLATE*>(bytes.data()), owner,
                                         &Dialog::procedure, reinterpret_cast<LPARAM>(this));
     throwLastErrorUnless(m_hwnd != nullptr);
-    m_wait = std::make_shared<Wait>();
+    m_wait = std::move(wait);
 }
 
 void Dialog::unload() noexcept

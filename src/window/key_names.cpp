@@ -39,59 +39,68 @@ class Parser {
 public:
     explicit Parser(const std::wstring& text) : m_text(text) {}
 
+    // Step by step, however deep the groups are: the text comes from whoever calls by automation.
     std::vector<KeyStroke> run()
     {
         while (m_place < m_text.size())
-            item({});
+            take(m_text[m_place++]);
+        if (m_isModified || !m_groups.empty())
+            refuse();
         return std::move(m_keys);
     }
 
 private:
     [[noreturn]] static void refuse() { throw Error(errorInvalidCall); }
 
-    wchar_t next()
+    void take(wchar_t character)
     {
-        if (m_place == m_text.size())
-            refuse();
-        return m_text[m_place++];
-    }
-
-    // A key, or a modifier with what it holds for.
-    void item(Modifiers held)
-    {
-        switch (const wchar_t character = next()) {
+        switch (character) {
         case L'+':
-            held.shift = true;
-            return item(held);
+            m_held.shift = m_isModified = true;
+            return;
         case L'^':
-            held.control = true;
-            return item(held);
+            m_held.control = m_isModified = true;
+            return;
         case L'%':
-            held.alt = true;
-            return item(held);
+            m_held.alt = m_isModified = true;
+            return;
         case L'(':
-            return group(held);
-        case L'{':
-            return braces(held);
-        case L'~':
-            return add({VK_RETURN}, held);
+            m_groups.push_back(m_held);
+            m_isModified = false;
+            return;
         case L')':
+            return closeGroup();
+        case L'{':
+            braces();
+            return letGo();
         case L'}':
             refuse();
+        case L'~':
+            add({VK_RETURN});
+            return letGo();
         default:
-            return add({0, character}, held);
+            add({0, character});
+            return letGo();
         }
     }
 
-    void group(Modifiers held)
+    void closeGroup()
     {
-        while (m_place < m_text.size() && m_text[m_place] != L')')
-            item(held);
-        next(); // the closing parenthesis
+        if (m_isModified || m_groups.empty())
+            refuse();
+        m_groups.pop_back();
+        letGo();
+    }
+
+    // What a modifier held for is over: only those of the groups around it still hold.
+    void letGo()
+    {
+        m_held = m_groups.empty() ? Modifiers{} : m_groups.back();
+        m_isModified = false;
     }
 
     // {x}, {NAME}, each perhaps with a blank and a count. The first character is taken whatever it is: {}} is a brace.
-    void braces(Modifiers held)
+    void braces()
     {
         const size_t end = m_place < m_text.size() ? m_text.find(L'}', m_place + 1) : std::wstring::npos;
         if (end == std::wstring::npos)
@@ -102,7 +111,7 @@ private:
         const KeyStroke key = named(inside.substr(0, blank));
         const long count = blank == std::wstring::npos ? 1 : countOf(inside.substr(blank + 1));
         for (long repeated = 0; repeated < count; ++repeated)
-            add(key, held);
+            add(key);
     }
 
     static long countOf(const std::wstring& text)
@@ -123,16 +132,19 @@ private:
         refuse();
     }
 
-    void add(KeyStroke key, Modifiers held)
+    void add(KeyStroke key)
     {
-        key.shift = key.shift || held.shift;
-        key.control = key.control || held.control;
-        key.alt = key.alt || held.alt;
+        key.shift = key.shift || m_held.shift;
+        key.control = key.control || m_held.control;
+        key.alt = key.alt || m_held.alt;
         m_keys.push_back(key);
     }
 
     const std::wstring& m_text;
     size_t m_place = 0;
+    Modifiers m_held;
+    bool m_isModified = false;       // a modifier waits for what it holds for
+    std::vector<Modifiers> m_groups; // the open ones, with what holds inside them
     std::vector<KeyStroke> m_keys;
 };
 

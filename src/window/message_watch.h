@@ -15,7 +15,8 @@ public:
     MessageWatch& operator=(const MessageWatch&) = delete;
     ~MessageWatch();
 
-    // May send messages to the window itself, which it hears of in turn. What it throws is reported.
+    // May send messages to the window itself, which it hears of in turn; is not to be set by itself. What it throws is
+    // reported.
     void setListener(std::function<void()> listener) { m_listener = std::move(listener); }
 
 private:

@@ -2,18 +2,22 @@
 // Tested in tests/system/unloadTest.cpp.
 
 #include "addin/classFactory.h"
+#include "addin/entry/runTime.h"
 #include "addin/registration.h"
 #include "backend/library.h"
 #include "com/com_boundary.h"
 #include "com/dispatch.h"
 #include "scc/VSSAPI.h"
+#include "ui/uiFont.h"
 
 using namespace velk;
 
-extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) noexcept
+extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID processEnds) noexcept
 {
     if (reason == DLL_PROCESS_ATTACH)
         DisableThreadLibraryCalls(instance);
+    else if (reason == DLL_PROCESS_DETACH && !processEnds)
+        giveBackRunTime();
     return TRUE;
 }
 
@@ -37,6 +41,7 @@ STDAPI DllCanUnloadNow() noexcept
     forgetTypeLibraries();
     closeSourceSafe();
     unloadBackend();
+    forgetUiFont();
     setFailureObserver(nullptr);
     return S_OK;
 }

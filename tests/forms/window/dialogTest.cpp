@@ -1,9 +1,12 @@
 #include "window/dialog.h"
 
+#include "base/boundary.h"
 #include "base/unique_any.h"
+#include "support/outOfMemory.h"
 #include "support/waitingForm.h"
 
 #include <gtest/gtest.h>
+#include <optional>
 
 namespace velk {
 namespace {
@@ -35,6 +38,19 @@ TEST_F(DialogTest, shownForm_blocksItsOwnerUntilItIsHidden)
     });
     EXPECT_TRUE(wasRun);
     EXPECT_TRUE(isEnabled(owner.get()));
+}
+
+// Whatever could not be had: there is a whole form, or none.
+TEST_F(DialogTest, formWithoutMemory_isNotThere)
+{
+    bool isEnough = false;
+    for (int given = 0; !isEnough; ++given) {
+        std::optional<test::WaitingForm> form;
+        const test::OutOfMemory none(given);
+        const auto failure = attempt([&] { form.emplace(owner.get()); });
+        isEnough = !none.wasFelt();
+        EXPECT_EQ(failure.has_value(), !isEnough) << given;
+    }
 }
 
 TEST_F(DialogTest, form_standsInTheMiddleOfItsOwner)

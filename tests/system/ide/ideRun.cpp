@@ -7,8 +7,6 @@
 namespace velk::test {
 namespace {
 
-constexpr DWORD longestRun = 150000; // milliseconds
-
 std::wstring fullPath(const std::wstring& path)
 {
     wchar_t full[MAX_PATH] = L"";

@@ -35,6 +35,7 @@ protected:
     std::vector<std::string> backendJournal() const { return lines(L"backend.journal"); }
 
     std::string output;
+    DWORD longestRun = 150000; // milliseconds
 
     // Calls an entry without arguments of a library in the folder: its registration or the end of that.
     void registerDll(const wchar_t* name, const char* entry) const;

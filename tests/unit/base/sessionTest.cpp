@@ -1,6 +1,7 @@
 #include "base/session.h"
 
 #include "base/error.h"
+#include "support/outOfMemory.h"
 
 #include <gtest/gtest.h>
 
@@ -24,6 +25,13 @@ TEST(session, end_isTheSameForEveryCopyFromItsBeginningOn)
     EXPECT_TRUE(copy.isOver());
     EXPECT_TRUE(copy == session);
     EXPECT_THROW(copy.throwIfOver(), Error);
+}
+
+TEST(session, ofNobody_needsNoMemory)
+{
+    const test::OutOfMemory none;
+    EXPECT_FALSE(Session::none().isOver());
+    EXPECT_FALSE(none.wasFelt());
 }
 
 TEST(session, part_isOverWithTheWholeAndNotTheOtherWayRound)

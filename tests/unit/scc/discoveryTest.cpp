@@ -1,5 +1,6 @@
 #include "base/registry.h"
 #include "scc/VSSAPI.h"
+#include "support/outOfMemory.h"
 
 #include <gmock/gmock.h>
 
@@ -94,6 +95,15 @@ TEST_F(DiscoveryTest, serverPathWithoutText_countsAsInstalled)
     const unique_key install = registry::createKey(HKEY_LOCAL_MACHINE, L"Software\\Microsoft\\SourceSafe");
     registry::setText(install.get(), L"SCCServerPath", L"");
     EXPECT_TRUE(isSourceSafeInstalled());
+}
+
+TEST_F(DiscoveryTest, noMemory_countsAsAbsent)
+{
+    const unique_key install = registry::createKey(HKEY_LOCAL_MACHINE, L"Software\\Microsoft\\SourceSafe");
+    registry::setText(install.get(), L"SCCServerPath", L"C:\\vss");
+    const test::OutOfMemory none;
+    EXPECT_FALSE(isSourceSafeInstalled());
+    EXPECT_TRUE(none.wasFelt());
 }
 
 } // namespace

@@ -26,6 +26,11 @@ KeyStroke controlled(KeyStroke stroke)
     stroke.control = true;
     return stroke;
 }
+KeyStroke withAlt(KeyStroke stroke)
+{
+    stroke.alt = true;
+    return stroke;
+}
 int32_t failureOf(const wchar_t* text)
 {
     try {
@@ -93,8 +98,32 @@ TEST(ParseKeys, emptyText_isNoKey)
 TEST(ParseKeys, badSyntax_isErrorFive)
 {
     for (const wchar_t* text : {L"{", L"{}", L"{ENTER", L"(ab", L"ab)", L"}", L"{ELEPHANT}", L"{LEFT x}", L"{LEFT -1}",
-                                L"{LEFT }", L"+", L"{LEFT 123456}"})
+                                L"{LEFT }", L"+", L"{LEFT 123456}", L"(+)", L"((a)", L"(a))"})
         EXPECT_EQ(failureOf(text), errorInvalidCall) << text;
+}
+
+TEST(ParseKeys, groupInsideAGroup_addsToItUntilItsEnd)
+{
+    EXPECT_THAT(parseKeys(L"^(+(a)b)c"),
+                ElementsAre(controlled(shifted(character(L'a'))), controlled(character(L'b')), character(L'c')));
+}
+
+TEST(ParseKeys, emptyGroup_isNoKey)
+{
+    EXPECT_THAT(parseKeys(L"+()a"), ElementsAre(character(L'a')));
+}
+
+// More than the stack could hold if each took some of it.
+TEST(ParseKeys, anyNumberOfOpenGroups_isErrorFive)
+{
+    EXPECT_EQ(failureOf(std::wstring(200000, L'(').c_str()), errorInvalidCall);
+    EXPECT_EQ(failureOf(std::wstring(200000, L'+').c_str()), errorInvalidCall);
+}
+
+TEST(ParseKeys, groupsOfAnyDepth_areRead)
+{
+    const std::wstring text = L"%" + std::wstring(200000, L'(') + L"a" + std::wstring(200000, L')');
+    EXPECT_THAT(parseKeys(text), ElementsAre(withAlt(character(L'a'))));
 }
 
 } // namespace

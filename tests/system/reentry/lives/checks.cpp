@@ -44,11 +44,11 @@ std::vector<std::wstring> wrongAfterFault(Life& life, SessionWatch& watch)
     return wrong;
 }
 
-std::vector<std::wstring> cleanLife(SessionWatch& watch)
+std::vector<std::wstring> cleanLife(SessionWatch& watch, Ending ending)
 {
     Life life(solutionPath());
     reentry().count();
-    life.brief();
+    life.brief(ending == Ending::letGo);
     std::vector<std::wstring> wrong = wrongAfter(life, watch);
     if (life.facts() != std::vector<std::wstring>{L"nodes: 7", L"Tables: 8"})
         wrong.push_back(L"the start or the folder was not right");

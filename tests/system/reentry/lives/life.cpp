@@ -323,11 +323,13 @@ void Life::wholeWithSourceSafe()
     end();
 }
 
-void Life::brief()
+void Life::brief(bool isLetGo)
 {
     load();
     start();
     browse(L"Tables");
+    if (isLetGo)
+        m_shell.addIns().letGo(progId);
     end();
 }
 

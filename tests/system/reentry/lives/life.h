@@ -21,8 +21,8 @@ public:
     void whole();
     // The same with source control before the end.
     void wholeWithSourceSafe();
-    // Load, start, one folder, unload.
-    void brief();
+    // Load, start, one folder, unload; or the host lets go of the add-in without telling it.
+    void brief(bool isLetGo = false);
     // What is loaded still, second objects too, is unloaded.
     void end();
 

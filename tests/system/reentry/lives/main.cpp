@@ -8,7 +8,10 @@
 //   run FILE NUMBER         pairs from this one on; ends with 10 behind one that leaves something in the process, and
 //                           with 0 when it has done enough of them, or said END
 //   pair PLACE ACTION       one pair
+//   cycles NUMBER [let-go]  so many lives, the add-in unloaded after each, or let go of without a word; what the
+//                           process holds more at the end
 #include "checks.h"
+#include "cycles.h"
 #include "devkit/ide/reentryActions.h"
 #include "devkit/ide/script.h"
 #include "devkit/ide/textFile.h"
@@ -235,6 +238,31 @@ int run(const std::wstring& file, size_t number)
     return 0;
 }
 
+// Another thread has the clipboard meanwhile, so that entries get no faces by it: Wine keeps the pixels of every
+// picture that was ever put there.
+int runCycles(int lives, Ending ending)
+{
+    Signal isHeld;
+    Signal isOver;
+    const Thread holder([&] {
+        OpenClipboard(nullptr);
+        isHeld.give();
+        isOver.wait();
+        CloseClipboard();
+    });
+    const scope_exit letGo([&] { isOver.give(); });
+    isHeld.wait();
+    SessionWatch watch;
+    for (const std::wstring& line : growthOf(lives, [&] {
+             pairBegan = GetTickCount();
+             auto wrong = cleanLife(watch, ending);
+             recorder().clear(); // the stand-in's own memory of all lives
+             return wrong;
+         }))
+        say(line);
+    return 0;
+}
+
 int work(const std::vector<std::wstring>& arguments)
 {
     reentry().hookBackend();
@@ -250,6 +278,8 @@ int work(const std::vector<std::wstring>& arguments)
     SessionWatch watch;
     if (what == L"pair" && arguments.size() == 3)
         return runPair({callPlace(arguments[1]).value(), arguments[2]}, watch, true);
+    if (what == L"cycles" && arguments.size() >= 2)
+        return runCycles(_wtoi(arguments[1].c_str()), arguments.size() > 2 ? Ending::letGo : Ending::disconnected);
     if (what != L"pumped")
         return 2;
     SetEnvironmentVariableW(L"VELK_BACKEND_PUMP", L"1");

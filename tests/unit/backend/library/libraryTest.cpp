@@ -140,6 +140,15 @@ TEST_F(backendLibrary, withoutTheFunction_isError453NamingBoth)
     EXPECT_EQ(RZTerminate(), 4711);
 }
 
+TEST_F(backendLibrary, functionThatTakesOtherArguments_isError49NamingIt)
+{
+    put(VELK_INCOMPLETE_BACKEND);
+    const auto error = errorOf([] { RZLaunchVelkTool(1); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->number(), 49);
+    EXPECT_EQ(error->description(), L"Bad DLL calling convention: RZLaunchVelkTool in velkvsadd.dll");
+}
+
 TEST_F(backendLibrary, missing_isALibraryFailureAlsoWhenKept)
 {
     const std::optional<Error> failure = attempt([] { RZTerminate(); });

@@ -1,0 +1,44 @@
+// What the add-in takes from its host's process it gives back: load, connect, start, browse, disconnect and unload,
+// over and over.
+#include "matrix.h"
+
+#include <cstdlib>
+
+namespace velk {
+namespace {
+
+constexpr const char* noGrowth[] = {
+    "GROWTH handles 0",    "GROWTH GDI objects 0", "GROWTH windows 0", "GROWTH heap blocks 0",
+    "GROWTH heap bytes 0", "GROWTH threads 0",     "GROWTH modules 0", "GROWTH slots of threads 0",
+};
+
+class CyclesTest : public test::MatrixRun {
+protected:
+    // The system's own store of automation strings that were freed would be counted.
+    CyclesTest()
+    {
+        SetEnvironmentVariableW(L"OANOCACHE", L"1");
+        longestRun = 1700000; // the program itself ends when a life hangs
+    }
+    ~CyclesTest() override { SetEnvironmentVariableW(L"OANOCACHE", nullptr); }
+
+    static std::wstring lives()
+    {
+        const wchar_t* const wanted = _wgetenv(L"VELK_CYCLES");
+        return wanted ? wanted : L"30";
+    }
+};
+
+TEST_F(CyclesTest, livesOneAfterTheOther_leaveNothingInTheProcess)
+{
+    EXPECT_THAT(undisturbedLife(L"cycles " + lives()), testing::ElementsAreArray(noGrowth));
+}
+
+// Each life ends its session, shows what it has to, and is followed by another one.
+TEST_F(CyclesTest, hostThatLetsGoWithoutAWord_hasNothingLeftEither)
+{
+    EXPECT_THAT(undisturbedLife(L"cycles " + lives() + L" let-go"), testing::ElementsAreArray(noGrowth));
+}
+
+} // namespace
+} // namespace velk

@@ -13,7 +13,7 @@ namespace velk {
 // When the server view's context menus open, for what, and what becomes of the user's choice.
 class ContextMenus {
 public:
-    ContextMenus(ViewParts& parts, CurrentFolder& folder) noexcept : m_parts(parts), m_folder(folder) {}
+    ContextMenus(ViewParts& parts, CurrentFolder& folder) : m_parts(parts), m_folder(folder) {}
 
     PopupMenus& menus() noexcept { return m_menus; }
 

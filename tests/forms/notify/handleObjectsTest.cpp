@@ -374,10 +374,7 @@ TEST_F(ObjectsTest, objectThatComesForEver_isShownOnceAndToldAsEndless)
 {
     backend.folders[20] = {100};
     select(L"K20");
-    backend.on.RZProcedureEnumNext = [](int32_t, auto* record) {
-        record->lHdl = 100;
-        return 1;
-    };
+    backend.on.RZProcedureEnumNext = [](int32_t, auto* record) { return record->lHdl = 100; };
     tell(contents, 7, 20);
     EXPECT_EQ(list().rows().size(), 1u);
     EXPECT_EQ(messages, Lines{L"The tool does not come to the end of this folder. What has come so far is shown."});

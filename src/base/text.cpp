@@ -5,6 +5,7 @@
 #include "base/win32.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -83,7 +84,16 @@ std::wstring toWide(std::string_view text)
 
 std::wstring numberText(int32_t number)
 {
-    return std::to_wstring(number);
+    std::array<wchar_t, 11> text{};
+    auto* begin = text.data() + text.size();
+    uint32_t rest = number < 0 ? 0u - static_cast<uint32_t>(number) : static_cast<uint32_t>(number);
+    do {
+        *--begin = static_cast<wchar_t>(L'0' + rest % 10);
+        rest /= 10;
+    } while (rest != 0);
+    if (number < 0)
+        *--begin = L'-';
+    return {begin, text.data() + text.size()};
 }
 
 std::wstring booleanText(bool truth)

@@ -1,6 +1,7 @@
 #include "addin/ownToolbar.h"
 
 #include "base/boundary.h"
+#include "base/text.h"
 #include "com/automation.h"
 
 namespace velk {
@@ -55,7 +56,7 @@ com_ptr<IDispatch> ownToolbar(const com_ptr<IDispatch>& bars, const std::wstring
 {
     constexpr int mostOfThatName = 9;
     for (int number = 1; number <= mostOfThatName; ++number) {
-        const std::wstring numbered = number == 1 ? name : name + L" (" + std::to_wstring(number) + L")";
+        const std::wstring numbered = number == 1 ? name : name + L" (" + numberText(number) + L")";
         const com_ptr<IDispatch> bar = barNamed(bars, numbered);
         session.throwIfOver();
         if (!bar)

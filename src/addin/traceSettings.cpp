@@ -40,7 +40,7 @@ std::wstring hostName()
 std::wstring lineOf(const Failure& failure)
 {
     wchar_t result[16];
-    std::swprintf(result, 16, L"0x%08lX", static_cast<unsigned long>(failure.error.result()));
+    wsprintfW(result, L"0x%08lX", static_cast<unsigned long>(failure.error.result()));
     std::wstring line = std::wstring(failure.where) + L": " + numberText(failure.error.number()) + L" (" + result +
                         L") " + failure.error.description();
     return failure.why.empty() ? line : line + L"; " + std::wstring(failure.why);

@@ -5,7 +5,7 @@
 #include "base/win32.h"
 
 #include <algorithm>
-#include <charconv>
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -84,9 +84,16 @@ std::wstring toWide(std::string_view text)
 
 std::wstring numberText(int32_t number)
 {
-    char digits[std::numeric_limits<int32_t>::digits10 + 2]; // and a sign
-    char* const end = std::to_chars(std::begin(digits), std::end(digits), number).ptr;
-    return std::wstring(std::begin(digits), end);
+    std::array<wchar_t, 11> text{};
+    auto* begin = text.data() + text.size();
+    uint32_t rest = number < 0 ? 0u - static_cast<uint32_t>(number) : static_cast<uint32_t>(number);
+    do {
+        *--begin = static_cast<wchar_t>(L'0' + rest % 10);
+        rest /= 10;
+    } while (rest != 0);
+    if (number < 0)
+        *--begin = L'-';
+    return {begin, text.data() + text.size()};
 }
 
 std::wstring booleanText(bool truth)

@@ -54,8 +54,8 @@ std::wstring timeText()
     SYSTEMTIME now{};
     GetLocalTime(&now);
     wchar_t text[40];
-    std::swprintf(text, 40, L"%04u-%02u-%02u %02u:%02u:%02u.%03u ", now.wYear, now.wMonth, now.wDay, now.wHour,
-                  now.wMinute, now.wSecond, now.wMilliseconds);
+    wsprintfW(text, L"%04u-%02u-%02u %02u:%02u:%02u.%03u ", now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute,
+              now.wSecond, now.wMilliseconds);
     return text;
 }
 

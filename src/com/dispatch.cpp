@@ -3,6 +3,7 @@
 
 #include "base/module.h"
 #include "base/never_destroyed.h"
+#include "base/text.h"
 #include "com/com_boundary.h"
 
 #include <array>
@@ -30,7 +31,7 @@ ITypeLib* loadLibrary(TypeLibrary library)
 std::wstring typeLibraryPath(TypeLibrary library)
 {
     const std::wstring path = module::path();
-    return library == TypeLibrary::published ? path : path + L"\\" + std::to_wstring(static_cast<int>(library));
+    return library == TypeLibrary::published ? path : path + L"\\" + numberText(static_cast<int32_t>(library));
 }
 
 com_ptr<ITypeInfo> typeInfoOf(TypeLibrary library, REFGUID guid)

@@ -5,6 +5,7 @@
 #include "base/win32.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <limits>
 

@@ -254,7 +254,7 @@ int runCycles(int lives, Ending ending)
     isHeld.wait();
     SessionWatch watch;
     for (const std::wstring& line : growthOf(lives, [&] {
-             pairBegan = GetTickCount();
+             beginPair();
              auto wrong = cleanLife(watch, ending);
              recorder().clear(); // the stand-in's own memory of all lives
              return wrong;

@@ -1,10 +1,11 @@
 // Tested in tests/unit/serverview/RowModelTest.cpp.
 #include "serverview/Row.h"
 
+#include "base/error.h"
+
 #include <array>
 #include <limits>
 #include <new>
-#include <stdexcept>
 
 namespace velk {
 namespace {
@@ -34,7 +35,7 @@ void Row::Deleter::operator()(Row* row) const noexcept
 Row::Owner Row::make(int32_t handle, std::span<const std::wstring_view> cells, std::wstring_view tag, RowLooks looks)
 {
     if (cells.size() > mostCells)
-        throw std::length_error("cells");
+        throw Error(errorOverflow);
     size_t length = tag.size();
     for (const std::wstring_view cell : cells)
         length += cell.size();

@@ -1,5 +1,6 @@
 // How the standard library says that it was asked for what cannot be: as failures of ours. Its own kinds hold their
 // words in strings of an older time, which bring a tenth of the DLL with them. At the boundaries all are the same.
+// The library's own come back, and the linker finds these twice, where a floor throws one of its kinds itself.
 // Tested in scripts/check.
 
 #include "base/error.h"

@@ -190,10 +190,10 @@ void DetailsList::showRows(const Unshown& changes) noexcept
 {
     placeRows();
     const int count = static_cast<int>(m_rows.size());
+    if (!m_areWidthsKnown && count > 0)
+        swallow(L"DetailsList", L"the columns keep the widths of their headers", [this] { fitColumns(); });
     if (changes.isCleared || m_view.rowCount() != count) {
         const ListView::Redraw together(m_view);
-        if (!m_areWidthsKnown && count > 0)
-            swallow(L"DetailsList", L"the columns keep the widths of their headers", [this] { fitColumns(); });
         if (changes.isCleared)
             m_view.setRowCount(0);
         m_view.setRowCount(m_rows.size());

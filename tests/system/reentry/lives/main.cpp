@@ -10,8 +10,11 @@
 //   pair PLACE ACTION       one pair
 //   cycles NUMBER [let-go]  so many lives, the add-in unloaded after each, or let go of without a word; what the
 //                           process holds more at the end
+#include "base/unique_any.h"
 #include "checks.h"
 #include "cycles.h"
+#include "devkit/base/thread.h"
+#include "devkit/ide/recorder.h"
 #include "devkit/ide/reentryActions.h"
 #include "devkit/ide/script.h"
 #include "devkit/ide/textFile.h"

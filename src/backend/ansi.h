@@ -30,6 +30,12 @@ inline std::span<char> placeCounted(char* block, size_t length) noexcept
     return {block + lengthPrefix, length};
 }
 
+// Whether something was written where the NUL behind a counted string stands: the writer went past its end.
+inline bool isOverrun(std::span<const char> bytes) noexcept
+{
+    return *(bytes.data() + bytes.size()) != '\0';
+}
+
 // Bytes that a text takes; writing it into exactly that many; the whole of some bytes as wide text.
 size_t lengthOf(std::wstring_view text, CodePage codePage);
 void write(std::wstring_view text, std::span<char> target, CodePage codePage);

@@ -59,6 +59,7 @@ public:
     explicit Text(Face face) : m_face(face), m_text(face.text()) {}
     Wire wire() noexcept { return m_text.get(); }
     void readBack() const { m_face.assign(ansi::wideOf(m_text.bytes())); }
+    bool isOverrun() const noexcept { return ansi::isOverrun(m_text.bytes()); }
 
 private:
     TextFace m_face;

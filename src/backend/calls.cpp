@@ -2,9 +2,11 @@
 #include "backend/calls.h"
 
 #include "backend/host_state.h"
+#include "base/boundary.h"
 #include "base/error.h"
 #include "base/guarded_call.h"
 
+#include <cstring>
 #include <optional>
 #include <string>
 
@@ -64,6 +66,14 @@ std::wstring placeText(const void* place)
 }
 
 } // namespace
+
+void reportBackendOverrun(BackendFunction function, const char* what) noexcept
+{
+    swallow(L"Backend call", L"there is room behind it", [&] {
+        throw Error(errorInternal, backendFunctionText(function) + L" wrote past the end of " +
+                                       std::wstring(what, what + std::strlen(what)));
+    });
+}
 
 int32_t callBackend(BackendFunction function, std::span<const uint32_t> arguments, CallManner manner)
 {

@@ -19,6 +19,9 @@ inline constexpr bool isRecord = false;
 template <class R>
 inline constexpr bool isRecord<arguments::Record<R>> = true;
 
+// The Backend wrote past the end of something that it was given: its fault, which costs nothing but room.
+void reportBackendOverrun(BackendFunction function, const char* what) noexcept;
+
 // The door of all calls. What goes wrong inside of one ends the call alone: error 51 with the function and what was
 // raised where, error 49 for a function that takes other arguments.
 int32_t callBackend(BackendFunction function, std::span<const uint32_t> arguments, CallManner manner);
@@ -32,6 +35,7 @@ struct BackendCall {
         std::tuple<Kinds...> arguments(faces...);
         const int32_t result = std::apply([this](Kinds&... argument) { return onWire(argument.wire()...); }, arguments);
         std::apply([](const Kinds&... argument) { (argument.readBack(), ...); }, arguments);
+        std::apply([this](const Kinds&... argument) { (reportIfOverrun(argument), ...); }, arguments);
         return result;
     }
 
@@ -42,6 +46,21 @@ struct BackendCall {
             isBackendText(function) || (... || isRecord<Kinds>) ? CallManner::asks : CallManner::acts;
         const std::array<uint32_t, sizeof...(Kinds)> words{std::bit_cast<uint32_t>(arguments)...};
         return callBackend(function, words, manner);
+    }
+
+    // Null: nothing was overrun.
+    void reportOverrun(const char* what) const noexcept
+    {
+        if (what)
+            reportBackendOverrun(function, what);
+    }
+
+private:
+    template <class Kind>
+    void reportIfOverrun(const Kind& argument) const noexcept
+    {
+        if constexpr (requires { argument.isOverrun(); })
+            reportOverrun(argument.isOverrun() ? "a text" : nullptr);
     }
 };
 

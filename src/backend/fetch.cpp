@@ -3,6 +3,7 @@
 #include "backend/calls.h"
 
 #include "base/boundary.h"
+#include "base/text.h"
 
 #include <limits>
 
@@ -19,14 +20,20 @@ int32_t fetchRecord(std::wstring_view where, const Call& call, int32_t handle, R
         WireCopy<Record> copy(record);
         status = call.onWire(handle, copy.address());
         copy.readBack(record);
+        call.reportOverrun(copy.overrunField());
     });
     return status;
 }
+
+// A size that is told by mistake must not take the host's memory: no source text is as long as that.
+constexpr int32_t longestText = 16 * 1024 * 1024; // characters
 
 int32_t oneMore(int32_t number)
 {
     if (number == std::numeric_limits<int32_t>::max())
         throw Error(errorOverflow);
+    if (number > longestText)
+        throw Error(errorOutOfMemory, L"the tool asks for room for " + numberText(number) + L" characters");
     return number + 1;
 }
 
@@ -40,6 +47,7 @@ void fetchLonger(const Call& call, int32_t handle, Record& record, int32_t& stat
     status = call.onWire(handle, copy.address());
     copy.readBack(record, Texts::whole);
     trimTexts(record);
+    call.reportOverrun(copy.overrunField());
 }
 
 template <class Call, class Record>
@@ -51,6 +59,7 @@ int32_t fetchAnyLength(std::wstring_view where, const Call& call, int32_t handle
         status = call.onWire(handle, copy.address());
         const bool tooShort = copy.asksForMore();
         copy.readBack(record, tooShort ? Texts::whole : Texts::trimmed);
+        call.reportOverrun(copy.overrunField());
         if (tooShort)
             fetchLonger(call, handle, record, status);
     });

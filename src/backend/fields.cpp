@@ -32,11 +32,11 @@ consteval size_t upTo(size_t multiple, size_t offset)
 }
 
 // Place and width that the Backend expects are written out in the row; a member of another type does not compile.
-consteval FieldRow row(FieldKind kind, size_t member, size_t offset, size_t width, int32_t capacity)
+consteval FieldRow row(const char* name, FieldKind kind, size_t member, size_t offset, size_t width, int32_t capacity)
 {
     if (width != wireWidth(kind))
         throw "the member's type is not what the Backend expects";
-    return {kind, static_cast<uint16_t>(member), static_cast<uint16_t>(offset), capacity};
+    return {kind, static_cast<uint16_t>(member), static_cast<uint16_t>(offset), capacity, name};
 }
 
 // The size of the Backend's record, laid out from its fields as its compiler did. A layout that misses an expected
@@ -84,7 +84,7 @@ consteval bool isComplete(std::span<const FieldRow> rows)
 }
 
 #define FIELD(record, name, offset, width, capacity)                                                                   \
-    row(kindOf<decltype(record::name)>(), offsetof(record, name), offset, width, capacity)
+    row(#name, kindOf<decltype(record::name)>(), offsetof(record, name), offset, width, capacity)
 
 #define LAYOUT(record, rows)                                                                                           \
     static_assert(std::is_standard_layout_v<record> && isComplete<record>(rows));                                      \

@@ -17,6 +17,7 @@ struct FieldRow {
     uint16_t member;
     uint16_t wire;
     int32_t capacity;
+    const char* name;
 };
 
 struct RecordLayout {

@@ -8,7 +8,7 @@ namespace velk::ansi {
 namespace {
 
 // The Backend is called on one thread only.
-alignas(8) char keptBlock[TextBlock::keptSize];
+alignas(8) char keptBlock[TextBlock::keptSize + TextBlock::slack];
 static_assert(TextBlock::keptSize % sizeof(unsigned long) == 0);
 bool isKeptBlockTaken = false;
 
@@ -24,7 +24,7 @@ void zeroFirst(size_t size) noexcept
 TextBlock::TextBlock(size_t size) : m_block(keptBlock)
 {
     if (size > keptSize || isKeptBlockTaken) {
-        m_own = std::make_unique<char[]>(size);
+        m_own = std::make_unique<char[]>(size + slack);
         m_block = m_own.get();
         return;
     }

@@ -13,6 +13,9 @@ public:
     // Room for the largest record but the one with client code.
     static constexpr size_t keptSize = 5632;
 
+    // Behind each block there is room that nobody asked for: a Backend that writes a little too far spoils nothing.
+    static constexpr size_t slack = 256;
+
     explicit TextBlock(size_t size);
     TextBlock(const TextBlock&) = delete;
     TextBlock& operator=(const TextBlock&) = delete;

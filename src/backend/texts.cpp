@@ -27,13 +27,15 @@ std::wstring firstCharacters(std::span<const char> buffer, int32_t count)
 }
 
 template <class Fetch>
-std::wstring fetchMessage(std::wstring_view where, Fetch fetch) noexcept
+std::wstring fetchMessage(std::wstring_view where, BackendFunction function, Fetch fetch) noexcept
 {
     std::wstring text;
     swallow(where, L"a text that cannot be had is empty", [&] {
         const ansi::CountedText buffer(capacity);
         const int32_t count = fetch(buffer.get());
         text = firstCharacters(buffer.bytes(), count);
+        if (ansi::isOverrun(buffer.bytes()))
+            reportBackendOverrun(function, "the text");
     });
     return text;
 }
@@ -42,12 +44,13 @@ std::wstring fetchMessage(std::wstring_view where, Fetch fetch) noexcept
 
 std::wstring getRZString(int32_t number) noexcept
 {
-    return fetchMessage(L"getRZString", [&](char* buffer) { return RZGetString.onWire(number, buffer, capacity); });
+    return fetchMessage(L"getRZString", BackendFunction::RZGetString,
+                        [&](char* buffer) { return RZGetString.onWire(number, buffer, capacity); });
 }
 
 std::wstring getRZStringP1(int32_t number, std::wstring& parameter) noexcept
 {
-    return fetchMessage(L"getRZStringP1", [&](char* buffer) {
+    return fetchMessage(L"getRZStringP1", BackendFunction::RZGetStringP1, [&](char* buffer) {
         arguments::TextRef first(parameter);
         const int32_t count = RZGetStringP1.onWire(number, buffer, capacity, first.wire());
         first.readBack();
@@ -57,7 +60,7 @@ std::wstring getRZStringP1(int32_t number, std::wstring& parameter) noexcept
 
 std::wstring getRZStringP2(int32_t number, std::wstring& parameter1, std::wstring& parameter2) noexcept
 {
-    return fetchMessage(L"getRZStringP2", [&](char* buffer) {
+    return fetchMessage(L"getRZStringP2", BackendFunction::RZGetStringP2, [&](char* buffer) {
         arguments::TextRef first(parameter1);
         arguments::TextRef second(parameter2);
         const int32_t count = RZGetStringP2.onWire(number, buffer, capacity, first.wire(), second.wire());

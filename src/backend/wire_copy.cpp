@@ -86,6 +86,15 @@ bool WireBlock::asksForMore() const noexcept
     });
 }
 
+const char* WireBlock::overrunField() const noexcept
+{
+    size_t index = 0;
+    for (const FieldRow& row : m_layout.fields)
+        if (row.kind == FieldKind::text && ansi::isOverrun(m_texts[index++]))
+            return row.name;
+    return nullptr;
+}
+
 void trimTexts(const RecordLayout& layout, void* record)
 {
     for (const FieldRow& row : layout.fields)

@@ -28,6 +28,8 @@ public:
     void readBack(void* record, Texts texts) const;
     // Whether a number that was preset to a capacity came back greater: the text did not fit.
     bool asksForMore() const noexcept;
+    // The name of the first text past whose end something was written; null when there is none.
+    const char* overrunField() const noexcept;
 
 private:
     // A counted string in the block.
@@ -56,6 +58,7 @@ public:
     }
     using WireBlock::address;
     using WireBlock::asksForMore;
+    using WireBlock::overrunField;
     void readBack(Record& record, Texts texts = Texts::trimmed) const { WireBlock::readBack(&record, texts); }
 };
 

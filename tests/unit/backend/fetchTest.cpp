@@ -177,6 +177,33 @@ TEST(fetchText, moreThanMemoryHolds_givesTheFirstStatus)
     EXPECT_EQ(failures.lines.size(), 1u);
 }
 
+TEST(fetchText, moreThanTheLimit_givesTheFirstStatusAndSaysHowMuch)
+{
+    FakeBackend backend;
+    FailureLog failures;
+    backend.on.RZGetText = [](int32_t, wire::trzText* record) {
+        record->lTextSz = 16 * 1024 * 1024 + 1;
+        return 3;
+    };
+    trzText record;
+    EXPECT_EQ(fetchText(9, record), 3);
+    EXPECT_THAT(failures.descriptions, ElementsAre(L"Out of memory: the tool asks for room for 16777217 characters"));
+}
+
+TEST(fetchText, asMuchAsTheLimit_isGivenRoom)
+{
+    FakeBackend backend;
+    std::vector<uint32_t> rooms;
+    backend.on.RZGetText = [&](int32_t, wire::trzText* record) {
+        rooms.push_back(test::roomOf(record->strText));
+        record->lTextSz = 16 * 1024 * 1024;
+        return 3;
+    };
+    trzText record;
+    fetchText(9, record);
+    EXPECT_THAT(rooms, ElementsAre(4096u, 16u * 1024 * 1024 + 1));
+}
+
 TEST(fetchText, unknownHandle_gives0AndEmptyTexts)
 {
     FakeBackend backend;

@@ -1,0 +1,101 @@
+// What texts from outside may do to the units that read them: nothing but their answer, or the error they are known by.
+// Built by scripts/fuzz; the first byte of a case says which unit reads the rest.
+#include "addin/rzFileName.h"
+#include "base/decimal.h"
+#include "base/error.h"
+#include "base/paths.h"
+#include "base/text.h"
+#include "window/send_keys.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+#include <iterator>
+#include <string>
+
+namespace velk {
+namespace {
+
+void demand(bool holds)
+{
+    if (!holds)
+        std::abort();
+}
+
+// The digits, sign and exponent of a number, and nothing else: then it is what the run-time's own reader says.
+void readsNumber(const std::wstring& text)
+{
+    const double number = leadingNumber(text);
+    demand(!std::isnan(number));
+    const std::string plain(text.begin(), text.end());
+    if (text.empty() || text.size() > 300 || text.find_first_not_of(L"0123456789") != std::wstring::npos)
+        return;
+    demand(number == std::strtod(plain.c_str(), nullptr));
+}
+
+void rounds(const std::wstring& text)
+{
+    double number = 0;
+    std::memcpy(&number, text.data(), std::min(sizeof number, text.size() * sizeof(wchar_t)));
+    try {
+        demand(std::abs(roundToLong(number) - number) <= 0.5);
+    } catch (const Error& error) {
+        demand(error.number() == errorOverflow && !(std::abs(number) < 2147483647.0));
+    }
+}
+
+void readsDecimal(const std::wstring& text)
+{
+    std::string digits;
+    for (const wchar_t character : text)
+        digits += static_cast<char>('0' + static_cast<unsigned>(character) % 10);
+    const int64_t exponent = text.empty() ? 0 : static_cast<int64_t>(text[0]) * 3 - 350;
+    const std::string whole = (digits.empty() ? "0" : digits) + "e" + std::to_string(exponent);
+    demand(nearestDouble(digits, exponent) == std::strtod(whole.c_str(), nullptr));
+}
+
+void partsPath(const std::wstring& path)
+{
+    const DriveAndRest halves = splitDrive(path);
+    demand(halves.drive + halves.rest == path);
+    const PathParts parts = splitPath(path);
+    demand(parts.drive == halves.drive);
+    const bool isParted = parts.directory.size() < halves.rest.size();
+    demand(parts.drive + parts.directory + (isParted ? L"\\" : L"") + parts.file == path);
+    demand(fileNameOf(path).find(L'\\') == std::wstring::npos);
+    demand(path.starts_with(parentDir(path)));
+    demand(parentDir(path).size() + fileNameOf(path).size() <= path.size());
+    demand(!isFullyQualified(path) || path.size() > 2);
+}
+
+void namesProject(const std::wstring& text)
+{
+    const size_t half = text.size() / 2;
+    const std::wstring solution = text.substr(0, half);
+    const std::wstring name = defaultRZFileName(solution, text.substr(half));
+    demand(name.ends_with(L".rzv") && name.find(L"\\rz\\") != std::wstring::npos);
+}
+
+void readsKeys(const std::wstring& text)
+{
+    try {
+        const size_t strokes = parseKeys(text).size();
+        const bool isPlain = text.find_first_of(L"+^%~(){}") == std::wstring::npos;
+        demand(!isPlain || strokes == text.size());
+    } catch (const Error& error) {
+        demand(error.number() == errorInvalidCall);
+    }
+}
+
+constexpr void (*units[])(const std::wstring&) = {readsNumber, rounds,       readsDecimal,
+                                                  partsPath,   namesProject, readsKeys};
+
+} // namespace
+} // namespace velk
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    if (size > 0)
+        velk::units[data[0] % std::size(velk::units)](std::wstring(data + 1, data + size));
+    return 0;
+}

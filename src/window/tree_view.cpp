@@ -30,10 +30,12 @@ void TreeView::add(const std::wstring& parentKey, TreeNode node)
 
 void TreeView::insert(HTREEITEM parent, TreeNode node)
 {
-    if (has(node.key))
-        throw Error(errorKeyNotUnique);
+    const bool isFirst = m_nodes.empty();
     auto made = std::make_unique<Entry>();
     made->node = std::move(node);
+    const auto [place, isNew] = m_nodes.try_emplace(made->node.key);
+    if (!isNew)
+        throw Error(errorKeyNotUnique);
     TVINSERTSTRUCTW insertion{};
     insertion.hParent = parent;
     insertion.hInsertAfter = TVI_LAST;
@@ -42,8 +44,7 @@ void TreeView::insert(HTREEITEM parent, TreeNode node)
     insertion.item.iImage = made->node.image;
     insertion.item.iSelectedImage = made->node.image;
     insertion.item.lParam = reinterpret_cast<LPARAM>(made.get());
-    const HTREEITEM selection = related(TVGN_CARET, nullptr);
-    Entry& kept = *(m_nodes[made->node.key] = std::move(made));
+    Entry& kept = *(place->second = std::move(made));
     m_isChanging = true;
     kept.item = reinterpret_cast<HTREEITEM>(send(TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insertion)));
     m_isChanging = false;
@@ -51,8 +52,8 @@ void TreeView::insert(HTREEITEM parent, TreeNode node)
         m_nodes.erase(std::wstring(kept.node.key));
         throw Error(errorOutOfMemory);
     }
-    // Last: whoever hears it may end this tree.
-    if (selection != related(TVGN_CARET, nullptr))
+    // Last: whoever hears it may end this tree. No later node is selected by the system.
+    if (isFirst && related(TVGN_CARET, nullptr))
         tellSelection();
 }
 

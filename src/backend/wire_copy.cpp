@@ -88,10 +88,9 @@ bool WireBlock::asksForMore() const noexcept
 
 const char* WireBlock::overrunField() const noexcept
 {
-    size_t index = 0;
-    for (const FieldRow& row : m_layout.fields)
-        if (row.kind == FieldKind::text && ansi::isOverrun(m_texts[index++]))
-            return row.name;
+    for (const Text& text : std::span(m_texts.data(), m_textCount))
+        if (ansi::isOverrun({text.bytes, text.length}))
+            return text.row->name;
     return nullptr;
 }
 

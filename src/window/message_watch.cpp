@@ -3,12 +3,13 @@
 
 #include "base/boundary.h"
 #include "base/module.h"
+#include "base/unique_any.h"
 
 #include <bit>
 
 namespace velk {
 
-MessageWatch::MessageWatch(HWND window) noexcept : m_window(window)
+MessageWatch::MessageWatch(HWND window) : m_window(window)
 {
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     m_procedure = std::bit_cast<WNDPROC>(
@@ -40,6 +41,13 @@ LRESULT CALLBACK MessageWatch::procedure(HWND window, UINT message, WPARAM wPara
         watch->end();
     else if (watch && watch->m_listener && message != WM_DESTROY)
         swallow(L"message watch", L"the window gets its message all the same", watch->m_listener);
+    const std::shared_ptr<int> depth = watch ? watch->m_depth : nullptr;
+    if (depth)
+        ++*depth;
+    const scope_exit done([&] {
+        if (depth)
+            --*depth;
+    });
     return CallWindowProcW(own, window, message, wParam, lParam);
 }
 

@@ -3,6 +3,7 @@
 #include "base/win32.h"
 
 #include <functional>
+#include <memory>
 
 namespace velk {
 
@@ -10,7 +11,7 @@ namespace velk {
 // window's end. It ends with the window, or with this object if that comes first. The window's user data are its own.
 class MessageWatch {
 public:
-    explicit MessageWatch(HWND window) noexcept;
+    explicit MessageWatch(HWND window);
     MessageWatch(const MessageWatch&) = delete;
     MessageWatch& operator=(const MessageWatch&) = delete;
     ~MessageWatch();
@@ -18,13 +19,16 @@ public:
     // May send messages to the window itself, which it hears of in turn; is not to be set by itself. What it throws is
     // reported.
     void setListener(std::function<void()> listener) { m_listener = std::move(listener); }
+    // Whether the window is at work on a message: what it says of itself may be on its way to something else.
+    bool isAtWork() const noexcept { return *m_depth > 0; }
 
 private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     void end() noexcept;
 
     HWND m_window;
-    WNDPROC m_procedure = nullptr; // the window's own
+    WNDPROC m_procedure = nullptr;                           // the window's own
+    std::shared_ptr<int> m_depth = std::make_shared<int>(0); // of messages within messages; outlives this in them
     std::function<void()> m_listener;
 };
 

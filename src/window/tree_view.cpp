@@ -11,6 +11,7 @@ TreeView::TreeView(HWND parent)
     : Control(WC_TREEVIEWW, parent, WS_TABSTOP | TVS_HASLINES | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_SHOWSELALWAYS,
               WS_EX_CLIENTEDGE)
 {
+    m_watch.setListener([this] { m_selected.reset(); });
 }
 
 void TreeView::setImages(HIMAGELIST images) const noexcept
@@ -31,25 +32,24 @@ void TreeView::add(const std::wstring& parentKey, TreeNode node)
 void TreeView::insert(HTREEITEM parent, TreeNode node)
 {
     const bool isFirst = m_nodes.empty();
-    auto made = std::make_unique<Entry>();
-    made->node = std::move(node);
-    const auto [place, isNew] = m_nodes.try_emplace(made->node.key);
+    const auto [place, isNew] = m_nodes.try_emplace(node.key);
     if (!isNew)
         throw Error(errorKeyNotUnique);
+    Entry& made = place->second;
+    made.node = std::move(node);
     TVINSERTSTRUCTW insertion{};
     insertion.hParent = parent;
     insertion.hInsertAfter = TVI_LAST;
     insertion.item.mask = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_PARAM;
-    insertion.item.pszText = made->node.text.data();
-    insertion.item.iImage = made->node.image;
-    insertion.item.iSelectedImage = made->node.image;
-    insertion.item.lParam = reinterpret_cast<LPARAM>(made.get());
-    Entry& kept = *(place->second = std::move(made));
+    insertion.item.pszText = made.node.text.data();
+    insertion.item.iImage = made.node.image;
+    insertion.item.iSelectedImage = made.node.image;
+    insertion.item.lParam = reinterpret_cast<LPARAM>(&made);
     m_isChanging = true;
-    kept.item = reinterpret_cast<HTREEITEM>(send(TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insertion)));
+    made.item = reinterpret_cast<HTREEITEM>(send(TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insertion)));
     m_isChanging = false;
-    if (!kept.item) {
-        m_nodes.erase(std::wstring(kept.node.key));
+    if (!made.item) {
+        m_nodes.erase(std::wstring(made.node.key));
         throw Error(errorOutOfMemory);
     }
     // Last: whoever hears it may end this tree. No later node is selected by the system.
@@ -149,8 +149,12 @@ void TreeView::select(const std::wstring& key) const
 
 const TreeNode* TreeView::selected() const noexcept
 {
+    if (m_selected)
+        return *m_selected ? &(*m_selected)->node : nullptr;
     const HTREEITEM item = related(TVGN_CARET, nullptr);
     const Entry* found = item ? entryOf(item) : nullptr;
+    if (!m_watch.isAtWork())
+        m_selected = found;
     return found ? &found->node : nullptr;
 }
 
@@ -185,16 +189,22 @@ void TreeView::bringSelectedIntoView() const noexcept
 void TreeView::onDeleteItem(const NMTREEVIEWW& notification) noexcept
 {
     const auto* gone = reinterpret_cast<const Entry*>(notification.itemOld.lParam);
+    m_selected.reset(); // the tree's own end is not watched
     if (gone)
         m_nodes.erase(m_nodes.find(gone->node.key));
 }
 
-TreeView::Entry& TreeView::entry(const std::wstring& key) const
+TreeView::Entry& TreeView::entry(const std::wstring& key)
 {
     const auto found = m_nodes.find(key);
     if (found == m_nodes.end())
         throw Error(errorElementNotFound);
-    return *found->second;
+    return found->second;
+}
+
+const TreeView::Entry& TreeView::entry(const std::wstring& key) const
+{
+    return const_cast<TreeView*>(this)->entry(key);
 }
 
 const TreeView::Entry* TreeView::entryOf(HTREEITEM item) const noexcept

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "window/control.h"
+#include "window/message_watch.h"
 
-#include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 
@@ -58,7 +59,8 @@ private:
         HTREEITEM item = nullptr;
     };
     void insert(HTREEITEM parent, TreeNode node);
-    Entry& entry(const std::wstring& key) const;
+    Entry& entry(const std::wstring& key);
+    const Entry& entry(const std::wstring& key) const;
     const Entry* entryOf(HTREEITEM item) const noexcept;
     HTREEITEM related(UINT relation, HTREEITEM item) const noexcept;
     bool isWithin(HTREEITEM item, HTREEITEM branch) const noexcept;
@@ -66,8 +68,11 @@ private:
     void deleteItems(HTREEITEM items, HTREEITEM selection) noexcept;
     void tellSelection() const noexcept;
 
-    std::unordered_map<std::wstring, std::unique_ptr<Entry>> m_nodes;
+    std::unordered_map<std::wstring, Entry> m_nodes;
     bool m_isChanging = false;
+    // The selection as the tree told it, until it gets another message.
+    mutable std::optional<const Entry*> m_selected;
+    MessageWatch m_watch{hwnd()};
 };
 
 } // namespace velk

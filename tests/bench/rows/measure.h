@@ -51,6 +51,7 @@ std::span<const Row> recordRows();
 std::span<const Row> folderRows();
 std::span<const Row> keyRows();
 std::span<const Row> stormRows();
+std::span<const Row> floodRows();
 std::span<const Row> orderRows();
 std::span<const Row> memoryRows();
 std::span<const Row> treeRows();

@@ -60,6 +60,7 @@ void partsPath(const std::wstring& path)
     demand(halves.drive + halves.rest == path);
     const PathParts parts = splitPath(path);
     demand(parts.drive == halves.drive);
+    demand(parts.file.empty() || !parts.directory.empty()); // a first backslash belongs to what follows it
     const bool isParted = parts.directory.size() < halves.rest.size();
     demand(parts.drive + parts.directory + (isParted ? L"\\" : L"") + parts.file == path);
     demand(fileNameOf(path).find(L'\\') == std::wstring::npos);

@@ -90,10 +90,10 @@ DWORD IdeRun::run(const std::string& script, const std::wstring& options)
     return runFile(path(L"test.script"), L"--hidden " + options);
 }
 
-DWORD IdeRun::runShown(const std::string& script)
+DWORD IdeRun::runShown(const std::string& script, const std::wstring& options)
 {
     write(path(L"test.script"), script);
-    return runFile(path(L"test.script"), {});
+    return runFile(path(L"test.script"), options);
 }
 
 DWORD IdeRun::runFile(const std::wstring& scriptPath, const std::wstring& options)

@@ -21,7 +21,7 @@ protected:
     // Runs the IDE by a script; what it said stands in `output` then. The exit code: 0 when every line held.
     DWORD run(const std::string& script, const std::wstring& options = {});
     // The same with windows that mouse and keyboard reach.
-    DWORD runShown(const std::string& script);
+    DWORD runShown(const std::string& script, const std::wstring& options = {});
     // The same with a script file. Unless the options say --hidden, the shell shows its windows, as mouse and keyboard
     // need them; without a display nobody sees them.
     DWORD runFile(const std::wstring& scriptPath, const std::wstring& options);

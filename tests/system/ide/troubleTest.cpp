@@ -12,6 +12,13 @@ constexpr const char* worksAfterwards = "select-node Orders/ORDERS/Tables\nexpec
 
 class TroubleTest : public test::IdeRun {
 protected:
+    // Up to the failure of the build and its message.
+    static std::string buildsAProcedure(const std::string& message)
+    {
+        return "open-solution $SAMPLE\\orders.sln\nclick Add-Ins/#1\nselect-node Orders/ORDERS/Stored Procedures\n"
+               "right-click-row raise_prices\nchoose-menu Build\nexpect-message RZObjectDoAction in velkvsadd.dll: " +
+               message + "\nanswer ok\nexpect-no-message\n";
+    }
     void useBackend(const std::wstring& file) const { CopyFileW(file.c_str(), path(L"velkvsadd.dll").c_str(), FALSE); }
     // A click that fails as expected, then the right library in its place and a click that works.
     DWORD runUntilMended(const std::string& message)
@@ -57,6 +64,46 @@ TEST_F(TroubleTest, startThatFailsInTheIde_keepsTheLibrary)
                   "expect-no-message\nexpect-module velkvsadd.dll loaded\nunload velkviadd.Connect\n"
                   "expect-module velkviadd.dll unloaded\nexpect-module velkvsadd.dll unloaded\n",
                   L"--fail Windows.CreateToolWindow"),
+              0u);
+}
+
+// A fault inside the tool's library, in each place where the IDE waits for it, and a library that works from then on.
+TEST_F(TroubleTest, faultInTheStart_isNamedAndALaterClickWorks)
+{
+    EXPECT_EQ(run(std::string("open-solution $SAMPLE\\orders.sln\nclick Add-Ins/#1\nexpect-message Internal error: "
+                              "RZInitialize in velkvsadd.dll: access violation\nanswer ok\nexpect-no-message\n"
+                              "click Add-Ins/#1\n") +
+                      worksAfterwards,
+                  L"--reentry RZInitialize#1=fault"),
+              0u);
+}
+
+TEST_F(TroubleTest, faultInACommand_isNamedAndTheSessionGoesOn)
+{
+    EXPECT_EQ(runShown(buildsAProcedure("access violation") + worksAfterwards, L"--reentry RZObjectDoAction#1=fault"),
+              0u);
+}
+
+TEST_F(TroubleTest, exceptionOutOfACommand_isNamedAndTheSessionGoesOn)
+{
+    EXPECT_EQ(runShown(buildsAProcedure("C++ exception") + worksAfterwards, L"--reentry RZObjectDoAction#1=throw"), 0u);
+}
+
+TEST_F(TroubleTest, faultInThePoll_isNamedAndTheNextPollBringsTheRest)
+{
+    EXPECT_EQ(run(std::string("open-solution $SAMPLE\\orders.sln\nclick Add-Ins/#1\n"
+                              "expect-message RZGetNotification in velkvsadd.dll: access violation\nanswer ok\n"
+                              "expect-no-message\n") +
+                      worksAfterwards,
+                  L"--reentry RZGetNotification#2=fault"),
+              0u);
+}
+
+TEST_F(TroubleTest, faultInTheEnd_letsTheAddInGo)
+{
+    EXPECT_EQ(run("open-solution $SAMPLE\\orders.sln\nclick Add-Ins/#1\nselect-node Orders/ORDERS/Tables\n"
+                  "expect-rows 8\nunload velkviadd.Connect\nexpect-module velkviadd.dll unloaded\n",
+                  L"--reentry RZTerminate#1=fault"),
               0u);
 }
 

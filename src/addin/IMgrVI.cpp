@@ -178,8 +178,12 @@ void IMgrVI::openSession()
     std::wstring empty;
     throwIfOthersSession();
     sessionOwner = this;
-    RZInitialize(m_ideType, file, empty);
+    // Not by the values themselves: what cannot be read back after the call would leave its session open.
+    arguments::Text fileArgument(file);
+    arguments::Text emptyArgument(empty);
+    RZInitialize.onWire(m_ideType, fileArgument.wire(), emptyArgument.wire());
     m_isOpen = true;
+    RZInitialize.reportOverrun(fileArgument.isOverrun() || emptyArgument.isOverrun() ? "a text" : nullptr);
     m_session.throwIfOver();
     m_pump = notificationThreadFrm::load();
     m_pump->setIMMgr(IntegrationMgr(com_ptr<_IntegrationMgr>(this), m_session));

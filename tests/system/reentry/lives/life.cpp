@@ -131,6 +131,9 @@ void Life::answer()
     const HMENU menu = menuWindow ? reinterpret_cast<HMENU>(SendMessageW(menuWindow, getMenuMessage, 0, 0)) : nullptr;
     if (menu && menu != m_chosenIn)
         chooseItem(menu);
+    m_looksAtMenu = menu && menu == m_chosenIn ? m_looksAtMenu + 1 : 0;
+    if (m_looksAtMenu > 100) // it did not take what it was told
+        EndMenu();
     m_chosenIn = menu;
 }
 

@@ -62,6 +62,7 @@ private:
     UINT_PTR m_timer = 0;
     HWND m_answered = nullptr;
     HMENU m_chosenIn = nullptr;
+    int m_looksAtMenu = 0;
     std::wstring m_item; // of the next context menu: captions, the outermost first
     HWND m_form = nullptr;
     int m_looksAtForm = 0;

@@ -127,7 +127,8 @@ void Life::answer()
         answerBox(box);
     if (!box)
         m_answered = m_form = nullptr;
-    const HWND menuWindow = probe::topWindow(L"#32768");
+    // A menu that is about to open has its window before it has the keyboard.
+    const HWND menuWindow = GetCapture() ? probe::topWindow(L"#32768") : nullptr;
     const HMENU menu = menuWindow ? reinterpret_cast<HMENU>(SendMessageW(menuWindow, getMenuMessage, 0, 0)) : nullptr;
     if (menu && menu != m_chosenIn)
         chooseItem(menu);

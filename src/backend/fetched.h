@@ -6,16 +6,23 @@
 
 namespace velk {
 
-// The record of a handle; error 35601 when the Backend does not give it, error 5 when the session ended inside the
-// call.
+// The record of a handle, into one that is as new; error 35601 when the Backend does not give it, error 5 when the
+// session ended inside the call.
 template <class Record>
-Record fetched(const Session& session, int32_t (*fetch)(int32_t, Record&) noexcept, int32_t handle)
+void fetchInto(Record& record, const Session& session, int32_t (*fetch)(int32_t, Record&) noexcept, int32_t handle)
 {
-    Record record;
     const int32_t status = fetch(handle, record);
     session.throwIfOver();
     if (status == 0)
         throw Error(errorElementNotFound);
+}
+
+// The same in a record of its own.
+template <class Record>
+Record fetched(const Session& session, int32_t (*fetch)(int32_t, Record&) noexcept, int32_t handle)
+{
+    Record record;
+    fetchInto(record, session, fetch, handle);
     return record;
 }
 

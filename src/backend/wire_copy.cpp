@@ -94,6 +94,17 @@ const char* WireBlock::overrunField() const noexcept
     return nullptr;
 }
 
+void makeAsNew(const RecordLayout& layout, void* record) noexcept
+{
+    for (const FieldRow& row : layout.fields)
+        if (row.kind == FieldKind::text)
+            memberOf<std::wstring>(record, row).clear();
+        else if (row.kind == FieldKind::number)
+            memberOf<int32_t>(record, row) = 0;
+        else
+            memberOf<bool>(record, row) = false;
+}
+
 void trimTexts(const RecordLayout& layout, void* record)
 {
     for (const FieldRow& row : layout.fields)

@@ -62,6 +62,14 @@ public:
     void readBack(Record& record, Texts texts = Texts::trimmed) const { WireBlock::readBack(&record, texts); }
 };
 
+// Makes a record what it was when it was made: numbers 0, flags false, texts empty. These keep their memory.
+void makeAsNew(const RecordLayout& layout, void* record) noexcept;
+template <class Record>
+void makeAsNew(Record& record) noexcept
+{
+    makeAsNew(layoutOf<Record>(), &record);
+}
+
 // Cuts the preset texts of a record at their first NUL.
 void trimTexts(const RecordLayout& layout, void* record);
 template <class Record>

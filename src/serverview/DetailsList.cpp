@@ -232,6 +232,7 @@ void DetailsList::endFilling() noexcept
 {
     swallow(L"DetailsList", L"the rows are there, in another order or place", [this] {
         m_isOrderLost = true;
+        m_rows.giveBackRoom(); // not after a single row, for which all would be copied
         beginChange().place = std::exchange(m_placeBeforeClear, {});
     });
 }

@@ -21,14 +21,14 @@ constexpr bool hasRoom(size_t slots, size_t rows)
 size_t RowIndex::slotOf(int32_t handle) const noexcept
 {
     size_t slot = homeOf(handle);
-    while (m_slots[slot].row && m_slots[slot].handle != handle)
+    while (m_slots[slot] && m_slots[slot]->handle() != handle)
         slot = after(slot);
     return slot;
 }
 
 Row* RowIndex::find(int32_t handle) const noexcept
 {
-    return m_slots.empty() ? nullptr : m_slots[slotOf(handle)].row;
+    return m_slots.empty() ? nullptr : m_slots[slotOf(handle)];
 }
 
 void RowIndex::reserve(size_t rows)
@@ -38,12 +38,12 @@ void RowIndex::reserve(size_t rows)
     size_t count = fewestSlots;
     while (!hasRoom(count, rows))
         count *= 2;
-    std::vector<Slot> old(count);
+    std::vector<Row*> old(count);
     std::swap(old, m_slots);
     m_shift = 32u - static_cast<unsigned>(std::countr_zero(count));
-    for (const Slot& slot : old)
-        if (slot.row)
-            m_slots[slotOf(slot.handle)] = slot;
+    for (Row* const row : old)
+        if (row)
+            m_slots[slotOf(row->handle())] = row;
 }
 
 void RowIndex::insert(Row& row) noexcept
@@ -54,20 +54,20 @@ void RowIndex::insert(Row& row) noexcept
 
 void RowIndex::replace(Row& row) noexcept
 {
-    m_slots[slotOf(row.handle())] = {row.handle(), &row};
+    m_slots[slotOf(row.handle())] = &row;
 }
 
 void RowIndex::erase(int32_t handle) noexcept
 {
     // What stands behind the free slot would be looked for in it first: move that up, as far as its home allows.
     size_t free = slotOf(handle);
-    for (size_t slot = after(free); m_slots[slot].row; slot = after(slot)) {
+    for (size_t slot = after(free); m_slots[slot]; slot = after(slot)) {
         const size_t mask = m_slots.size() - 1;
-        const size_t fromHome = (slot - homeOf(m_slots[slot].handle)) & mask;
+        const size_t fromHome = (slot - homeOf(m_slots[slot]->handle())) & mask;
         if (fromHome >= ((slot - free) & mask))
             m_slots[std::exchange(free, slot)] = m_slots[slot];
     }
-    m_slots[free] = {};
+    m_slots[free] = nullptr;
     --m_size;
 }
 

@@ -42,6 +42,8 @@ public:
     // Error 35601 for a handle that is not there.
     void remove(int32_t handle);
     void clear() noexcept;
+    // Gives back the memory that is kept for further rows, if that can be done; the next ones need new.
+    void giveBackRoom() noexcept { m_rows.shrink_to_fit(); }
 
     // What can change in a row, which keeps its place whatever the order. Gives the row when something did; null when
     // nothing did, or no row has the handle.

@@ -5,18 +5,23 @@
 #include "base/boundary.h"
 #include "base/unique_any.h"
 #include "serverview/objectColumns.h"
+#include "serverview/publishedView.h"
 #include "serverview/viewAPIs.h"
 #include "ui/messageBox.h"
 
 namespace velk {
 namespace {
 
+template <class Record>
+Record recordOf(int32_t (*get)(int32_t, Record&) noexcept);
+
 template <auto fetch, auto show>
 void showIfSelected(const FolderKindRow& folder, const Session& session, int32_t handle)
 {
-    const auto record = fetched(session, fetch, handle);
+    KeptRecords::Taken<decltype(recordOf(fetch))> record(publishedView().records);
+    fetchInto(record.get(), session, fetch, handle);
     if (selectedNodeKindIs(folder.folderKind))
-        show(record);
+        show(record.get());
 }
 
 // A Backend whose enumeration does not end must not hold the IDE for ever: a folder shows no more objects than anybody
@@ -40,9 +45,6 @@ private:
 };
 
 constexpr wchar_t endlessFolder[] = L"The tool does not come to the end of this folder. What has come so far is shown.";
-
-template <class Record>
-Record recordOf(int32_t (*next)(int32_t, Record&) noexcept);
 
 // False when the objects did not come to an end.
 template <const auto& begin, auto next, const auto& end, auto add>

@@ -2,6 +2,7 @@
 
 #include "model/IntegrationMgr.h"
 #include "serverview/DetailsList.h"
+#include "serverview/keptRecords.h"
 #include "window/image_list.h"
 #include "window/tree_view.h"
 
@@ -14,6 +15,7 @@ struct PublishedView {
     const ImageList* ImageList1 = nullptr;
     IntegrationMgr IMgr;
     Session life = Session::none(); // over with the control at the latest
+    std::shared_ptr<KeptRecords> records;
 };
 PublishedView& publishedView();
 

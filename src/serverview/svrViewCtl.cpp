@@ -72,8 +72,9 @@ void svrViewCtl::setupGUI()
     m_font = makeFont(uiFont());
     m_parts.serverTreeView->setFont(m_font.get());
     m_parts.serverDetailsView->setFont(m_font.get());
-    publishedView() = {m_parts.serverTreeView.get(), m_parts.serverDetailsView.get(), ImageList1.get(), m_parts.IMgr,
-                       m_parts.life};
+    publishedView() = {
+        m_parts.serverTreeView.get(),   m_parts.serverDetailsView.get(), ImageList1.get(), m_parts.IMgr, m_parts.life,
+        std::make_shared<KeptRecords>()};
     menus().setUp(isSourceSafeInstalled(), m_parts.IMgr ? m_parts.IMgr.getIdeType() : ideTypeVisualInterDev);
     m_folder.fillColumnSets();
     m_parts.serverTreeView->setName(getRZString(viewNameText));

@@ -5,6 +5,8 @@
 #include "serverview/folderKinds.h"
 #include "serverview/publishedView.h"
 
+#include <algorithm>
+
 namespace velk {
 namespace {
 
@@ -20,6 +22,21 @@ bool areShown(int32_t objectKind)
 {
     const FolderKindRow* folder = folderKindRow(kindOf(publishedTree().selected()));
     return folder && folder->objectKind() == objectKind;
+}
+
+// As roundToLong(leadingNumber(text)); what all our keys and tags are made of, digits alone, does without all that Val
+// reads. The kind of the selected node is asked for with each notification.
+int32_t numberAtBeginning(std::wstring_view text)
+{
+    constexpr size_t mostDigits = 9;
+    const bool isPlain = !text.empty() && text.size() <= mostDigits &&
+                         std::all_of(text.begin(), text.end(), [](wchar_t c) { return c >= L'0' && c <= L'9'; });
+    if (!isPlain)
+        return roundToLong(leadingNumber(text));
+    int32_t number = 0;
+    for (const wchar_t digit : text)
+        number = number * 10 + (digit - L'0');
+    return number;
 }
 
 // Of a row; no row has a key that is written in another way than makeKey's.
@@ -43,7 +60,7 @@ int32_t keyToHandle(const std::wstring& key)
     // "Corrupt key" has always been raised with a text for its number; what callers get, and rely on, is that mismatch.
     if (!key.starts_with(L'K'))
         throw Error(errorTypeMismatch);
-    return roundToLong(leadingNumber(std::wstring_view(key).substr(1)));
+    return numberAtBeginning(std::wstring_view(key).substr(1));
 }
 
 std::wstring kindTag(int32_t kind)
@@ -53,7 +70,7 @@ std::wstring kindTag(int32_t kind)
 
 int32_t kindOfTag(const std::wstring& tag)
 {
-    return roundToLong(leadingNumber(tag));
+    return numberAtBeginning(tag);
 }
 
 int32_t kindOf(const TreeNode* node)

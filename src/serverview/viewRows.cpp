@@ -30,10 +30,29 @@ void addObjectRow(const Record& record, const Column<Record> (&columns)[count], 
 
 // The commands read the debug flag and the file name from the tag.
 template <class Routine>
-std::wstring tagOf(const Routine& routine)
-{
-    return booleanText(routine.bCanDebug) + L"#" + routine.strFileName;
-}
+class Tag {
+public:
+    explicit Tag(const Routine& routine)
+    {
+        const std::wstring_view flag = routine.bCanDebug ? L"True#" : L"False#";
+        const std::wstring& fileName = routine.strFileName;
+        if (flag.size() + fileName.size() > m_room.size()) {
+            m_long = std::wstring(flag) + fileName;
+            return;
+        }
+        const size_t length = flag.copy(m_room.data(), m_room.size());
+        m_length = length + fileName.copy(m_room.data() + length, m_room.size() - length);
+    }
+    std::wstring_view text() const noexcept
+    {
+        return m_long.empty() ? std::wstring_view(m_room.data(), m_length) : m_long;
+    }
+
+private:
+    std::array<wchar_t, 128> m_room; // enough for most
+    size_t m_length = 0;
+    std::wstring m_long;
+};
 
 template <class Routine>
 RowLooks looksOf(const Routine& routine, const ObjectPictures& pictures)
@@ -45,15 +64,15 @@ template <class Routine, size_t count>
 void addRoutineRow(const Routine& routine, const Column<Routine> (&columns)[count],
                    const ObjectPictures& pictures) noexcept
 {
-    swallow(where, why, [&] { addRow(routine, columns, tagOf(routine), looksOf(routine, pictures)); });
+    swallow(where, why, [&] { addRow(routine, columns, Tag(routine).text(), looksOf(routine, pictures)); });
 }
 
 template <class Routine>
 void updateRoutineRow(const Routine& routine, const ObjectPictures& pictures) noexcept
 {
     swallow(where, why, [&] {
-        const std::wstring tag = tagOf(routine);
-        publishedList().update(routine.lHdl, {routine.strName, tag, looksOf(routine, pictures)});
+        const Tag tag(routine);
+        publishedList().update(routine.lHdl, {routine.strName, tag.text(), looksOf(routine, pictures)});
     });
 }
 

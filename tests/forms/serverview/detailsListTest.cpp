@@ -1,3 +1,4 @@
+#include "support/processCounts.h"
 #include "support/shownControls.h"
 #include "viewFixture.h"
 
@@ -65,6 +66,15 @@ TEST_F(DetailsListTest, unordered_isTheBackendsOrder)
 {
     EXPECT_THAT(names(), ElementsAre(L"delta", L"Alpha", L"charlie", L"bravo"));
     EXPECT_EQ(test::sortMark(list().view(), 0), ListView::SortMark::none);
+}
+
+TEST_F(DetailsListTest, filling_leavesNoRoomForFurtherRows)
+{
+    refresh(std::vector<std::wstring>(1025, L"view"));
+    shownRows();
+    const size_t before = test::heapByteCount();
+    addViewRow({.lHdl = 1, .strSchema = L"s", .strName = L"one more", .strComment = L""});
+    EXPECT_GT(test::heapByteCount(), before + 1025 * sizeof(void*)); // all rows have moved
 }
 
 TEST_F(DetailsListTest, headerClick_ordersAndAgainReverses)

@@ -27,6 +27,16 @@ protected:
     }
 };
 
+TEST_F(ListRowsTest, tagWithAFileNameOfAnyLength_hasAllOfIt)
+{
+    tree().select(L"K20");
+    for (const size_t length : {0u, 1u, 121u, 122u, 123u, 1024u}) {
+        addProcedureRow({.lHdl = 300, .strFileName = std::wstring(length, L'f')});
+        EXPECT_EQ(row(0).tag(), L"False#" + std::wstring(length, L'f'));
+        clearListRows();
+    }
+}
+
 struct Folder {
     const wchar_t* node;
     const wchar_t* tag;

@@ -45,6 +45,26 @@ TEST_F(RowModelMemoryTest, additionWithoutMemory_addsNothing)
     EXPECT_GT(failures, 64); // the row itself each time, and now and then room for it
 }
 
+TEST_F(RowModelMemoryTest, modelThatGaveItsRoomBack_needsMemoryForOneMoreRow)
+{
+    addRows(rows, {1, 2, 3, 4, 5});
+    rows.giveBackRoom();
+    Row::Owner added = row(6, {L"name"});
+    EXPECT_EQ(failAtEachAllocation([&] { rows.add(std::move(added)); }, [&] { added = row(6, {L"name"}); }), 1);
+    rows.placeAddedLast();
+    EXPECT_EQ(handlesOf(rows), (Handles{1, 2, 3, 4, 5, 6}));
+}
+
+TEST_F(RowModelMemoryTest, roomWithoutMemoryToGiveItBack_isKept)
+{
+    addRows(rows, {1, 2, 3, 4, 5});
+    {
+        const test::ScarceMemory none(0);
+        rows.giveBackRoom();
+    }
+    EXPECT_EQ(handlesOf(rows), (Handles{1, 2, 3, 4, 5}));
+}
+
 TEST_F(RowModelMemoryTest, changeWithoutMemory_leavesTheRowAsItIs)
 {
     addRows(rows, {1, 2, 3});

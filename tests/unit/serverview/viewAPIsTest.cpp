@@ -1,6 +1,7 @@
 #include "serverview/viewAPIs.h"
 
 #include "base/error.h"
+#include "base/text.h"
 #include "serverview/folderKinds.h"
 
 #include <gtest/gtest.h>
@@ -77,6 +78,19 @@ TEST(kindOfTag, textBehindTheNumber_isIgnored)
 {
     EXPECT_EQ(kindOfTag(L"13 tables"), 13);
     EXPECT_EQ(kindOfTag(L"tables"), 0);
+}
+
+TEST(kindOfTag, anyNumber_isReadAsValDoes)
+{
+    for (const wchar_t* tag : {L"7", L"007", L"10", L"123456789", L"999999999", L"1000000000", L"2147483647", L"",
+                               L"-5", L" 5", L"1 2", L"2.5", L"1e2", L"12x", L"x12", L"&H10", L"/", L":"})
+        EXPECT_EQ(kindOfTag(tag), roundToLong(leadingNumber(tag))) << std::wstring(tag).size();
+    EXPECT_EQ(kindOfTag(L"123456789"), 123456789);
+}
+
+TEST(kindOfTag, numberBeyondAll_isAnOverflow)
+{
+    EXPECT_THROW(kindOfTag(L"2147483648"), Error);
 }
 
 TEST(kindOf, noNode_isOfNoKind)

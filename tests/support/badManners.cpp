@@ -64,4 +64,13 @@ void setFloatControlWord(uint16_t word)
     __asm__ volatile("fldcw %0" : : "m"(word));
 }
 
+bool isFullStackTold() noexcept
+{
+    using Version = const char*(__cdecl*)();
+    const auto version = reinterpret_cast<Version>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version")));
+    constexpr int firstSilent = 10;
+    return !version || std::atoi(version()) < firstSilent;
+}
+
 } // namespace velk::test

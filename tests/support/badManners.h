@@ -19,4 +19,7 @@ inline constexpr uint16_t unusualControlWord = 0x0040;
 // How many faults the running test has made on purpose; any other one fails it.
 int& expectedFaults() noexcept;
 
+// Whether the system raises an exception when the stack is full. Wine 10 ends the process: it finds no room to do so.
+bool isFullStackTold() noexcept;
+
 } // namespace velk::test

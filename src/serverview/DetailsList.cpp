@@ -5,15 +5,7 @@
 #include <algorithm>
 
 namespace velk {
-namespace {
-
-// A first fill looks at that many rows to find the widths of the columns, and keeps them within bounds (dialog units).
-constexpr size_t measuredRows = 200;
-constexpr int widestColumn = 220;
-
-} // namespace
-
-DetailsList::DetailsList(HWND parent) : m_view(parent)
+DetailsList::DetailsList(HWND parent) : m_view(parent), m_columns(m_view)
 {
     m_view.setListener([this] { show(); });
 }
@@ -25,40 +17,19 @@ DetailsList::~DetailsList()
 
 void DetailsList::setFont(HFONT font)
 {
-    m_view.setFont(font);
     LOGFONTW description{};
     GetObjectW(font, sizeof description, &description);
     description.lfWeight = FW_BOLD;
-    m_boldFont.reset(CreateFontIndirectW(&description));
-    showOrder();
+    unique_font boldFont(CreateFontIndirectW(&description));
+    m_columns.setFonts(font, boldFont.get());
+    m_boldFont = std::move(boldFont);
 }
 
 void DetailsList::showColumns(int32_t folderKind, const std::vector<std::wstring>& headers)
 {
-    keepLooks();
     clear();
     m_placeBeforeClear = {}; // another folder's rows may come
-    m_folderKind = folderKind;
-    m_view.setColumns(headers);
-    const auto known = m_looks.find(folderKind);
-    m_areWidthsKnown = known != m_looks.end();
-    m_order = m_areWidthsKnown ? known->second.order : RowOrder();
-    showOrder();
-    if (!m_areWidthsKnown)
-        return;
-    for (int column = 0; column < m_view.columnCount(); ++column)
-        m_view.setColumnWidth(column, known->second.widths.at(static_cast<size_t>(column)));
-}
-
-void DetailsList::keepLooks()
-{
-    if (!m_areWidthsKnown)
-        return;
-    Looks& looks = m_looks[m_folderKind];
-    looks.order = m_order;
-    looks.widths.clear();
-    for (int column = 0; column < m_view.columnCount(); ++column)
-        looks.widths.push_back(m_view.columnWidth(column));
+    m_columns.show(folderKind, headers);
 }
 
 const RowModel& DetailsList::rows() noexcept
@@ -120,22 +91,11 @@ const Row* DetailsList::selected() noexcept
 void DetailsList::sortBy(size_t column)
 {
     show();
-    const RowOrder order{column, m_order.column == column && !m_order.isDescending};
+    const RowOrder order{column, this->order().column == column && !this->order().isDescending};
     Place& place = beginChange().place;
     m_rows.sort(order);
-    m_order = order;
+    m_columns.setOrder(order);
     place.top.reset();
-    showOrder();
-}
-
-void DetailsList::showOrder()
-{
-    for (int column = 0; column < m_view.columnCount(); ++column) {
-        const bool isOrdered = m_order.column == static_cast<size_t>(column);
-        m_view.setSortMark(column, !isOrdered             ? ListView::SortMark::none
-                                   : m_order.isDescending ? ListView::SortMark::down
-                                                          : ListView::SortMark::up);
-    }
 }
 
 DetailsList::Place DetailsList::placeOfUser() const
@@ -190,8 +150,7 @@ void DetailsList::showRows(const Unshown& changes) noexcept
 {
     placeRows();
     const int count = static_cast<int>(m_rows.size());
-    if (!m_areWidthsKnown && count > 0)
-        swallow(L"DetailsList", L"the columns keep the widths of their headers", [this] { fitColumns(); });
+    swallow(L"DetailsList", L"the columns keep the widths of their headers", [this] { m_columns.fit(m_rows); });
     if (changes.isCleared || m_view.rowCount() != count) {
         const ListView::Redraw together(m_view);
         if (changes.isCleared)
@@ -222,9 +181,9 @@ void DetailsList::placeRows() noexcept
 {
     if (m_contents->fillings != 0)
         return;
-    const bool all = std::exchange(m_isOrderLost, false) && m_order.column;
+    const bool all = std::exchange(m_isOrderLost, false) && order().column;
     if (!swallow(L"DetailsList", L"the rows are there, in another order",
-                 [&] { all ? m_rows.sort(m_order) : m_rows.placeAdded(m_order); }))
+                 [&] { all ? m_rows.sort(order()) : m_rows.placeAdded(order()); }))
         m_rows.placeAddedLast();
 }
 
@@ -235,26 +194,6 @@ void DetailsList::endFilling() noexcept
         m_rows.giveBackRoom(); // not after a single row, for which all would be copied
         beginChange().place = std::exchange(m_placeBeforeClear, {});
     });
-}
-
-int DetailsList::widthOfCell(const Row& row, int column) const
-{
-    const auto cell = static_cast<size_t>(column);
-    const std::wstring text(row.cell(cell));
-    const int width = row.looks().bold ? m_view.widthOf(text, m_boldFont.get()) : m_view.widthOf(text);
-    return column == 0 ? width + m_view.pictureWidth() : width;
-}
-
-void DetailsList::fitColumns()
-{
-    const size_t looked = std::min(m_rows.size(), measuredRows);
-    for (int column = 0; column < m_view.columnCount(); ++column) {
-        int width = m_view.columnWidth(column);
-        for (size_t row = 0; row < looked; ++row)
-            width = std::max(width, widthOfCell(m_rows.at(row), column));
-        m_view.setColumnWidth(column, std::min(width, m_view.dialogUnits(widestColumn)));
-    }
-    m_areWidthsKnown = true;
 }
 
 void DetailsList::onGetDispInfo(NMLVDISPINFOW& question) noexcept

@@ -1,17 +1,14 @@
 #pragma once
 
 #include "base/unique_any.h"
-#include "serverview/RowModel.h"
-#include "window/list_view.h"
+#include "serverview/ListColumns.h"
 
 #include <climits>
-#include <map>
 #include <memory>
 
 namespace velk {
 
-// The list of a folder's objects: the rows stand in the model, the control shows those that are on screen. For each
-// kind of folder, for the life of the list, columns keep the width and the order that the user gave them.
+// The list of a folder's objects: the rows stand in the model, the control shows those that are on screen.
 class DetailsList {
     struct Contents;
 
@@ -41,7 +38,7 @@ public:
 
     // Orders by a column; by the same column again reverses the order.
     void sortBy(size_t column);
-    const RowOrder& order() const noexcept { return m_order; }
+    const RowOrder& order() const noexcept { return m_columns.order(); }
 
     // The selected row; null when none is.
     const Row* selected() noexcept;
@@ -108,28 +105,15 @@ private:
     void goTo(const Place& place, int otherwiseTop) const noexcept;
     void placeRows() noexcept;
     void endFilling() noexcept;
-    void showOrder();
-    void keepLooks();
-    void fitColumns();
-    int widthOfCell(const Row& row, int column) const; // pixels
-
-    // What the user gave a kind of folder.
-    struct Looks {
-        std::vector<int> widths; // pixels
-        RowOrder order;
-    };
 
     ListView m_view;
+    ListColumns m_columns;
     RowModel m_rows;
     unique_font m_boldFont;
-    std::map<int32_t, Looks> m_looks; // by folder kind
-    RowOrder m_order;
     Place m_placeBeforeClear;
     std::optional<Unshown> m_unshown;
     bool m_isOrderLost = false; // by a filling, which puts all rows in order at its end
-    int32_t m_folderKind = 0;
     std::shared_ptr<Contents> m_contents = std::make_shared<Contents>();
-    bool m_areWidthsKnown = false;
 };
 
 } // namespace velk

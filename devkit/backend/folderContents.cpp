@@ -2,7 +2,9 @@
 
 #include "base/win32.h"
 #include "devkit/backend/messages.h"
+#include "devkit/backend/systemFile.h"
 
+#include <cwchar>
 #include <cwctype>
 #include <string_view>
 #include <utility>
@@ -10,7 +12,13 @@
 namespace velk::devkit {
 namespace {
 
-constexpr uint64_t watchInterval = 1000; // milliseconds
+// In milliseconds, unless the environment wants another.
+uint64_t watchInterval()
+{
+    constexpr unsigned long usual = 1000;
+    const std::wstring wanted = environmentText(L"VELK_BACKEND_WATCH");
+    return wanted.empty() ? usual : std::wcstoul(wanted.c_str(), nullptr, 10);
+}
 // A database that another program holds makes every look wait, so the next one comes later.
 constexpr uint64_t watchPause = 10000;
 
@@ -68,7 +76,7 @@ void FolderContents::load(ConnectionState& connection, FolderState& folder, bool
         const std::wstring mark = database.changeMark(folder.kind);
         update(connection, folder, database.read(folder.kind), announce);
         folder.mark = mark;
-        m_nextWatch = now() + watchInterval;
+        m_nextWatch = now() + watchInterval();
     } catch (const OdbcError& error) {
         m_conversation.tell(messageDatabaseLost, {database.name(), database.file(), error.text});
         close(connection);
@@ -136,7 +144,7 @@ void FolderContents::watch()
     const uint64_t time = now();
     if (!current.folder || !current.connection->database.connected() || time < m_nextWatch)
         return;
-    m_nextWatch = time + watchInterval;
+    m_nextWatch = time + watchInterval();
     Database& database = current.connection->database;
     FolderState& folder = *current.folder;
     try {

@@ -8,7 +8,11 @@ using testing::IsEmpty;
 
 class Changes : public SampleBackend {
 protected:
-    void SetUp() override { beginSample(); }
+    void SetUp() override
+    {
+        watchOften();
+        beginSample();
+    }
     void TearDown() override
     {
         RZTerminate();

@@ -67,6 +67,7 @@ SampleBackend::~SampleBackend()
 {
     unloadBackend();
     SetEnvironmentVariableW(L"VELK_BACKEND_JOURNAL", nullptr);
+    SetEnvironmentVariableW(L"VELK_BACKEND_WATCH", nullptr);
     removeTree(m_folder);
 }
 
@@ -140,9 +141,15 @@ std::vector<std::wstring> SampleBackend::notificationsNow() const
     return lines;
 }
 
+void SampleBackend::watchOften()
+{
+    m_watchInterval = 50;
+    SetEnvironmentVariableW(L"VELK_BACKEND_WATCH", std::to_wstring(m_watchInterval).c_str());
+}
+
 std::vector<std::wstring> SampleBackend::notificationsAfterAWhile() const
 {
-    Sleep(1100);
+    Sleep(m_watchInterval + m_watchInterval / 10);
     return notifications();
 }
 

@@ -38,7 +38,9 @@ protected:
     // library's own thread is doing, and for what that brings about.
     std::vector<std::wstring> notifications() const;
     std::vector<std::wstring> notificationsNow() const;
-    // Waits long enough for the library to look for changes again.
+    // The library looks for changes every 50 milliseconds from now on.
+    void watchOften();
+    // Waits long enough for it to look again.
     std::vector<std::wstring> notificationsAfterAWhile() const;
     std::vector<std::wstring> journal() const;
     std::vector<std::wstring> breaches() const;
@@ -47,6 +49,7 @@ protected:
 
 private:
     std::wstring m_folder;
+    DWORD m_watchInterval = 1000; // milliseconds
 };
 
 } // namespace velk::test

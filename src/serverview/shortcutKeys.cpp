@@ -7,26 +7,54 @@ namespace {
 
 using enum MenuItem;
 
-bool isModified()
+// The modifiers of a key, exactly: F5 is ours, Ctrl+F5, which runs, is the IDE's.
+enum Modifiers { plain = 0, shift = 1, control = 2, alt = 4 };
+
+constexpr Modifiers operator|(Modifiers left, Modifiers right)
 {
-    for (const int modifier : {VK_CONTROL, VK_SHIFT, VK_MENU})
-        if (GetKeyState(modifier) < 0)
-            return true;
-    return false;
+    return static_cast<Modifiers>(static_cast<int>(left) | static_cast<int>(right));
 }
+
+Modifiers heldModifiers()
+{
+    const auto held = [](int key, Modifiers modifier) { return GetKeyState(key) < 0 ? modifier : plain; };
+    return held(VK_SHIFT, shift) | held(VK_CONTROL, control) | held(VK_MENU, alt);
+}
+
+// The pane that must have the focus.
+enum class Pane { tree, list, either };
 
 } // namespace
 
+struct ShortcutKeys::KeyRow {
+    WPARAM key;
+    Modifiers modifiers;
+    Pane pane;
+    bool (ShortcutKeys::*use)(); // whether it did something; else the key is left to the IDE
+};
+
 bool ShortcutKeys::translateKey(const MSG& message)
 {
-    if (message.wParam == VK_TAB && GetKeyState(VK_CONTROL) >= 0) {
-        SetFocus(m_parts.list().hasFocus() ? m_parts.serverTreeView->hwnd() : m_parts.list().hwnd());
-        return true;
+    // clang-format off
+    static constexpr KeyRow rows[] = {
+        {VK_TAB,    plain, Pane::either, &ShortcutKeys::usePaneChange},
+        {VK_TAB,    shift, Pane::either, &ShortcutKeys::usePaneChange},
+        {VK_F5,     plain, Pane::either, &ShortcutKeys::useRefresh},
+        {VK_RETURN, plain, Pane::list,   &ShortcutKeys::useFirstItem},
+        {VK_DELETE, plain, Pane::list,   &ShortcutKeys::useRemoveOfRow},
+        {VK_DELETE, plain, Pane::tree,   &ShortcutKeys::useRemoveOfNode},
+    };
+    // clang-format on
+    const Modifiers modifiers = heldModifiers();
+    const bool isInList = m_parts.list().hasFocus();
+    const bool isInTree = m_parts.serverTreeView->hasFocus();
+    for (const KeyRow& row : rows) {
+        const bool isItsPane = (row.pane != Pane::tree && isInList) || (row.pane != Pane::list && isInTree);
+        if (row.key == message.wParam && row.modifiers == modifiers && isItsPane)
+            return (this->*row.use)();
     }
-    if (useKey(message.wParam))
-        return true;
     // The keys by which both controls move must reach them also where a host has them as accelerators of its own.
-    const bool moves = message.wParam >= VK_PRIOR && message.wParam <= VK_DOWN;
+    const bool moves = message.message == WM_KEYDOWN && message.wParam >= VK_PRIOR && message.wParam <= VK_DOWN;
     if (moves) {
         TranslateMessage(&message);
         DispatchMessageW(&message);
@@ -34,22 +62,10 @@ bool ShortcutKeys::translateKey(const MSG& message)
     return moves;
 }
 
-bool ShortcutKeys::useKey(WPARAM key)
+bool ShortcutKeys::usePaneChange()
 {
-    // With a modifier these are the IDE's own: Ctrl+F5 runs, Shift+Delete cuts.
-    if (isModified())
-        return false;
-    const bool isInList = m_parts.list().hasFocus();
-    switch (key) {
-    case VK_F5:
-        return useRefresh();
-    case VK_RETURN:
-        return isInList && useFirstItem();
-    case VK_DELETE:
-        return isInList ? useRemoveOfRow() : useRemoveOfNode();
-    default:
-        return false;
-    }
+    SetFocus(m_parts.list().hasFocus() ? m_parts.serverTreeView->hwnd() : m_parts.list().hwnd());
+    return true;
 }
 
 bool ShortcutKeys::useRefresh()

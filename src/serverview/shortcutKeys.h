@@ -4,16 +4,19 @@
 
 namespace velk {
 
-// The keys that stand for items of the context menus, and those by which the panes are used.
+// The keys of the view: those that stand for items of the context menus, and those by which the panes are used.
 class ShortcutKeys {
 public:
     ShortcutKeys(const ViewParts& parts, ContextMenus& menus) noexcept : m_parts(parts), m_menus(menus) {}
 
-    // Whether the key was used: Tab moves between tree and list, and their own keys stay theirs.
+    // Whether the key, WM_KEYDOWN or WM_SYSKEYDOWN, was used. A key does nothing while neither pane has the focus, but
+    // for those by which whatever has it moves.
     bool translateKey(const MSG& message);
 
 private:
-    bool useKey(WPARAM key);
+    struct KeyRow; // what a key does
+
+    bool usePaneChange();
     bool useRefresh();
     bool useFirstItem();
     bool useRemoveOfRow();

@@ -93,9 +93,10 @@ void svrViewCtl::UserControl_Resize()
 
 bool svrViewCtl::translateKey(const MSG& message)
 {
-    if (message.message != WM_KEYDOWN || m_parts.life.isOver())
+    const bool isPlain = message.message == WM_KEYDOWN; // with Alt held down, and F10, it is the other
+    if ((!isPlain && message.message != WM_SYSKEYDOWN) || m_parts.life.isOver())
         return false;
-    return (message.wParam == VK_ESCAPE && m_splitter->cancelDrag()) || m_keys.translateKey(message);
+    return (isPlain && message.wParam == VK_ESCAPE && m_splitter->cancelDrag()) || m_keys.translateKey(message);
 }
 
 LRESULT svrViewCtl::onNotify(const NMHDR& header, LPARAM lParam)

@@ -10,11 +10,11 @@ using test::Calls;
 class KeysTest : public test::CommandsFixture {
 protected:
     KeysTest() { ShowWindow(host, SW_SHOW); }
-    bool press(WPARAM key)
+    bool press(WPARAM key, UINT how = WM_KEYDOWN)
     {
         MSG message{};
         message.hwnd = GetFocus();
-        message.message = WM_KEYDOWN;
+        message.message = how;
         message.wParam = key;
         return view.translateKey(message);
     }
@@ -101,6 +101,42 @@ TEST_F(KeysTest, tab_movesBetweenTreeAndList)
     EXPECT_TRUE(press(VK_TAB));
     EXPECT_EQ(GetFocus(), tree().hwnd());
 }
+
+TEST_F(KeysTest, keyWithAlt_isLeftToTheIde)
+{
+    showProcedure();
+    SetFocus(list().view().hwnd());
+    EXPECT_FALSE(press(VK_DOWN, WM_SYSKEYDOWN));
+    EXPECT_EQ(list().view().focusedRow(), 0);
+}
+
+class KeyElsewhereTest : public KeysTest, public testing::WithParamInterface<WPARAM> {
+protected:
+    ~KeyElsewhereTest() override { DestroyWindow(edit); }
+    HWND edit =
+        CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 0, 500, 100, 20, host, nullptr, nullptr, nullptr);
+};
+
+// Another window's key, with a routine and its folder selected for it to fall upon.
+TEST_P(KeyElsewhereTest, key_isLeftToTheWindowThatHasTheFocus)
+{
+    showProcedure();
+    SetFocus(edit);
+    EXPECT_FALSE(press(GetParam()));
+    EXPECT_EQ(GetFocus(), edit);
+    EXPECT_EQ(backend.calls, Calls{});
+}
+
+TEST_P(KeyElsewhereTest, keyOfTheTree_isLeftToTheWindowThatHasTheFocus)
+{
+    tree().select(L"K10");
+    backend.calls.clear();
+    SetFocus(edit);
+    EXPECT_FALSE(press(GetParam()));
+    EXPECT_EQ(backend.calls, Calls{});
+}
+
+INSTANTIATE_TEST_SUITE_P(Keys, KeyElsewhereTest, testing::Values(VK_TAB, VK_F5, VK_RETURN, VK_DELETE));
 
 struct ModifiedKey {
     int modifier;

@@ -3,6 +3,7 @@
 
 Needs Pillow. The same version draws the same bytes.
 """
+import struct
 from pathlib import Path
 
 from PIL import Image, ImageDraw, ImageFont
@@ -15,13 +16,41 @@ YELLOW, GOLD, BLUE, LIGHT = (255, 224, 128), (168, 120, 0), (0, 72, 160), (168, 
 GREEN, RED, PURPLE = (0, 136, 56), (200, 32, 32), (120, 48, 152)
 
 
-def tile(background=MASK):
-    image = Image.new("RGB", (16, 16), background)
-    return image, ImageDraw.Draw(image)
+class Pen:
+    """Draws what is said in pixels of a picture of 16 by 16 into one of another size, anew: lines stay a pixel wide,
+    but for those that are said to be wide."""
+
+    def __init__(self, image):
+        self.draw = ImageDraw.Draw(image)
+        self.scale = image.width / 16
+
+    def places(self, numbers):
+        # The pixel that holds the middle of the one that is meant.
+        return [int((number + 0.5) * self.scale) for number in numbers]
+
+    def points(self, points):
+        return [tuple(self.places(point)) for point in points]
+
+    def line(self, points, fill, width=1):
+        self.draw.line(self.points(points), fill=fill, width=width if width == 1 else round(width * self.scale))
+
+    def polygon(self, points, **colours):
+        self.draw.polygon(self.points(points), **colours)
+
+    def rectangle(self, corners, **colours):
+        self.draw.rectangle(self.places(corners), **colours)
+
+    def ellipse(self, corners, **colours):
+        self.draw.ellipse(self.places(corners), **colours)
 
 
-def folder(filtered=False):
-    image, draw = tile()
+def tile(background=MASK, size=16):
+    image = Image.new("RGB", (size, size), background)
+    return image, Pen(image)
+
+
+def folder(size, filtered=False):
+    image, draw = tile(size=size)
     draw.polygon([(1, 4), (2, 3), (6, 3), (7, 4), (14, 4), (14, 13), (1, 13)], fill=YELLOW, outline=GOLD)
     draw.line([(2, 6), (13, 6)], fill=WHITE)
     if filtered:
@@ -32,14 +61,14 @@ def folder(filtered=False):
 def cylinder(draw, left, top, fill, edge):
     draw.rectangle([left, top + 2, left + 8, top + 10], fill=fill)
     draw.ellipse([left, top + 8, left + 8, top + 12], fill=fill, outline=edge)
-    draw.rectangle([left + 1, top + 2, left + 7, top + 9], fill=fill)
+    draw.rectangle([left, top + 2, left + 8, top + 9], fill=fill)
     draw.line([(left, top + 2), (left, top + 10)], fill=edge)
     draw.line([(left + 8, top + 2), (left + 8, top + 10)], fill=edge)
     draw.ellipse([left, top, left + 8, top + 4], fill=WHITE, outline=edge)
 
 
-def connection(connected):
-    image, draw = tile()
+def connection(size, connected):
+    image, draw = tile(size=size)
     if connected:
         cylinder(draw, 1, 1, LIGHT, BLUE)
         draw.ellipse([8, 8, 15, 15], fill=GREEN, outline=BLACK)
@@ -61,8 +90,8 @@ def changed(draw):
     draw.polygon([(11, 15), (15, 15), (15, 8), (13, 5), (11, 8)], fill=RED, outline=BLACK)
 
 
-def procedure(dirty):
-    image, draw = tile()
+def procedure(size, dirty):
+    image, draw = tile(size=size)
     page(draw)
     for y, width in ((6, 5), (8, 7), (10, 4), (12, 6)):
         draw.line([(4, y), (4 + width, y)], fill=BLUE)
@@ -71,8 +100,8 @@ def procedure(dirty):
     return image
 
 
-def function(dirty):
-    image, draw = tile()
+def function(size, dirty):
+    image, draw = tile(size=size)
     page(draw)
     draw.line([(8, 5), (7, 5), (6, 6), (6, 12), (5, 13)], fill=PURPLE)
     draw.line([(4, 8), (9, 8)], fill=PURPLE)
@@ -83,26 +112,27 @@ def function(dirty):
     return image
 
 
-def trigger():
-    image, draw = tile()
+def trigger(size):
+    image, draw = tile(size=size)
     draw.polygon([(9, 0), (3, 8), (7, 8), (5, 15), (13, 6), (9, 6), (12, 0)], fill=(255, 200, 0), outline=BLACK)
     return image
 
 
-def table():
-    image, draw = tile()
-    draw.rectangle([1, 2, 14, 13], fill=WHITE, outline=DARK)
-    draw.rectangle([2, 3, 13, 5], fill=BLUE)
+def table(size):
+    image, draw = tile(size=size)
+    draw.rectangle([1, 2, 14, 13], fill=WHITE)
+    draw.rectangle([1, 2, 14, 5], fill=BLUE)
     for y in (8, 11):
-        draw.line([(2, y), (13, y)], fill=GREY)
+        draw.line([(1, y), (14, y)], fill=GREY)
     for x in (5, 9):
-        draw.line([(x, 6), (x, 12)], fill=GREY)
+        draw.line([(x, 6), (x, 13)], fill=GREY)
+    draw.rectangle([1, 2, 14, 13], outline=DARK)
     return image
 
 
-def view():
-    image = table()
-    draw = ImageDraw.Draw(image)
+def view(size):
+    image = table(size)
+    draw = Pen(image)
     draw.ellipse([6, 6, 13, 13], fill=LIGHT, outline=BLACK)
     draw.line([(12, 12), (15, 15)], fill=BLACK, width=2)
     return image
@@ -225,16 +255,36 @@ def welcome():
 
 
 PICTURES = [
-    folder(), folder(True), connection(True), connection(False), procedure(False), procedure(True),
-    function(False), function(True), trigger(), table(), view(),
+    (folder, False), (folder, True), (connection, True), (connection, False), (procedure, False), (procedure, True),
+    (function, False), (function, True), (trigger,), (table,), (view,),
 ]
+# The server view's pictures for each size of the system's small icons that it has some for.
+STRIPS = {16: "serverview.bmp", 20: "serverview20.bmp", 24: "serverview24.bmp"}
+
+
+def save_in_16_colours(image, path):
+    """As a bitmap of four bits a pixel, which Pillow does not write."""
+    colours = [colour for _, colour in sorted(image.getcolors(16), key=lambda counted: counted[1])]
+    rows = []
+    for y in reversed(range(image.height)):
+        numbers = [colours.index(image.getpixel((x, y))) for x in range(image.width)]
+        numbers += [0] * (-len(numbers) % 8)
+        rows.append(bytes(left << 4 | right for left, right in zip(numbers[::2], numbers[1::2])))
+    palette = b"".join(bytes((blue, green, red, 0)) for red, green, blue in colours)
+    pixels = b"".join(rows)
+    start = 14 + 40 + len(palette)
+    path.write_bytes(struct.pack("<2sIHHI", b"BM", start + len(pixels), 0, 0, start)
+                     + struct.pack("<IiiHHIIiiII", 40, image.width, image.height, 1, 4, 0, len(pixels), 0, 0,
+                                   len(colours), 0)
+                     + palette + pixels)
 
 
 def main():
-    strip = Image.new("RGB", (16 * len(PICTURES), 16), MASK)
-    for place, picture in enumerate(PICTURES):
-        strip.paste(picture, (16 * place, 0))
-    strip.save(HERE / "serverview.bmp")
+    for size, file in STRIPS.items():
+        strip = Image.new("RGB", (size * len(PICTURES), size), MASK)
+        for place, (picture, *state) in enumerate(PICTURES):
+            strip.paste(picture(size, *state), (size * place, 0))
+        save_in_16_colours(strip, HERE / file)
     for number, face in FACES.items():
         face().save(HERE / f"face{number}.bmp")
     icon().save(HERE / "about.ico", sizes=[(16, 16), (32, 32)])

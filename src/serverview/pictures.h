@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -17,7 +18,18 @@ struct ObjectPictures {
     const wchar_t* dirty = nullptr; // null for a kind whose objects cannot be dirty
 };
 
-// The picture keys of the server view, in the order of the pictures in the bitmap resource.
+// The picture keys of the server view, in the order of the pictures in the bitmap resources.
 std::vector<std::wstring> imageKeys();
+
+// The pictures of one size, in pixels, side by side.
+struct PictureStrip {
+    int size;
+    int resource; // a bitmap
+};
+
+// From the smallest on.
+std::span<const PictureStrip> pictureStrips() noexcept;
+// The pictures beside texts that stand beside the system's small icons of a width: the largest that are no wider.
+const PictureStrip& pictureStripFor(int smallIconWidth) noexcept;
 
 } // namespace velk

@@ -3,18 +3,13 @@
 #include "backend/texts.h"
 #include "base/boundary.h"
 #include "scc/VSSAPI.h"
-#include "serverview/pictures.h"
 #include "serverview/publishedView.h"
-#include "ui/uiFont.h"
 
 #include <product.h>
 
 namespace velk {
 namespace {
 
-constexpr int picturesResource = 120;
-constexpr int pictureSize = 16; // pixels
-constexpr COLORREF pictureMask = RGB(255, 0, 255);
 constexpr int32_t viewNameText = 400; // the tool window's caption
 
 } // namespace
@@ -60,21 +55,20 @@ void svrViewCtl::UserControl_Initialize()
     m_parts.serverDetailsView = std::make_unique<DetailsList>(hwnd());
     m_splitter = std::make_unique<Splitter>(hwnd(), m_parts.serverTreeView->hwnd(), m_parts.list().hwnd());
     m_parts.list().removeColumns();
-    ImageList1 = std::make_unique<ImageList>(picturesResource, pictureSize, pictureMask, imageKeys());
-    m_parts.list().setImages(ImageList1->get());
-    m_parts.serverTreeView->setImages(ImageList1->get());
+    m_look.setPictures(GetSystemMetrics(SM_CXSMICON));
 }
 
 void svrViewCtl::setupGUI()
 {
     if (!hwnd())
         return; // closed while the control was handed over
-    m_font = makeFont(uiFont());
-    m_parts.serverTreeView->setFont(m_font.get());
-    m_parts.serverDetailsView->setFont(m_font.get());
-    publishedView() = {
-        m_parts.serverTreeView.get(),   m_parts.serverDetailsView.get(), ImageList1.get(), m_parts.IMgr, m_parts.life,
-        std::make_shared<KeptRecords>()};
+    m_look.setFont();
+    publishedView() = {m_parts.serverTreeView.get(),
+                       m_parts.serverDetailsView.get(),
+                       m_look.ImageList1(),
+                       m_parts.IMgr,
+                       m_parts.life,
+                       std::make_shared<KeptRecords>()};
     menus().setUp(isSourceSafeInstalled(), m_parts.IMgr ? m_parts.IMgr.getIdeType() : ideTypeVisualInterDev);
     m_folder.fillColumnSets();
     m_parts.serverTreeView->setName(getRZString(viewNameText));
@@ -172,6 +166,10 @@ LRESULT svrViewCtl::handle(UINT message, WPARAM wParam, LPARAM lParam)
     switch (message) {
     case WM_NOTIFY:
         return onNotify(*reinterpret_cast<const NMHDR*>(lParam), lParam);
+    case WM_SYSCOLORCHANGE:
+    case WM_SETTINGCHANGE:
+        m_look.follow(hwnd(), message, wParam, lParam);
+        return 0;
     case WM_SIZE:
         UserControl_Resize();
         return 0;

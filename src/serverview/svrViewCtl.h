@@ -1,13 +1,12 @@
 #pragma once
 
-#include "base/unique_any.h"
 #include "model/IntegrationMgr.h"
 #include "serverview/contextMenus.h"
 #include "serverview/currentFolder.h"
 #include "serverview/shortcutKeys.h"
 #include "serverview/splitter.h"
+#include "serverview/systemLook.h"
 #include "serverview/viewParts.h"
-#include "window/image_list.h"
 #include "window/window.h"
 
 #include <memory>
@@ -53,10 +52,9 @@ private:
     LRESULT onTreeNotify(const NMHDR& header, LPARAM lParam);
     LRESULT onListNotify(const NMHDR& header, LPARAM lParam);
 
-    std::unique_ptr<ImageList> ImageList1;
     ViewParts m_parts;
+    SystemLook m_look{m_parts};
     std::unique_ptr<Splitter> m_splitter;
-    unique_font m_font;
     CurrentFolder m_folder{m_parts};
     ContextMenus m_contextMenus{m_parts, m_folder};
     ShortcutKeys m_keys{m_parts, m_contextMenus};

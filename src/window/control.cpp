@@ -5,6 +5,16 @@
 #include "base/module.h"
 
 namespace velk {
+namespace {
+
+BOOL CALLBACK sendTo(HWND window, LPARAM message) noexcept
+{
+    const MSG& sent = *reinterpret_cast<const MSG*>(message);
+    SendMessageW(window, sent.message, sent.wParam, sent.lParam);
+    return TRUE;
+}
+
+} // namespace
 
 Control::Control(const wchar_t* className, HWND parent, DWORD style, DWORD extendedStyle)
     : m_hwnd(CreateWindowExW(extendedStyle, className, L"", WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, parent, nullptr,
@@ -38,6 +48,12 @@ bool Control::hasFocus() const noexcept
 {
     const HWND focused = GetFocus();
     return focused == m_hwnd || IsChild(m_hwnd, focused);
+}
+
+void handOn(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept
+{
+    const MSG handed{window, message, wParam, lParam, 0, {}};
+    EnumChildWindows(window, sendTo, reinterpret_cast<LPARAM>(&handed));
 }
 
 } // namespace velk

@@ -25,4 +25,8 @@ private:
     HWND m_hwnd;
 };
 
+// Hands a message of the system to all top-level windows on to the windows within one, which do not get it by
+// themselves.
+void handOn(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+
 } // namespace velk

@@ -1,5 +1,6 @@
 #include "addin/traceSettings.h"
 
+#include "addin/traceTarget.h"
 #include "base/boundary.h"
 #include "base/module.h"
 #include "base/text.h"
@@ -15,7 +16,6 @@ namespace {
 constexpr wchar_t variableName[] = L"VELKVIADD_TRACE";
 constexpr wchar_t keyPath[] = L"Software\\Velk\\velkviadd";
 constexpr wchar_t valueName[] = L"Trace";
-constexpr wchar_t finerMark[] = L";2";
 constexpr size_t settingRoom = 1024; // characters
 
 std::wstring setting()
@@ -51,13 +51,10 @@ std::wstring lineOf(const Failure& failure)
 void beginTrace() noexcept
 {
     swallow(L"beginTrace", L"the add-in works without its log", [] {
-        std::wstring path = setting();
-        const bool isFiner = path.ends_with(finerMark);
-        if (isFiner)
-            path.erase(path.size() - std::size(finerMark) + 1);
-        if (path.empty())
+        const TraceTarget target = traceTarget(setting());
+        if (target.path.empty())
             return;
-        trace::open(path, isFiner ? trace::Level::calls : trace::Level::failures,
+        trace::open(target.path, target.isFiner ? trace::Level::calls : trace::Level::failures,
                     std::wstring(productName) + L" " + productVersion + L" in " + hostName() + L", code page " +
                         numberText(static_cast<int32_t>(GetACP())));
         setFailureObserver([](const Failure& failure) { trace::write(trace::Level::failures, lineOf(failure)); });

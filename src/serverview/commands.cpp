@@ -31,18 +31,11 @@ int32_t handleOf(const Choice& choice)
     return keyToHandle(choice.object->key);
 }
 
-// The file of a routine: what follows the first "#" of its row's tag.
-std::wstring fileOf(const Choice::Object& row)
-{
-    const size_t mark = row.tag.find(L'#');
-    return mark == std::wstring::npos ? std::wstring() : row.tag.substr(mark + 1);
-}
-
 void onObjectsFile(const Choice& choice, void (*operation)(const std::wstring& path))
 {
     if (!choice.object)
         return;
-    const std::wstring file = fileOf(*choice.object);
+    const std::wstring file = fileOfTag(choice.object->tag);
     if (!file.empty())
         return operation(file);
     std::wstring viewSource = choice.viewSourceCaption;

@@ -2,6 +2,7 @@
 
 #include "backend/records.h"
 #include "serverview/DetailsList.h"
+#include "serverview/objectKeys.h"
 #include "window/tree_view.h"
 
 #include <cstdint>
@@ -12,14 +13,7 @@ namespace velk {
 // Puts the tool's objects into the published server view. All but the conversions end quietly when the
 // controls refuse (a key that is taken or missing, no view, nothing selected); what was done before stays.
 
-// "K" and the handle in decimal, and back. The text behind the K is read as far as it is a number.
-std::wstring makeKey(int32_t handle);
-int32_t keyToHandle(const std::wstring& key);
-
-// A kind as the decimal text that nodes keep as their tag, and back: a tag is read as far as it is a number. Without a
-// node the kind is kindNone.
-std::wstring kindTag(int32_t kind);
-int32_t kindOfTag(const std::wstring& tag);
+// The kind of a node; without one it is kindNone.
 int32_t kindOf(const TreeNode* node);
 
 // A node of the kind that the tag names, "True" or "False" telling whether it is the root. A root empties the tree.

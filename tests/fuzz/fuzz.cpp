@@ -1,17 +1,23 @@
 // What texts from outside may do to the units that read them: nothing but their answer, or the error they are known by.
 // Built by scripts/fuzz; the first byte of a case says which unit reads the rest.
 #include "addin/rzFileName.h"
+#include "addin/traceTarget.h"
+#include "backend/ansi.h"
 #include "base/decimal.h"
 #include "base/error.h"
 #include "base/paths.h"
 #include "base/text.h"
+#include "notify/promptLook.h"
+#include "serverview/objectKeys.h"
 #include "window/send_keys.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
 #include <iterator>
 #include <string>
+#include <vector>
 
 namespace velk {
 namespace {
@@ -88,8 +94,68 @@ void readsKeys(const std::wstring& text)
     }
 }
 
-constexpr void (*units[])(const std::wstring&) = {readsNumber, rounds,       readsDecimal,
-                                                  partsPath,   namesProject, readsKeys};
+// Half of the cases are made of the words that mean something, which a fuzzer seldom finds.
+void readsPrompt(const std::wstring& text)
+{
+    constexpr const wchar_t* words[] = {L"#",   L"IDE_CRITICAL", L"IDE_WARNING", L"IDE_QUESTION",
+                                        L"672", L"67",           L"1",           L"\0"};
+    std::wstring buttons;
+    for (const wchar_t character : text)
+        buttons += character < 128 ? std::wstring(1, character) : words[character % std::size(words)];
+    try {
+        const std::vector<std::wstring> fields = splitButtons(buttons);
+        std::wstring together;
+        for (const std::wstring& field : fields)
+            together += field + L"#";
+        together.pop_back();
+        demand(together == buttons && fields.size() <= 5);
+        const PromptLook look = promptLook(buttons);
+        demand((look.style & ~(MB_TYPEMASK | MB_ICONMASK)) == 0);
+        demand(look.title == (fields.size() == 3 ? fields[2] : L""));
+    } catch (const Error& error) {
+        demand(error.number() == errorSubscript && std::count(buttons.begin(), buttons.end(), L'#') >= 5);
+    }
+}
+
+void readsObjectKey(const std::wstring& text)
+{
+    for (const std::wstring& key : {text, L"K" + text})
+        try {
+            const int32_t handle = keyToHandle(key);
+            demand(key[0] == L'K' && keyToHandle(makeKey(handle)) == handle && kindOfTag(kindTag(handle)) == handle);
+        } catch (const Error& error) {
+            demand(error.number() == errorOverflow || (error.number() == errorTypeMismatch && !key.starts_with(L'K')));
+        }
+}
+
+void readsTag(const std::wstring& text)
+{
+    const std::wstring file = fileOfTag(text);
+    demand(text.find(L'#') == std::wstring::npos ? file.empty() : text.ends_with(L'#' + file));
+    demand(fileOfTag(L"True#" + text) == text);
+    const TraceTarget target = traceTarget(text);
+    demand(target.path + (target.isFiner ? L";2" : L"") == text);
+    demand(traceTarget(text + L";2").path == text);
+}
+
+// The short way by ASCII and the first NUL gives what converting everything and cutting gives.
+void readsMessageText(const std::wstring& text)
+{
+    const std::string bytes(text.begin(), text.end());
+    const std::vector<char> exactly(bytes.begin(), bytes.end()); // no byte behind it
+    std::wstring whole = ansi::wideOf(exactly);
+    const bool hasNul = whole.find(L'\0') != std::wstring::npos;
+    ansi::trimAtNull(whole);
+    std::wstring read = L"what was there";
+    demand(ansi::readBeforeNul(read, exactly) == hasNul && read == whole);
+    demand(ansi::lengthOf(whole, CP_ACP) <= bytes.size());
+    const ansi::CountedText counted(whole);
+    demand(ansi::wideOf(counted.bytes()) == whole && !ansi::isOverrun(counted.bytes()));
+}
+
+constexpr void (*units[])(const std::wstring&) = {readsNumber,  rounds,          readsDecimal, partsPath,
+                                                  namesProject, readsKeys,       readsPrompt,  readsObjectKey,
+                                                  readsTag,     readsMessageText};
 
 } // namespace
 } // namespace velk

@@ -42,6 +42,17 @@ enum : WORD {
 // clang-format on
 
 enum { FORMAT_MESSAGE_FROM_SYSTEM = 0x1000, FORMAT_MESSAGE_IGNORE_INSERTS = 0x200 };
+enum : uint32_t {
+    MB_OK = 0,
+    MB_YESNOCANCEL = 3,
+    MB_YESNO = 4,
+    MB_TYPEMASK = 15,
+    MB_ICONHAND = 16,
+    MB_ICONQUESTION = 32,
+    MB_ICONEXCLAMATION = 48,
+    MB_ICONASTERISK = 64,
+    MB_ICONMASK = 240,
+};
 enum { CP_ACP = 0, LOCALE_USER_DEFAULT = 0x400 };
 
 inline DWORD GetLastError()
@@ -52,13 +63,40 @@ inline DWORD FormatMessageW(DWORD, const void*, DWORD, DWORD, wchar_t*, DWORD, v
 {
     return 0;
 }
-inline int WideCharToMultiByte(UINT, DWORD, const wchar_t*, int, char*, int, const char*, BOOL*)
+// A code page like the East Asian ones: a byte from 0x81 on leads a second one, which may be any, and only a pair whose
+// second byte is missing is lost.
+constexpr bool isLeadByte(unsigned char byte)
 {
-    return 0;
+    return byte > 0x80;
 }
-inline int MultiByteToWideChar(UINT, DWORD, const char*, int, wchar_t*, int)
+inline int MultiByteToWideChar(UINT, DWORD, const char* bytes, int length, wchar_t* text, int room)
 {
-    return 0;
+    int made = 0;
+    for (int place = 0; place < length && made < room; ++place) {
+        const auto first = static_cast<unsigned char>(bytes[place]);
+        if (!isLeadByte(first))
+            text[made++] = first;
+        else if (++place < length)
+            text[made++] = static_cast<wchar_t>(first << 8 | static_cast<unsigned char>(bytes[place]));
+        else
+            text[made++] = L'?';
+    }
+    return made;
+}
+inline int WideCharToMultiByte(UINT, DWORD, const wchar_t* text, int length, char* bytes, int room, const char*, BOOL*)
+{
+    int made = 0;
+    const auto put = [&](int byte) {
+        if (made < room)
+            bytes[made] = static_cast<char>(byte);
+        ++made;
+    };
+    for (int place = 0; place < length; ++place) {
+        if (text[place] > 0xFF)
+            put(text[place] >> 8);
+        put(text[place] & 0xFF);
+    }
+    return room == 0 || made <= room ? made : 0;
 }
 inline HRESULT VarI4FromStr(OLECHAR*, DWORD, DWORD, LONG*)
 {

@@ -1,8 +1,9 @@
-#include "serverview/viewAPIs.h"
+#include "serverview/objectKeys.h"
 
 #include "base/error.h"
 #include "base/text.h"
 #include "serverview/folderKinds.h"
+#include "serverview/viewAPIs.h"
 
 #include <gtest/gtest.h>
 
@@ -91,6 +92,13 @@ TEST(kindOfTag, anyNumber_isReadAsValDoes)
 TEST(kindOfTag, numberBeyondAll_isAnOverflow)
 {
     EXPECT_THROW(kindOfTag(L"2147483648"), Error);
+}
+
+TEST(fileOfTag, textBehindTheFirstMark_isTheFile)
+{
+    EXPECT_EQ(fileOfTag(L"True#routines\\a#b.sql"), L"routines\\a#b.sql");
+    EXPECT_EQ(fileOfTag(L"False#"), L"");
+    EXPECT_EQ(fileOfTag(L"False"), L"");
 }
 
 TEST(kindOf, noNode_isOfNoKind)

@@ -1,4 +1,4 @@
-#include "notify/prompts.h"
+#include "notify/promptLook.h"
 #include "base/error.h"
 
 #include <gmock/gmock.h>

@@ -145,8 +145,9 @@ const Row* RowModel::change(int32_t handle, const Dress& dress)
     if (!areTextsNew && row->looks() == dress.looks)
         return nullptr;
     if (areTextsNew) {
+        const size_t slot = slotOf(*row); // may number the rows anew, which the copy is to know
         Row::Owner changed = row->renamed(dress.name, dress.tag);
-        m_rows[slotOf(*row)] = changed.get();
+        m_rows[slot] = changed.get();
         m_index.replace(*changed);
         Row::Deleter()(row);
         row = changed.release();

@@ -35,11 +35,16 @@ public:
         return column < m_cells ? text(column) : std::wstring_view();
     }
     std::wstring_view name() const noexcept { return cell(0); }
+    // The texts of all cells, one behind the other.
+    std::wstring_view texts() const noexcept { return {characters(), m_cells == 0 ? 0 : endOf(m_cells - size_t{1})}; }
     std::wstring_view tag() const noexcept { return text(m_cells); }
     RowLooks looks() const noexcept { return {m_image, m_isBold}; }
+    // By the filter of its model.
+    bool isHidden() const noexcept { return m_isHidden; }
 
 private:
     friend class RowModel;
+    friend class FilteredRows;
 
     Row(int32_t handle, size_t cells, bool isLong, RowLooks looks) noexcept;
     void setLooks(RowLooks looks) noexcept;
@@ -63,6 +68,7 @@ private:
     uint32_t m_slot = 0;    // where it stood among the model's rows when they were numbered
     int16_t m_image = 0;
     bool m_isBold : 1 = false;
+    bool m_isHidden : 1 = false;
     bool m_isLong : 1;
     uint8_t m_cells;
 };

@@ -14,18 +14,17 @@ constexpr size_t farthest = 512;
 // So many gaps are closed even if nobody looks, when they are most of the slots.
 constexpr size_t manyGaps = 1024;
 
+bool areOther(const Row& row, const RowModel::Dress& texts) noexcept
+{
+    return row.name() != texts.name || row.tag() != texts.tag;
+}
+
 } // namespace
 
-size_t RowModel::size() const noexcept
+size_t RowModel::sizeUnfiltered() const noexcept
 {
     closeGaps();
     return m_placed;
-}
-
-const Row& RowModel::at(size_t place) const noexcept
-{
-    closeGaps();
-    return *m_rows[place];
 }
 
 void RowModel::closeGaps() const noexcept
@@ -67,8 +66,30 @@ size_t RowModel::slotOf(const Row& row) const noexcept
     return static_cast<size_t>(std::find(begin, m_rows.end(), &row) - m_rows.begin());
 }
 
+FilteredRows::Rows RowModel::shown() const noexcept
+{
+    closeGaps();
+    return m_filtered.of({m_rows.data(), m_placed});
+}
+
+// They stand in the order of the slots that they have noted, where these are what they say.
+std::optional<size_t> RowModel::placeAmongShown(const Row& row) const noexcept
+{
+    if (row.isHidden())
+        return std::nullopt;
+    const FilteredRows::Rows rows = shown();
+    if (m_movedUp != 0 || m_movedDown != 0)
+        number();
+    const auto found = std::lower_bound(rows.begin(), rows.end(), row.m_slot,
+                                        [](const Row* other, uint32_t slot) { return other->m_slot < slot; });
+    return found != rows.end() && *found == &row ? std::optional(static_cast<size_t>(found - rows.begin()))
+                                                 : std::nullopt;
+}
+
 std::optional<size_t> RowModel::placeOf(const Row& row) const noexcept
 {
+    if (m_filtered.isOn())
+        return placeAmongShown(row);
     closeGaps();
     const size_t slot = slotOf(row);
     return slot < m_placed ? std::optional(slot) : std::nullopt;
@@ -76,21 +97,22 @@ std::optional<size_t> RowModel::placeOf(const Row& row) const noexcept
 
 const Row* RowModel::neighbourOf(const Row& row) const noexcept
 {
+    const auto isThere = [this](size_t slot) { return m_rows[slot] && !m_rows[slot]->isHidden(); };
     const size_t slot = slotOf(row);
     for (size_t next = slot + 1; next < m_placed; ++next)
-        if (m_rows[next])
+        if (isThere(next))
             return m_rows[next];
     for (size_t next = std::min(slot, m_placed); next-- > 0;)
-        if (m_rows[next])
+        if (isThere(next))
             return m_rows[next];
     return nullptr;
 }
 
 std::optional<size_t> RowModel::findName(std::wstring_view beginning, size_t from) const noexcept
 {
-    closeGaps();
-    for (size_t place = from; place < m_placed; ++place) {
-        const std::wstring_view name = m_rows[place]->name();
+    const FilteredRows::Rows rows = shown();
+    for (size_t place = from; place < rows.size(); ++place) {
+        const std::wstring_view name = rows[place]->name();
         if (name.size() >= beginning.size() && _wcsnicmp(name.data(), beginning.data(), beginning.size()) == 0)
             return place;
     }
@@ -101,6 +123,8 @@ void RowModel::add(Row::Owner row)
 {
     if (m_index.find(row->handle()))
         throw Error(errorKeyNotUnique);
+    m_filtered.judge(*row);
+    m_filtered.makeRoom(m_index.size() + 1);
     m_index.reserve(m_index.size() + 1);
     m_rows.push_back(row.get());
     row->m_arrival = ++m_lastArrival;
@@ -114,6 +138,8 @@ void RowModel::remove(int32_t handle)
     if (!row)
         throw Error(errorElementNotFound);
     const size_t slot = slotOf(*row);
+    if (!row->isHidden())
+        m_filtered.forget();
     m_rows[slot] = nullptr;
     m_firstGap = m_gaps == 0 ? slot : std::min(m_firstGap, slot);
     ++m_gaps;
@@ -134,6 +160,7 @@ void RowModel::clear() noexcept
     m_index.clear();
     m_order.reset();
     m_differs = {};
+    m_filtered.forget();
 }
 
 const Row* RowModel::change(int32_t handle, const Dress& dress)
@@ -141,19 +168,39 @@ const Row* RowModel::change(int32_t handle, const Dress& dress)
     Row* row = m_index.find(handle);
     if (!row)
         return nullptr;
-    const bool areTextsNew = row->name() != dress.name || row->tag() != dress.tag;
+    const bool areTextsNew = areOther(*row, dress);
     if (!areTextsNew && row->looks() == dress.looks)
         return nullptr;
     if (areTextsNew) {
+        const std::optional<size_t> place = m_filtered.isKnown() ? placeAmongShown(*row) : std::nullopt;
+        const size_t slot = slotOf(*row); // may number the rows anew, which the copy is to know
         Row::Owner changed = row->renamed(dress.name, dress.tag);
-        m_rows[slotOf(*row)] = changed.get();
+        m_rows[slot] = changed.get();
         m_index.replace(*changed);
+        m_filtered.judge(*changed);
+        if (changed->isHidden() != row->isHidden())
+            m_filtered.forget();
+        else if (place)
+            m_filtered.replace(*place, *changed);
         Row::Deleter()(row);
         row = changed.release();
         m_order.reset();
     }
     row->setLooks(dress.looks);
     return row;
+}
+
+void RowModel::setFilter(RowFilter filter)
+{
+    closeGaps();
+    const FilteredRows::Rows rows(m_rows);
+    m_filtered.set(std::move(filter), rows.first(m_placed), rows.subspan(m_placed));
+}
+
+bool RowModel::hidesOrShows(int32_t handle, const Dress& dress) const
+{
+    const Row* const row = m_filtered.isOn() ? m_index.find(handle) : nullptr;
+    return row && areOther(*row, dress) && m_filtered.misjudges(*row->renamed(dress.name, dress.tag), row->isHidden());
 }
 
 } // namespace velk

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "serverview/FilteredRows.h"
 #include "serverview/RowIndex.h"
 
 #include <optional>
@@ -23,16 +24,20 @@ public:
     RowModel& operator=(const RowModel&) = delete;
     ~RowModel() { clear(); }
 
-    // The rows that have their places, which those that were added have not until they are placed.
-    size_t size() const noexcept;
+    // The rows that have their places, which those that were added have not until they are placed, and that the filter
+    // matches: to whoever asks for places, neighbours or names there are no others.
+    size_t size() const noexcept { return shown().size(); }
+    // With those that the filter hides.
+    size_t sizeUnfiltered() const noexcept;
     bool hasAdded() const noexcept { return m_placed < m_rows.size(); }
     // The row at a place below size().
-    const Row& at(size_t place) const noexcept;
-    // Null for a handle that no row has, placed or not.
+    const Row& at(size_t place) const noexcept { return *shown()[place]; }
+    // Null for a handle that no row has, placed or hidden or not.
     const Row* find(int32_t handle) const noexcept { return m_index.find(handle); }
-    // Nothing for a row that has no place yet.
+    // Nothing for a row that has no place yet, or is hidden.
     std::optional<size_t> placeOf(const Row& row) const noexcept;
-    // The row behind a placed one, or the one before the last; null for a row that is alone.
+    // The row behind a placed one, or the one before the last; null for a row that is alone. A hidden row has its
+    // neighbours where it would stand.
     const Row* neighbourOf(const Row& row) const noexcept;
     // The first row from a place on whose name begins with a text, without regard to case; nothing behind the last row.
     std::optional<size_t> findName(std::wstring_view beginning, size_t from) const noexcept;
@@ -54,15 +59,23 @@ public:
     };
     const Row* change(int32_t handle, const Dress& dress);
 
+    // Hides the rows that it does not match, from now on: of rows that come and change, too. Until there is one that is
+    // not empty it costs nothing.
+    void setFilter(RowFilter filter);
+    // Whether a change would hide a row or bring it back.
+    bool hidesOrShows(int32_t handle, const Dress& dress) const;
+
     // Puts all rows into an order. A column whose cells are all whole numbers is ordered by their values, others as the
     // user's language orders texts; rows that do not differ keep the Backend's order.
     void sort(const RowOrder& order);
     // Puts the added rows where the order wants them, the others being in order already.
     void placeAdded(const RowOrder& order);
     // The same behind all others, whatever the order.
-    void placeAddedLast() noexcept { m_placed = m_rows.size(); }
+    void placeAddedLast() noexcept;
 
 private:
+    FilteredRows::Rows shown() const noexcept;
+    std::optional<size_t> placeAmongShown(const Row& row) const noexcept;
     size_t slotOf(const Row& row) const noexcept;
     void number() const noexcept;
     void closeGaps() const noexcept;
@@ -86,6 +99,8 @@ private:
     std::optional<RowOrder> m_order;
     std::vector<bool> m_differs;
     bool m_areNumbers = false; // in the order of the last time
+
+    FilteredRows m_filtered;
 };
 
 } // namespace velk

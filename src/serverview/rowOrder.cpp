@@ -110,6 +110,7 @@ void RowModel::sort(const RowOrder& order)
         reverse();
         m_order = order;
         m_movedUp = anywhere;
+        m_filtered.forget();
         return;
     }
     const bool byNumbers = order.column && areNumbers(*order.column);
@@ -129,6 +130,13 @@ void RowModel::sort(const RowOrder& order)
     m_differs = std::move(differs);
     m_order = order;
     m_areNumbers = byNumbers;
+    m_filtered.forget();
+}
+
+void RowModel::placeAddedLast() noexcept
+{
+    m_placed = m_rows.size();
+    m_filtered.forget();
 }
 
 void RowModel::placeAdded(const RowOrder& order)

@@ -2,6 +2,8 @@
 
 #include "support/errorNumber.h"
 
+#include <numeric>
+
 namespace velk {
 namespace {
 
@@ -101,6 +103,21 @@ TEST_F(RowModelTest, changedRow_keepsItsPlaceItsOtherCellsAndItsRankInTheBackend
     EXPECT_EQ(changed->looks(), (RowLooks{7, true}));
     rows.sort({});
     EXPECT_EQ(handlesOf(rows), (Handles{1, 2, 3, 4, 5}));
+}
+
+TEST_F(RowModelTest, rowThatMovedFarAndThenChanged_keepsItsPlace)
+{
+    Handles many(2000);
+    std::iota(many.begin(), many.end(), 1000);
+    addRows(rows, many);
+    for (int32_t handle = 1000; handle < 1600; ++handle)
+        rows.remove(handle);
+    EXPECT_EQ(rows.size(), 1403u);
+    rows.change(2500, {L"other", {}, {}});
+    EXPECT_EQ(placeOf(2500), 903u);
+    EXPECT_EQ(neighbourOf(2500), 2501);
+    rows.remove(2500);
+    EXPECT_EQ(placeOf(2501), 903u);
 }
 
 TEST_F(RowModelTest, changeToWhatIsThere_andOfAMissingRow_isNone)

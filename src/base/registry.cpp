@@ -10,6 +10,7 @@ namespace velk::registry {
 namespace {
 
 constexpr size_t ansiRoom = 2048; // characters
+constexpr size_t longestValueName = 16383;
 
 void check(LONG status)
 {
@@ -44,6 +45,53 @@ void setText(HKEY key, const std::wstring& name, const std::wstring& text)
 void setNumber(HKEY key, const std::wstring& name, DWORD number)
 {
     check(RegSetValueExW(key, name.c_str(), 0, REG_DWORD, reinterpret_cast<const BYTE*>(&number), sizeof number));
+}
+
+std::optional<std::wstring> textAt(HKEY root, const std::wstring& path, const std::wstring& name, size_t longest)
+{
+    unique_key key;
+    if (RegOpenKeyExW(root, path.c_str(), 0, KEY_READ, key.put()) != ERROR_SUCCESS)
+        return std::nullopt;
+    DWORD type = 0;
+    DWORD size = 0;
+    const auto query = [&](BYTE* data) {
+        return RegQueryValueExW(key.get(), name.c_str(), nullptr, &type, data, &size) == ERROR_SUCCESS;
+    };
+    if (!query(nullptr) || type != REG_SZ || size > (longest + 1) * sizeof(wchar_t))
+        return std::nullopt;
+    std::wstring text(size / sizeof(wchar_t) + 1, L'\0'); // whoever writes meanwhile gets no more room
+    if (!query(reinterpret_cast<BYTE*>(text.data())) || type != REG_SZ)
+        return std::nullopt;
+    text.resize(size / sizeof(wchar_t));
+    if (text.ends_with(L'\0'))
+        text.pop_back();
+    return text;
+}
+
+std::vector<std::wstring> valueNames(HKEY root, const std::wstring& path, size_t most)
+{
+    std::vector<std::wstring> names;
+    unique_key key;
+    if (RegOpenKeyExW(root, path.c_str(), 0, KEY_READ, key.put()) != ERROR_SUCCESS)
+        return names;
+    std::wstring name(longestValueName + 1, L'\0');
+    for (DWORD index = 0; index < most; ++index) {
+        auto length = static_cast<DWORD>(name.size());
+        if (RegEnumValueW(key.get(), index, name.data(), &length, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS)
+            break;
+        names.push_back(name.substr(0, length));
+    }
+    return names;
+}
+
+void removeValue(HKEY root, const std::wstring& path, const std::wstring& name)
+{
+    unique_key key;
+    LONG status = RegOpenKeyExW(root, path.c_str(), 0, KEY_SET_VALUE, key.put());
+    if (status == ERROR_SUCCESS)
+        status = RegDeleteValueW(key.get(), name.c_str());
+    if (status != ERROR_FILE_NOT_FOUND)
+        check(status);
 }
 
 void removeTree(HKEY root, const std::wstring& path)

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace velk::registry {
 
@@ -15,6 +16,14 @@ unique_key createKey(HKEY root, const std::wstring& path);
 // Values of a key; an empty name is the key's default value.
 void setText(HKEY key, const std::wstring& name, const std::wstring& text);
 void setNumber(HKEY key, const std::wstring& name, DWORD number);
+
+// A text value, as it stands there, read forgivingly: nothing for a value that is missing, of another kind, or longer
+// than so many characters.
+std::optional<std::wstring> textAt(HKEY root, const std::wstring& path, const std::wstring& name, size_t longest);
+// The names of a key's values, at most so many of them; none for a key that cannot be read.
+std::vector<std::wstring> valueNames(HKEY root, const std::wstring& path, size_t most);
+// Removes a value. One that is not there counts as removed.
+void removeValue(HKEY root, const std::wstring& path, const std::wstring& name);
 
 // Removes a key with all below it. A key that is not there counts as removed.
 void removeTree(HKEY root, const std::wstring& path);

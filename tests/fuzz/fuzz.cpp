@@ -8,7 +8,9 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "notify/promptLook.h"
+#include "serverview/columnLooks.h"
 #include "serverview/objectKeys.h"
+#include "serverview/viewMemory.h"
 #include "window/send_keys.h"
 
 #include <algorithm>
@@ -153,9 +155,34 @@ void readsMessageText(const std::wstring& text)
     demand(ansi::wideOf(counted.bytes()) == whole && !ansi::isOverrun(counted.bytes()));
 }
 
-constexpr void (*units[])(const std::wstring&) = {readsNumber,  rounds,          readsDecimal, partsPath,
-                                                  namesProject, readsKeys,       readsPrompt,  readsObjectKey,
-                                                  readsTag,     readsMessageText};
+// What can be read of a text is within bounds, and is read again from the text that it is kept as.
+void readsColumns(const std::wstring& text)
+{
+    constexpr size_t most = 9;
+    const size_t columns = text.empty() ? 0 : static_cast<size_t>(text[0]) % (most + 1);
+    const ColumnLooks looks = columnLooksOf(text, columns);
+    demand(looks.widths.size() == columns);
+    demand(columnLooksOf(keptTextOf(looks), columns) == looks);
+    const std::vector<size_t> shown = looks.shown();
+    demand(columns == 0 || (!shown.empty() && shown.front() == 0));
+    demand(looks.shownPlaces().size() == shown.size());
+    demand(!looks.order.column || *looks.order.column < columns);
+}
+
+void readsView(const std::wstring& text)
+{
+    const std::optional<int> width = treeWidthOf(text);
+    demand(!width || (*width >= 0 && treeWidthOf(keptTreeWidth(*width)) == width));
+    demand(!flagOf(text) || keptFlag(*flagOf(text)).size() <= text.size());
+    const std::optional<ProjectView> view = projectViewOf(text);
+    demand(!view || projectViewOf(keptTextOf(*view)) == view);
+    demand(!view || keptTextOf(*view).size() <= longestKeptText);
+}
+
+constexpr void (*units[])(const std::wstring&) = {
+    readsNumber, rounds,         readsDecimal, partsPath,        namesProject, readsKeys,
+    readsPrompt, readsObjectKey, readsTag,     readsMessageText, readsColumns, readsView,
+};
 
 } // namespace
 } // namespace velk

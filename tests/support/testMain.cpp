@@ -1,5 +1,6 @@
 #include "base/win32.h"
 #include "support/badManners.h"
+#include "support/keptView.h"
 
 #include <gmock/gmock.h>
 
@@ -44,6 +45,12 @@ private:
     }
 };
 
+// What a test leaves of a view's looks is not another's, nor what a view shows there that a program opens afterwards.
+class NewUser : public testing::EmptyTestEventListener {
+    void OnTestStart(const testing::TestInfo&) override { velk::test::forgetKeptView(); }
+    void OnTestEnd(const testing::TestInfo&) override { velk::test::forgetKeptView(); }
+};
+
 } // namespace
 
 // Forms tests create real controls and COM objects, so every test program runs as an apartment with OLE started.
@@ -56,6 +63,7 @@ int main(int argc, char** argv)
     InitCommonControlsEx(&classes);
     testing::InitGoogleMock(&argc, argv);
     testing::UnitTest::GetInstance()->listeners().Append(new FaultListener);
+    testing::UnitTest::GetInstance()->listeners().Append(new NewUser);
     const int result = RUN_ALL_TESTS();
     OleUninitialize();
     return result;

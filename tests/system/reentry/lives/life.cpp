@@ -3,6 +3,7 @@
 #include "devkit/ide/probe.h"
 #include "devkit/ide/reentry.h"
 #include "devkit/ide/script.h"
+#include "support/keptView.h"
 #include "timeLimit.h"
 #include "watch.h"
 
@@ -98,6 +99,7 @@ void press(HWND dialog, HWND button)
 
 Life::Life(std::wstring solution) : m_solution(std::move(solution))
 {
+    test::forgetKeptView();
     m_furniture = furniture(m_shell);
     living = this;
     m_timer = SetTimer(nullptr, 0, 10, answerOpen);

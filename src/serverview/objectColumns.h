@@ -105,6 +105,14 @@ inline constexpr size_t languageColumn = 4;
 static_assert(procedureColumns[languageColumn].cell == cell<&trzProcedure::strLanguage>);
 static_assert(functionColumns[languageColumn].cell == cell<&trzFunction::strLanguage>);
 
+// The place of the schema in all kinds of rows.
+inline constexpr size_t schemaColumn = 1;
+static_assert(procedureColumns[schemaColumn].cell == cell<&trzProcedure::strSchema>);
+static_assert(functionColumns[schemaColumn].cell == cell<&trzFunction::strSchema>);
+static_assert(triggerColumns[schemaColumn].cell == cell<&trzTrigger::strSchema>);
+static_assert(tableColumns[schemaColumn].cell == cell<&trzTable::strSchema>);
+static_assert(viewColumns[schemaColumn].cell == cell<&trzView::strSchema>);
+
 // The headers of some columns, in their order.
 template <const auto& columns>
 inline constexpr auto headersOf = [] {

@@ -129,6 +129,9 @@ LRESULT svrViewCtl::onListNotify(const NMHDR& header, LPARAM lParam)
         return 0;
     case LVN_ODFINDITEMW:
         return list.onFindItem(*reinterpret_cast<const NMLVFINDITEMW*>(lParam));
+    case LVN_BEGINDRAG:
+        m_rowDrag.begin(hwnd(), *reinterpret_cast<const NMLISTVIEW*>(lParam));
+        return 0;
     default:
         return 0;
     }
@@ -180,6 +183,9 @@ LRESULT svrViewCtl::handle(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_DESTROY:
         onDestroy();
         return handleDefault(message, wParam, lParam);
+    case RowDrag::message:
+        m_rowDrag.carryOut();
+        return 0;
     case WM_SETFOCUS:
         focusPane();
         return 0;

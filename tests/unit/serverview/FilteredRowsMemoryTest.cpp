@@ -22,6 +22,10 @@ TEST_F(FilteredRowsMemoryTest, firstFilterWithoutMemory_hidesNothing)
     const int failures = failAtEachAllocation([&] { rows.setFilter(RowFilter(L"of 1", {})); },
                                               [&] { EXPECT_EQ(handlesOf(rows), (Handles{1, 2, 3, 12})); });
     EXPECT_GT(failures, 3);
+    {
+        const test::ScarceMemory none(0);
+        EXPECT_EQ(rows.size(), 2u);
+    }
     EXPECT_EQ(handlesOf(rows), (Handles{1, 12}));
 }
 

@@ -64,8 +64,7 @@ void DetailsList::remove(int32_t handle)
     };
     leave(place.focused);
     leave(place.top);
-    if (place.selected == handle)
-        place.selected.reset();
+    place.selected.remove(handle);
     m_rows.remove(handle);
 }
 
@@ -74,9 +73,9 @@ void DetailsList::clear()
     if (m_contents->fillings != 0)
         m_contents = std::make_shared<Contents>(); // whoever fills the list is overtaken
     Unshown& changes = beginChange();
+    Place place = std::exchange(changes.place, {});
     if (m_rows.size() > 0)
-        m_placeBeforeClear = changes.place;
-    changes.place = {};
+        m_placeBeforeClear = std::move(place);
     changes.isCleared = true;
     m_rows.clear();
     m_isOrderLost = false;
@@ -86,6 +85,15 @@ const Row* DetailsList::selected() noexcept
 {
     const int row = m_view.selectedRow();
     return row >= 0 && static_cast<size_t>(row) < rows().size() ? &m_rows.at(static_cast<size_t>(row)) : nullptr;
+}
+
+std::vector<const Row*> DetailsList::selectedRows()
+{
+    std::vector<const Row*> selected;
+    for (const int row : m_selection.rows())
+        if (static_cast<size_t>(row) < rows().size())
+            selected.push_back(&m_rows.at(static_cast<size_t>(row)));
+    return selected;
 }
 
 void DetailsList::sortBy(size_t column)
@@ -98,22 +106,22 @@ void DetailsList::sortBy(size_t column)
     place.top.reset();
 }
 
-DetailsList::Place DetailsList::placeOfUser() const
+DetailsList::Place DetailsList::placeOfUser() noexcept
 {
     const auto handleAt = [this](int row) {
         return row >= 0 && static_cast<size_t>(row) < m_rows.size()
                    ? std::optional(m_rows.at(static_cast<size_t>(row)).handle())
                    : std::nullopt;
     };
-    return {handleAt(m_view.selectedRow()), handleAt(m_view.focusedRow()), handleAt(m_view.topRow())};
+    return {KeptSelection(m_selection, m_rows), handleAt(m_view.focusedRow()), handleAt(m_view.topRow())};
 }
 
 // From here on to the control's next message, rows come, go and move.
 DetailsList::Unshown& DetailsList::beginChange()
 {
     if (!m_unshown || !m_unshown->areRowsOthers) {
-        const Place place = placeOfUser(); // by messages, before which changes of looks are shown
-        m_unshown = Unshown{.place = place, .areRowsOthers = true};
+        Place place = placeOfUser(); // by messages, before which changes of looks are shown
+        m_unshown = Unshown{.place = std::move(place), .areRowsOthers = true};
         m_view.askForMessage();
     }
     return *m_unshown;
@@ -168,11 +176,11 @@ int DetailsList::rowOf(const std::optional<int32_t>& handle) const noexcept
     return place ? static_cast<int>(*place) : -1;
 }
 
-void DetailsList::goTo(const Place& place, int otherwiseTop) const noexcept
+void DetailsList::goTo(const Place& place, int otherwiseTop) noexcept
 {
     const int top = rowOf(place.top);
     m_view.scrollToTop(top >= 0 ? top : otherwiseTop);
-    m_view.selectRow(rowOf(place.selected));
+    place.selected.restore(m_view, m_selection, m_rows);
     if (const int focused = rowOf(place.focused); focused >= 0)
         m_view.focusRow(focused);
 }

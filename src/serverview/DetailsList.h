@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/unique_any.h"
+#include "serverview/KeptSelection.h"
 #include "serverview/ListColumns.h"
 
 #include <climits>
@@ -40,8 +41,12 @@ public:
     void sortBy(size_t column);
     const RowOrder& order() const noexcept { return m_columns.order(); }
 
-    // The selected row; null when none is.
+    // The selected row; null when none is. Of several it is the focused one, or else the first.
     const Row* selected() noexcept;
+    ListSelection& selection() noexcept { return m_selection; }
+    size_t selectedCount() const noexcept { return static_cast<size_t>(m_selection.count()); }
+    // All of them in the order shown. The rows are gone or others with the next message.
+    std::vector<const Row*> selectedRows();
 
     // While one of these lives, added rows are not shown one by one but all together at its end. The list may be
     // emptied for other rows, or go, while it lives; it is overtaken then, and its end does nothing.
@@ -82,7 +87,7 @@ private:
     };
     // Where the user was, by the handles of rows.
     struct Place {
-        std::optional<int32_t> selected;
+        KeptSelection selected;
         std::optional<int32_t> focused;
         std::optional<int32_t> top;
     };
@@ -96,17 +101,18 @@ private:
         int firstStale = INT_MAX; // of those on screen
         int lastStale = -1;
     };
-    Place placeOfUser() const;
+    Place placeOfUser() noexcept;
     Unshown& beginChange();
     void draw(const Row& changed);
     void show() noexcept;
     void showRows(const Unshown& changes) noexcept;
     int rowOf(const std::optional<int32_t>& handle) const noexcept;
-    void goTo(const Place& place, int otherwiseTop) const noexcept;
+    void goTo(const Place& place, int otherwiseTop) noexcept;
     void placeRows() noexcept;
     void endFilling() noexcept;
 
     ListView m_view;
+    ListSelection m_selection{m_view};
     ListColumns m_columns;
     RowModel m_rows;
     unique_font m_boldFont;

@@ -5,12 +5,21 @@
 #include "scc/VSSAPI.h"
 #include "serverview/publishedView.h"
 
+#include <cstring>
 #include <product.h>
 
 namespace velk {
 namespace {
 
 constexpr int32_t viewNameText = 400; // the tool window's caption
+
+// Of a control's notification, which need not stand at an even address: that of a key is packed.
+NMHDR headerOf(LPARAM notification)
+{
+    NMHDR header;
+    std::memcpy(&header, reinterpret_cast<const void*>(notification), sizeof header);
+    return header;
+}
 
 } // namespace
 
@@ -124,6 +133,12 @@ LRESULT svrViewCtl::onListNotify(const NMHDR& header, LPARAM lParam)
         return 0;
     case NM_CUSTOMDRAW:
         return list.onCustomDraw(*reinterpret_cast<NMLVCUSTOMDRAW*>(lParam));
+    case LVN_ITEMCHANGED:
+        list.selection().rowChanged(*reinterpret_cast<const NMLISTVIEW*>(lParam));
+        return 0;
+    case LVN_ODSTATECHANGED:
+        list.selection().forget();
+        return 0;
     case LVN_COLUMNCLICK:
         list.sortBy(static_cast<size_t>(reinterpret_cast<const NMLISTVIEW*>(lParam)->iSubItem));
         return 0;
@@ -168,7 +183,7 @@ LRESULT svrViewCtl::handle(UINT message, WPARAM wParam, LPARAM lParam)
         return 0;
     switch (message) {
     case WM_NOTIFY:
-        return onNotify(*reinterpret_cast<const NMHDR*>(lParam), lParam);
+        return onNotify(headerOf(lParam), lParam);
     case WM_SYSCOLORCHANGE:
     case WM_SETTINGCHANGE:
         m_look.follow(hwnd(), message, wParam, lParam);

@@ -1,6 +1,8 @@
 // Tested in tests/forms/serverview/detailsListTest.cpp.
 #include "window/list_view.h"
 
+#include "window/list_selection.h"
+
 #include <algorithm>
 
 namespace velk {
@@ -49,8 +51,7 @@ unique_bitmap arrowPicture(bool isUp, int lineHeight)
 } // namespace
 
 ListView::ListView(HWND parent)
-    : Control(WC_LISTVIEWW, parent,
-              WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | LVS_SINGLESEL | LVS_SHAREIMAGELISTS,
+    : Control(WC_LISTVIEWW, parent, WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS,
               WS_EX_CLIENTEDGE)
 {
     constexpr DWORD extended = LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP;
@@ -197,13 +198,8 @@ void ListView::redrawRows(int first, int last) const noexcept
 
 int ListView::selectedRow() const noexcept
 {
-    // Looking for a selected row that is not there walks all rows. The focused one is found at once.
-    if (send(LVM_GETSELECTEDCOUNT) == 0)
-        return -1;
-    const int focused = focusedRow();
-    if (focused >= 0 && send(LVM_GETITEMSTATE, static_cast<WPARAM>(focused), LVIS_SELECTED) != 0)
-        return focused;
-    return static_cast<int>(send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), MAKELPARAM(LVNI_SELECTED, 0)));
+    const ListSelection selection(*this);
+    return selection.count() == 0 ? -1 : selection.first();
 }
 
 int ListView::focusedRow() const noexcept
@@ -231,8 +227,8 @@ void ListView::setState(int row, UINT mask, UINT state) const noexcept
 
 void ListView::selectRow(int row) const noexcept
 {
-    // Taking the focus away from all rows walks all of them; taking the selection away does not.
-    setState(-1, LVIS_SELECTED, 0);
+    // Taking the focus away from all rows walks all of them, and so does taking the selection away where there is one.
+    ListSelection(*this).clear();
     if (row >= 0)
         setState(row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
     else if (const int focused = focusedRow(); focused >= 0)

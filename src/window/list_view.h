@@ -9,7 +9,8 @@
 
 namespace velk {
 
-// A list in report mode that keeps no texts: the owner answers what is asked for the rows on screen.
+// A list in report mode that takes several selected rows and keeps no texts: the owner answers what is asked for the
+// rows on screen.
 class ListView : public Control {
 public:
     explicit ListView(HWND parent);
@@ -58,12 +59,12 @@ public:
     void redraw() const noexcept;
     void redrawRows(int first, int last) const noexcept;
 
-    // Row numbers; -1 for none.
+    // Row numbers; -1 for none. Of several selected rows the focused one is meant, or else the first.
     int selectedRow() const noexcept;
     int focusedRow() const noexcept;
     int topRow() const noexcept;
     int rowsOnAPage() const noexcept;
-    void selectRow(int row) const noexcept; // and focuses it; -1 takes selection and focus away
+    void selectRow(int row) const noexcept; // and no other, and focuses it; -1 takes selection and focus away
     void focusRow(int row) const noexcept;
     void bringIntoView(int row) const noexcept;
     void scrollToTop(int row) const noexcept;

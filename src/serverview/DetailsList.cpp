@@ -5,6 +5,19 @@
 #include <algorithm>
 
 namespace velk {
+namespace {
+
+// A place that a hidden row has goes to its neighbour.
+std::optional<int32_t> shownInstead(const RowModel& rows, const std::optional<int32_t>& handle) noexcept
+{
+    const Row* row = handle ? rows.find(*handle) : nullptr;
+    if (row && row->isHidden())
+        row = rows.neighbourOf(*row);
+    return row ? std::optional(row->handle()) : std::nullopt;
+}
+
+} // namespace
+
 DetailsList::DetailsList(HWND parent) : m_view(parent), m_columns(m_view)
 {
     m_view.setListener([this] { show(); });
@@ -29,7 +42,12 @@ void DetailsList::showColumns(int32_t folderKind, const std::vector<std::wstring
 {
     clear();
     m_placeBeforeClear = {}; // another folder's rows may come
+    m_placeBeforeFilter = {};
     m_columns.show(folderKind, headers);
+    m_filter.showColumns(folderKind, headers);
+    if (m_filter.text().empty())
+        m_rows.setFilter({});
+    m_filter.tell();
 }
 
 const RowModel& DetailsList::rows() noexcept
@@ -47,7 +65,13 @@ void DetailsList::add(Row::Owner row)
 
 void DetailsList::update(int32_t handle, const RowModel::Dress& dress)
 {
-    if (const Row* changed = m_rows.change(handle, dress))
+    const bool hidesOrShows = m_rows.hidesOrShows(handle, dress);
+    if (hidesOrShows)
+        beginChange(); // while the rows stand as the control shows them
+    const Row* changed = m_rows.change(handle, dress);
+    if (hidesOrShows)
+        leaveHiddenRows();
+    else if (changed)
         draw(*changed);
 }
 
@@ -106,6 +130,27 @@ void DetailsList::sortBy(size_t column)
     place.top.reset();
 }
 
+void DetailsList::setFilter(const std::wstring& text)
+{
+    RowFilter filter(text, m_filter.headers());
+    std::wstring kept = text;
+    show();
+    const bool isFirst = m_filter.text().empty();
+    const bool isSelected = m_view.selectedRow() >= 0;
+    Place& place = beginChange().place;
+    m_rows.setFilter(std::move(filter));
+    m_filter.setText(std::move(kept));
+    if (isFirst)
+        m_placeBeforeFilter = place;
+    else if (text.empty() && !isSelected)
+        place = std::exchange(m_placeBeforeFilter, {});
+    leaveHiddenRows();
+    show();
+    // Who has found a row wants to see it among the others.
+    if (const int row = m_view.selectedRow(); row >= 0)
+        m_view.bringIntoView(row);
+}
+
 DetailsList::Place DetailsList::placeOfUser() noexcept
 {
     const auto handleAt = [this](int row) {
@@ -125,6 +170,13 @@ DetailsList::Unshown& DetailsList::beginChange()
         m_view.askForMessage();
     }
     return *m_unshown;
+}
+
+void DetailsList::leaveHiddenRows() noexcept
+{
+    Place& place = m_unshown->place;
+    place.focused = shownInstead(m_rows, place.focused);
+    place.top = shownInstead(m_rows, place.top);
 }
 
 void DetailsList::draw(const Row& changed)
@@ -167,6 +219,7 @@ void DetailsList::showRows(const Unshown& changes) noexcept
     }
     m_view.redraw();
     goTo(changes.place, changes.isCleared ? 0 : m_view.topRow());
+    m_filter.tell();
 }
 
 int DetailsList::rowOf(const std::optional<int32_t>& handle) const noexcept

@@ -3,6 +3,7 @@
 #include "base/unique_any.h"
 #include "serverview/KeptSelection.h"
 #include "serverview/ListColumns.h"
+#include "serverview/ListFilter.h"
 
 #include <climits>
 #include <memory>
@@ -40,6 +41,10 @@ public:
     // Orders by a column; by the same column again reverses the order.
     void sortBy(size_t column);
     const RowOrder& order() const noexcept { return m_columns.order(); }
+
+    // Shows only the rows that match what the user wrote, as RowFilter reads it. What throws has changed nothing.
+    void setFilter(const std::wstring& text);
+    ListFilter& filter() noexcept { return m_filter; }
 
     // The selected row; null when none is. Of several it is the focused one, or else the first.
     const Row* selected() noexcept;
@@ -103,6 +108,7 @@ private:
     };
     Place placeOfUser() noexcept;
     Unshown& beginChange();
+    void leaveHiddenRows() noexcept;
     void draw(const Row& changed);
     void show() noexcept;
     void showRows(const Unshown& changes) noexcept;
@@ -114,9 +120,11 @@ private:
     ListView m_view;
     ListSelection m_selection{m_view};
     ListColumns m_columns;
+    ListFilter m_filter;
     RowModel m_rows;
     unique_font m_boldFont;
     Place m_placeBeforeClear;
+    Place m_placeBeforeFilter;
     std::optional<Unshown> m_unshown;
     bool m_isOrderLost = false; // by a filling, which puts all rows in order at its end
     std::shared_ptr<Contents> m_contents = std::make_shared<Contents>();

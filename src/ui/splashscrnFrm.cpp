@@ -135,6 +135,7 @@ void splashscrnFrm::paint()
     PAINTSTRUCT paintInfo{};
     const HDC target = BeginPaint(hwnd(), &paintInfo);
     const scope_exit done([&] { EndPaint(hwnd(), &paintInfo); });
+    SetLayout(target, 0); // the picture is as wide as the form, and has words in it
     if (m_welcomeImage)
         drawPicture(m_welcomeImage.get(), target, 0, 0);
 }

@@ -3,6 +3,7 @@
 #include "base/boundary.h"
 #include "base/module.h"
 #include "base/never_destroyed.h"
+#include "window/dialog_fit.h"
 #include "window/dialog_template.h"
 
 #include <algorithm>
@@ -28,6 +29,7 @@ void Dialog::load(HWND owner, const DialogLayout& layout, const DialogFont& font
     if (m_hwnd)
         return;
     m_owner = owner;
+    m_layout = layout;
     const std::vector<WORD> bytes = dialogTemplate(layout, font);
     auto wait = std::make_shared<Wait>(); // before the window: a form has both or neither
     m_hwnd = CreateDialogIndirectParamW(module::instance(), reinterpret_cast<const DLGTEMPLATE*>(bytes.data()), owner,
@@ -48,12 +50,19 @@ void Dialog::unload() noexcept
     DestroyWindow(old);
 }
 
+void Dialog::fit() noexcept
+{
+    if (m_hwnd)
+        swallow(L"Dialog.fit", L"the form keeps the width it has", [this] { fitToTexts(m_hwnd, m_layout); });
+}
+
 void Dialog::showModal()
 {
     const module::keep_loaded untilAnswered;
     const std::shared_ptr<Wait> wait = m_wait; // outlives the form, whatever happens in the loop
     if (!wait || wait->isShown)
         return;
+    fit();
     placeOnOwner();
     m_blocked.reserve(shownDialogs().size() + 1);
     shownDialogs().push_back(this);

@@ -45,12 +45,15 @@ public:
     Dialog& operator=(const Dialog&) = delete;
     virtual ~Dialog();
 
-    // Makes the window and its controls; nothing when it is loaded.
+    // Makes the window and its controls; nothing when it is loaded. The layout's rows outlive the form.
     void load(HWND owner, const DialogLayout& layout, const DialogFont& font);
     void unload() noexcept;
     bool isLoaded() const noexcept { return m_hwnd != nullptr; }
-    // Shows the form in the middle of its owner, on the screen, and waits until it is hidden or gone; the owner and the
-    // forms that are shown already take no input meanwhile. Nothing when it is shown already, or not loaded any more.
+    // Makes the form as wide as its texts need now; nothing when they have room, or it is not loaded.
+    void fit() noexcept;
+    // Fits the form, shows it in the middle of its owner, on the screen, and waits until it is hidden or gone; the
+    // owner and the forms that are shown already take no input meanwhile. Nothing when it is shown already, or not
+    // loaded any more.
     void showModal();
     void hide() noexcept;
     // The form that was shown last of those that are shown; null when none is.
@@ -100,6 +103,7 @@ private:
 
     HWND m_hwnd = nullptr;
     HWND m_owner = nullptr;
+    DialogLayout m_layout{};
     std::shared_ptr<Wait> m_wait;
     std::vector<HWND> m_blocked; // what takes no input while the form is shown
 };

@@ -35,6 +35,7 @@ public:
     void copyOf(HWND window) const
     {
         const HDC source = GetDC(window);
+        SetLayout(source, 0);
         BitBlt(m_target, 0, 0, pictureWidth, pictureHeight, source, 0, 0, SRCCOPY);
         ReleaseDC(window, source);
     }
@@ -61,6 +62,7 @@ protected:
     {
         unloadSplashScreen();
         uiFont() = {};
+        SetProcessDefaultLayout(0);
     }
     static RECT placeOf(HWND control)
     {
@@ -96,6 +98,17 @@ TEST_F(SplashLooksTest, welcomePicture_isDrawn)
     Canvas expected;
     drawPicture(loadPicture(welcomePicture).get(), expected.target(), 0, 0);
     ASSERT_NE(expected.pixels(), Canvas().pixels());
+    Canvas shown;
+    shown.copyOf(splashScreen().hwnd());
+    EXPECT_EQ(shown.pixels(), expected.pixels());
+}
+
+TEST_F(SplashLooksTest, welcomePictureInAFormFromRightToLeft_isNotMirrored)
+{
+    Canvas expected;
+    drawPicture(loadPicture(welcomePicture).get(), expected.target(), 0, 0);
+    SetProcessDefaultLayout(LAYOUT_RTL);
+    ASSERT_NE(GetWindowLongW(splashScreen().hwnd(), GWL_EXSTYLE) & WS_EX_LAYOUTRTL, 0);
     Canvas shown;
     shown.copyOf(splashScreen().hwnd());
     EXPECT_EQ(shown.pixels(), expected.pixels());

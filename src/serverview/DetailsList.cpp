@@ -92,10 +92,9 @@ void DetailsList::sortBy(size_t column)
 {
     show();
     const RowOrder order{column, this->order().column == column && !this->order().isDescending};
-    Place& place = beginChange().place;
+    beginChange().place.top.reset();
     m_rows.sort(order);
-    m_columns.setOrder(order);
-    place.top.reset();
+    m_columns.setOrder(order); // by messages, before which the rows are shown
 }
 
 DetailsList::Place DetailsList::placeOfUser() const

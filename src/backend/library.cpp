@@ -76,7 +76,8 @@ unique_module loadFrom(const std::wstring& path)
     });
     SetCurrentDirectoryW(systemFolder().c_str());
     // A damaged library must not make the system show a box of its own over the IDE.
-    const UINT mode = SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+    const UINT mode = SetErrorMode(SEM_FAILCRITICALERRORS);
+    SetErrorMode(mode | SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
     // A library's beginning is code, too.
     const std::array<uint32_t, 3> arguments{std::bit_cast<uint32_t>(path.c_str()), 0, LOAD_WITH_ALTERED_SEARCH_PATH};
     const CallOutcome outcome = guardedCall(reinterpret_cast<void*>(LoadLibraryExW), arguments);
@@ -172,9 +173,12 @@ void unloadBackend() noexcept
 {
     LoadedLibrary& library = loaded();
     library.addresses = {};
-    if (!library.isSound)
-        library.module.release();
-    library.module.reset();
+    const HMODULE module = library.module.release();
+    if (module && library.isSound) {
+        // Its end is code, as its beginning is.
+        const std::array<uint32_t, 1> arguments{std::bit_cast<uint32_t>(module)};
+        guardedCall(reinterpret_cast<void*>(FreeLibrary), arguments);
+    }
     library.isTerminated = false;
     library.isSound = true;
     library.faults = 0;

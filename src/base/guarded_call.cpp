@@ -9,7 +9,11 @@
 // of handlers nor the mark that it has none.
 //
 //     20 outcome   16 count   12 arguments   8 function   4 return   0 ebp   -4 ebx   -8 esi   -12 edi
-//     -16 control word before, -14 and after   -20 where the stack ought to be then   -24 handler   -28 frame before
+//     -16 float control word before, -14 and after   -20 where the stack ought to be then   -24 vector control word
+//     before -28 float status word before   -32 handler   -36 frame before
+//
+// Between functions the float stack is empty. It is when its top is where it was and there is room for one more number:
+// looking at that takes a few cycles, and making the unit new as many as all the rest.
 __asm__(R"(
     .text
     .globl _velkGuardedCall
@@ -19,9 +23,13 @@ _velkGuardedCall:
     pushl %ebx
     pushl %esi
     pushl %edi
-    subl $8, %esp
+    subl $16, %esp
     fnstcw -16(%ebp)
-    pushl $_velkGuard
+    fnstsw -28(%ebp)
+    cmpb $0, _velkHasVectorUnit
+    je 6f
+    stmxcsr -24(%ebp)
+6:  pushl $_velkGuard
     pushl %fs:0
     movl %esp, %fs:0
     movl 12(%ebp), %esi
@@ -43,11 +51,30 @@ _velkGuardedCall:
     subl -20(%ebp), %eax
     movl %eax, 12(%edx)
     cld
+    fnstsw %ax
+    testb $0x80, %al        # an exception that the next float instruction would raise
+    jnz 4f
+    xorw -28(%ebp), %ax
+    testw $0x3800, %ax      # the top
+    jnz 4f
+    fld1
+    fnstsw %ax
+    testb $0x40, %al        # no room
+    jnz 4f
+    fstp %st(0)
     fnstcw -14(%ebp)
     movw -14(%ebp), %ax
     cmpw -16(%ebp), %ax
     jne 4f
-3:  leal -28(%ebp), %esp
+3:  cmpb $0, _velkHasVectorUnit
+    je 7f
+    stmxcsr -20(%ebp)
+    movl -20(%ebp), %eax
+    xorl -24(%ebp), %eax
+    testl $0xFFC0, %eax     # but for what is only noted
+    je 7f
+    ldmxcsr -24(%ebp)
+7:  leal -36(%ebp), %esp
     popl %fs:0
     leal -12(%ebp), %esp
     popl %edi
@@ -55,7 +82,7 @@ _velkGuardedCall:
     popl %ebx
     popl %ebp
     ret
-4:  fnclex
+4:  fninit
     fldcw -16(%ebp)
     jmp 3b
 
@@ -64,7 +91,7 @@ _velkGuardedCall:
 _velkEndGuardedCall:
     movl 4(%esp), %ebx
     movl 8(%esp), %esi
-    movl 48(%ebx), %edx     # the outcome
+    movl 56(%ebx), %edx     # the outcome
     movl (%esi), %eax
     movl %eax, 4(%edx)
     movl 12(%esi), %eax
@@ -75,11 +102,9 @@ _velkEndGuardedCall:
     pushl %ebx
     call _RtlUnwind@16      # keeps no register but the stack's
 5:  movl %fs:0, %ebp
-    addl $28, %ebp
+    addl $36, %ebp
     cld
-    fninit
-    fldcw -16(%ebp)
-    jmp 3b
+    jmp 4b
 )");
 
 static_assert(offsetof(velk::CallOutcome, exception) == 4 && offsetof(velk::CallOutcome, place) == 8 &&
@@ -87,6 +112,8 @@ static_assert(offsetof(velk::CallOutcome, exception) == 4 && offsetof(velk::Call
 static_assert(offsetof(EXCEPTION_RECORD, ExceptionAddress) == 12);
 
 extern "C" {
+
+[[gnu::used]] bool velkHasVectorUnit = IsProcessorFeaturePresent(PF_XMMI_INSTRUCTIONS_AVAILABLE) != FALSE;
 
 void velkGuardedCall(void* function, const uint32_t* arguments, size_t count, velk::CallOutcome* outcome) noexcept;
 [[noreturn]] void velkEndGuardedCall(void* frame, const EXCEPTION_RECORD* raised) noexcept;

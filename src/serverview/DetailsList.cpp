@@ -124,10 +124,9 @@ void DetailsList::sortBy(size_t column)
 {
     show();
     const RowOrder order{column, this->order().column == column && !this->order().isDescending};
-    Place& place = beginChange().place;
+    beginChange().place.top.reset();
     m_rows.sort(order);
-    m_columns.setOrder(order);
-    place.top.reset();
+    m_columns.setOrder(order); // by messages, before which the rows are shown
 }
 
 void DetailsList::setFilter(const std::wstring& text)

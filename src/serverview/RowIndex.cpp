@@ -73,7 +73,7 @@ void RowIndex::erase(int32_t handle) noexcept
 
 void RowIndex::clear() noexcept
 {
-    m_slots = {};
+    m_slots = decltype(m_slots)();
     m_size = 0;
 }
 

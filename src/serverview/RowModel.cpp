@@ -155,11 +155,11 @@ void RowModel::clear() noexcept
     for (Row* const row : m_rows)
         if (row)
             Row::Deleter()(row);
-    m_rows = {};
+    m_rows = decltype(m_rows)(); // an empty list in braces would keep their memory
     m_placed = m_gaps = m_movedUp = m_movedDown = 0;
     m_index.clear();
     m_order.reset();
-    m_differs = {};
+    m_differs = decltype(m_differs)();
     m_filtered.forget();
 }
 

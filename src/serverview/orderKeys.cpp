@@ -97,7 +97,8 @@ std::string_view OrderKeys::make(std::wstring_view text)
         bytes = room(wanted);
         size = map(bytes, wanted);
     }
-    return {bytes, size};
+    // The next key would have the address of an empty one.
+    return size > 0 ? std::string_view(bytes, size) : std::string_view();
 }
 
 } // namespace velk

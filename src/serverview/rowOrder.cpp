@@ -136,6 +136,7 @@ void RowModel::sort(const RowOrder& order)
 void RowModel::placeAddedLast() noexcept
 {
     m_placed = m_rows.size();
+    m_order.reset();
     m_filtered.forget();
 }
 

@@ -8,6 +8,12 @@
 #include <bit>
 
 namespace velk {
+namespace {
+
+// Its address marks a window whose watch has ended although the procedure here could not be taken out.
+const char ownerless = 0;
+
+} // namespace
 
 MessageWatch::MessageWatch(HWND window) : m_window(window)
 {
@@ -26,22 +32,37 @@ void MessageWatch::end() noexcept
     const HWND window = std::exchange(m_window, nullptr);
     if (!window)
         return;
-    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
-    // Somebody else may have come between meanwhile, and calls the procedure here from his own.
-    if (GetWindowLongPtrW(window, GWLP_WNDPROC) == reinterpret_cast<LONG_PTR>(&MessageWatch::procedure))
+    if (GetWindowLongPtrW(window, GWLP_WNDPROC) == reinterpret_cast<LONG_PTR>(&MessageWatch::procedure)) {
+        SetWindowLongPtrW(window, GWLP_USERDATA, 0);
         SetWindowLongPtrW(window, GWLP_WNDPROC, std::bit_cast<LONG_PTR>(m_procedure));
+        return;
+    }
+    // Somebody else came between meanwhile, and calls the procedure here from his own until the window's end.
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&ownerless));
+    module::lock();
 }
 
 LRESULT CALLBACK MessageWatch::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept
 {
     const module::keep_loaded untilAnswered;
-    auto* const watch = reinterpret_cast<MessageWatch*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    const LONG_PTR data = GetWindowLongPtrW(window, GWLP_USERDATA);
+    const bool isOwnerless = data == reinterpret_cast<LONG_PTR>(&ownerless);
+    auto* const watch = isOwnerless ? nullptr : reinterpret_cast<MessageWatch*>(data);
     const WNDPROC own = watch ? watch->m_procedure : std::bit_cast<WNDPROC>(GetClassLongPtrW(window, GCLP_WNDPROC));
-    if (watch && message == WM_NCDESTROY)
-        watch->end();
-    else if (watch && watch->m_listener && message != WM_DESTROY)
-        swallow(L"message watch", L"the window gets its message all the same", watch->m_listener);
     const std::shared_ptr<int> depth = watch ? watch->m_depth : nullptr;
+    if (message == WM_NCDESTROY) {
+        SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+        if (isOwnerless)
+            module::unlock();
+        if (watch)
+            watch->m_window = nullptr;
+    } else if (watch && watch->m_listener && message != WM_DESTROY) {
+        swallow(L"message watch", L"the window gets its message all the same", [watch] {
+            // The messages that it sends may end the watch.
+            const std::function<void()> listener = watch->m_listener;
+            listener();
+        });
+    }
     if (depth)
         ++*depth;
     const scope_exit done([&] {

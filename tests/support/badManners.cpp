@@ -59,6 +59,26 @@ uint16_t floatControlWord()
     return word;
 }
 
+uint16_t floatStatusWord()
+{
+    uint16_t word = 0;
+    __asm__ volatile("fnstsw %0" : "=m"(word));
+    return word;
+}
+
+int numbersOnTheFloatStack()
+{
+    // A register is empty when both of its bits among the tags are set.
+    struct {
+        uint32_t control, status, tags, others[4];
+    } environment{};
+    __asm__ volatile("fnstenv %0\n\tfldenv %0" : "+m"(environment));
+    int numbers = 0;
+    for (int place = 0; place < 8; ++place)
+        numbers += (environment.tags >> (2 * place) & 3U) != 3U;
+    return numbers;
+}
+
 void setFloatControlWord(uint16_t word)
 {
     __asm__ volatile("fldcw %0" : : "m"(word));

@@ -13,6 +13,9 @@ namespace velk::test {
 // The control word of the floating-point unit, which belongs to the whole thread.
 uint16_t floatControlWord();
 void setFloatControlWord(uint16_t word);
+// What the unit has noted, and how many numbers are on its stack: none, between functions.
+uint16_t floatStatusWord();
+int numbersOnTheFloatStack();
 // Single precision, and every exception raised: what a library of another tool chain may want.
 inline constexpr uint16_t unusualControlWord = 0x0040;
 

@@ -86,5 +86,20 @@ TEST_F(UnloadTest, unloadedAndLoadedAgain_works)
     EXPECT_TRUE(make<_ModelUtil>(CLSID_ModelUtilVI));
 }
 
+// Another module built by the same compiler may have brought the compiler's shared run-time library.
+TEST_F(UnloadTest, sharedRunTimeInTheProcess_leavesTheDllItsExceptions)
+{
+    dll.reset();
+    ASSERT_EQ(GetModuleHandleW(L"velkviadd.dll"), nullptr);
+    const unique_module shared(LoadLibraryW(L"libgcc_s_dw2-1.dll"));
+    ASSERT_TRUE(shared);
+    dll.reset(LoadLibraryW(path().c_str()));
+    const com_ptr<_IDTExtensibility2> events = make<_IDTExtensibility2>(CLSID_Connect);
+    ASSERT_TRUE(events);
+    SAFEARRAY* none = nullptr;
+    EXPECT_EQ(events->OnConnection(nullptr, ext_cm_AfterStartup, nullptr, &none), S_OK); // thrown and caught inside
+    EXPECT_EQ(events->OnDisconnection(ext_dm_UserClosed, &none), S_OK);
+}
+
 } // namespace
 } // namespace velk

@@ -43,7 +43,8 @@ STDAPI DllCanUnloadNow() noexcept
     unloadBackend();
     forgetUiFont();
     setFailureObserver(nullptr);
-    return S_OK;
+    // What went may have let somebody make an object here meanwhile.
+    return module::lockCount() == 0 ? S_OK : S_FALSE;
 }
 
 STDAPI DllRegisterServer() noexcept

@@ -2,7 +2,7 @@
 // throws for the first time, of memory that may be just what is missing then, and end the process without it. Those of
 // the same names here are linked in their place.
 // Tested in tests/system/faults/faultsTest.cpp.
-#include "base/win32.h"
+#include "base/unique_any.h"
 
 #include <array>
 #include <cstdlib>
@@ -28,6 +28,12 @@ struct ThreadState {
 // The add-in lives on one thread, and a host has some others at most that it comes on. No thread says when it ends.
 std::array<ThreadState, 64> states;
 
+bool hasEnded(LONG thread) noexcept
+{
+    const unique_kernel_handle opened(OpenThread(SYNCHRONIZE, FALSE, static_cast<DWORD>(thread)));
+    return !opened || WaitForSingleObject(opened.get(), 0) == WAIT_OBJECT_0;
+}
+
 ExceptionState& stateOf(LONG thread) noexcept
 {
     for (ThreadState& state : states)
@@ -39,6 +45,12 @@ ExceptionState& stateOf(LONG thread) noexcept
     for (ThreadState& state : states)
         if (state.isIdle() && state.take(state.thread, thread))
             return state.exceptions;
+    // A thread may have ended inside of a handler.
+    for (ThreadState& state : states)
+        if (const LONG before = state.thread; hasEnded(before) && state.take(before, thread)) {
+            state.exceptions = {};
+            return state.exceptions;
+        }
     std::abort();
 }
 

@@ -80,6 +80,18 @@ DWORD WINAPI allocateSlot() noexcept
     return slot;
 }
 
+// Unwind tables. As the module begins, the run-time gives its tables to its shared library if another module brought
+// that into the process, but looks for them in itself: the first exception would find nobody. It must not see that
+// library.
+using GetModuleFunction = HMODULE(WINAPI*)(LPCSTR);
+
+HMODULE WINAPI moduleByName(LPCSTR name) noexcept
+{
+    if (name && std::strcmp(name, "libgcc_s_dw2-1.dll") == 0)
+        return nullptr;
+    return systemFunction<GetModuleFunction>("GetModuleHandleA")(name);
+}
+
 } // namespace
 
 void giveBackRunTime() noexcept
@@ -125,6 +137,8 @@ extern const velk::CreateSemaphoreFunction importedCreateSemaphore __asm__("__im
 const velk::CreateSemaphoreFunction importedCreateSemaphore = velk::createSemaphore;
 extern const velk::TlsAllocFunction importedTlsAlloc __asm__("__imp__TlsAlloc@0");
 const velk::TlsAllocFunction importedTlsAlloc = velk::allocateSlot;
+extern const velk::GetModuleFunction importedGetModule __asm__("__imp__GetModuleHandleA@4");
+const velk::GetModuleFunction importedGetModule = velk::moduleByName;
 }
 
 namespace __gnu_cxx {

@@ -62,6 +62,18 @@ protected:
     }
 };
 
+TEST_F(DetailsListTest, anotherOrder_showsTheSamePlaceOfTheList)
+{
+    refresh(manyNames());
+    for (const int top : {0, 200}) {
+        list().view().scrollToTop(top);
+        for (int click = 0; click < 3; ++click) {
+            clickHeader(0);
+            EXPECT_EQ(list().view().topRow(), top) << click;
+        }
+    }
+}
+
 TEST_F(DetailsListTest, unordered_isTheBackendsOrder)
 {
     EXPECT_THAT(names(), ElementsAre(L"delta", L"Alpha", L"charlie", L"bravo"));

@@ -1,5 +1,6 @@
 #include "window/message_watch.h"
 
+#include "base/module.h"
 #include "base/unique_any.h"
 #include "support/failureLog.h"
 
@@ -69,6 +70,41 @@ TEST_F(MessageWatchTest, windowInItsMessage_isAtWork)
     SendMessageW(window.get(), WM_APP, 0, 0);
     EXPECT_TRUE(wasAtWork);
     EXPECT_FALSE(watch->isAtWork());
+}
+
+TEST_F(MessageWatchTest, listenerThatEndsTheWatch_isItsLast)
+{
+    watch->setListener([this] {
+        ++heard;
+        watch.reset();
+        ++heard;
+    });
+    EXPECT_EQ(SendMessageW(window.get(), WM_GETTEXTLENGTH, 0, 0), 4);
+    EXPECT_EQ(SendMessageW(window.get(), WM_GETTEXTLENGTH, 0, 0), 4);
+    EXPECT_EQ(heard, 2);
+}
+
+TEST_F(MessageWatchTest, watchBelowAnothersThatEnds_keepsItsCodeUntilTheWindowsEnd)
+{
+    below =
+        reinterpret_cast<WNDPROC>(SetWindowLongPtrW(window.get(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&others)));
+    const long before = module::lockCount();
+    watch.reset();
+    EXPECT_EQ(module::lockCount(), before + 1);
+    EXPECT_EQ(SendMessageW(window.get(), WM_GETTEXTLENGTH, 0, 0), 4);
+    EXPECT_EQ(heard, 0);
+    window.reset();
+    EXPECT_EQ(module::lockCount(), before);
+}
+
+TEST_F(MessageWatchTest, windowThatEndsBelowAnothersProcedure_keepsNothing)
+{
+    below =
+        reinterpret_cast<WNDPROC>(SetWindowLongPtrW(window.get(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&others)));
+    const long before = module::lockCount();
+    window.reset();
+    watch.reset();
+    EXPECT_EQ(module::lockCount(), before);
 }
 
 TEST_F(MessageWatchTest, listenerThatThrows_isReportedAndTheMessageAnswered)

@@ -223,6 +223,78 @@ TEST(guardedCall, floatExceptionLeftPending_isForgottenWithTheControlWord)
     EXPECT_EQ(one + one, 2.0);
 }
 
+TEST(guardedCall, floatExceptionOfTheHostsKind_isForgotten)
+{
+    constexpr uint16_t hosts = 0x0373; // that of a host that wants to hear of divisions by zero
+    const auto dividing = +[]() __stdcall->int32_t
+    {
+        __asm__ volatile("fldz\n\tfld1\n\tfdivp" : : : "st");
+        return 1;
+    };
+    const uint16_t before = test::floatControlWord();
+    test::setFloatControlWord(hosts);
+    EXPECT_EQ(call(dividing).exception, 0u);
+    EXPECT_EQ(test::floatControlWord(), hosts);
+    volatile double one = 1;
+    EXPECT_EQ(one + one, 2.0);
+    test::setFloatControlWord(before);
+}
+
+TEST(guardedCall, numbersLeftOnTheFloatStack_areTakenAway)
+{
+    const auto leaving = +[](int32_t count) __stdcall->int32_t
+    {
+        for (int32_t number = 0; number < count; ++number)
+            __asm__ volatile("fld1");
+        return count;
+    };
+    for (int32_t count = 1; count <= 8; ++count) {
+        EXPECT_EQ(call(leaving, count).result, count);
+        EXPECT_EQ(test::numbersOnTheFloatStack(), 0) << count;
+    }
+}
+
+TEST(guardedCall, floatUnitLeftToIntegers_isPutBack)
+{
+    const auto packing = +[]() __stdcall->int32_t
+    {
+        __asm__ volatile("movd %esp, %mm0");
+        return 1;
+    };
+    call(packing);
+    EXPECT_EQ(test::numbersOnTheFloatStack(), 0);
+}
+
+TEST(guardedCall, callThatLeavesTheFloatUnit_keepsWhatTheHostHasNoted)
+{
+    const auto idle = +[]() __stdcall->int32_t
+    {
+        return 1;
+    };
+    volatile double third = 1;
+    third = third / 3; // inexact
+    const uint16_t before = test::floatStatusWord();
+    call(idle);
+    EXPECT_EQ(test::floatStatusWord(), before);
+    EXPECT_NE(before & 0x20, 0);
+}
+
+TEST(guardedCall, vectorControlWord_isPutBack)
+{
+    uint32_t before = 0;
+    __asm__ volatile("stmxcsr %0" : "=m"(before));
+    const auto changing = +[]() __stdcall->int32_t
+    {
+        const uint32_t unmasked = 0x1D80;
+        __asm__ volatile("ldmxcsr %0" : : "m"(unmasked));
+        return 1;
+    };
+    call(changing);
+    uint32_t after = 0;
+    __asm__ volatile("stmxcsr %0" : "=m"(after));
+    EXPECT_EQ(after, before);
+}
+
 TEST(guardedCall, directionFlag_isPutBack)
 {
     const auto changing = +[]() __stdcall->int32_t

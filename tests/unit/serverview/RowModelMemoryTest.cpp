@@ -101,6 +101,21 @@ TEST_F(RowModelMemoryTest, placesWithoutMemory_areNotGiven)
     EXPECT_EQ(handlesOf(rows), (Handles{1, 2, 3, 4, 5}));
 }
 
+TEST_F(RowModelMemoryTest, rowsPlacedLastForWantOfMemory_areOrderedAnew)
+{
+    addRows(rows, {1, 3, 5});
+    rows.sort({0, false});
+    rows.add(row(4, {L"name of 4"}));
+    rows.add(row(2, {L"name of 2"}));
+    {
+        const test::ScarceMemory none(0);
+        EXPECT_THROW(rows.placeAdded({0, false}), std::bad_alloc);
+        rows.placeAddedLast();
+    }
+    rows.sort({0, true});
+    EXPECT_EQ(handlesOf(rows), (Handles{5, 4, 3, 2, 1}));
+}
+
 TEST_F(RowModelMemoryTest, removalAndReversal_needNone)
 {
     addRows(rows, full);

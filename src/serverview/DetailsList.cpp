@@ -5,22 +5,9 @@
 #include <algorithm>
 
 namespace velk {
-namespace {
-
-// A place that a hidden row has goes to its neighbour.
-std::optional<int32_t> shownInstead(const RowModel& rows, const std::optional<int32_t>& handle) noexcept
-{
-    const Row* row = handle ? rows.find(*handle) : nullptr;
-    if (row && row->isHidden())
-        row = rows.neighbourOf(*row);
-    return row ? std::optional(row->handle()) : std::nullopt;
-}
-
-} // namespace
-
 DetailsList::DetailsList(HWND parent) : m_view(parent), m_columns(m_view)
 {
-    m_view.setListener([this] { show(); });
+    m_view.setListener([this] { m_shown.show(); });
 }
 
 DetailsList::~DetailsList()
@@ -52,7 +39,7 @@ void DetailsList::showColumns(int32_t folderKind, const std::vector<std::wstring
 
 const RowModel& DetailsList::rows() noexcept
 {
-    placeRows();
+    m_shown.placeRows();
     return m_rows;
 }
 
@@ -60,19 +47,19 @@ void DetailsList::add(Row::Owner row)
 {
     m_rows.add(std::move(row));
     if (m_contents->fillings == 0)
-        beginChange();
+        m_shown.beginChange();
 }
 
 void DetailsList::update(int32_t handle, const RowModel::Dress& dress)
 {
     const bool hidesOrShows = m_rows.hidesOrShows(handle, dress);
     if (hidesOrShows)
-        beginChange(); // while the rows stand as the control shows them
+        m_shown.beginChange(); // while the rows stand as the control shows them
     const Row* changed = m_rows.change(handle, dress);
     if (hidesOrShows)
-        leaveHiddenRows();
+        m_shown.leaveHiddenRows();
     else if (changed)
-        draw(*changed);
+        m_shown.draw(*changed);
 }
 
 void DetailsList::remove(int32_t handle)
@@ -80,7 +67,7 @@ void DetailsList::remove(int32_t handle)
     const Row* row = m_rows.find(handle);
     if (!row)
         throw Error(errorElementNotFound);
-    Place& place = beginChange().place;
+    ShownRows::Place& place = m_shown.beginChange();
     const auto leave = [&](std::optional<int32_t>& left) {
         const Row* heir = left == handle ? m_rows.neighbourOf(*row) : nullptr;
         if (left == handle)
@@ -96,13 +83,10 @@ void DetailsList::clear()
 {
     if (m_contents->fillings != 0)
         m_contents = std::make_shared<Contents>(); // whoever fills the list is overtaken
-    Unshown& changes = beginChange();
-    Place place = std::exchange(changes.place, {});
+    ShownRows::Place place = m_shown.beginAnew();
     if (m_rows.size() > 0)
         m_placeBeforeClear = std::move(place);
-    changes.isCleared = true;
     m_rows.clear();
-    m_isOrderLost = false;
 }
 
 const Row* DetailsList::selected() noexcept
@@ -122,9 +106,9 @@ std::vector<const Row*> DetailsList::selectedRows()
 
 void DetailsList::sortBy(size_t column)
 {
-    show();
+    m_shown.show();
     const RowOrder order{column, this->order().column == column && !this->order().isDescending};
-    beginChange().place.top.reset();
+    m_shown.beginChange().top.reset();
     m_rows.sort(order);
     m_columns.setOrder(order); // by messages, before which the rows are shown
 }
@@ -133,126 +117,29 @@ void DetailsList::setFilter(const std::wstring& text)
 {
     RowFilter filter(text, m_filter.headers());
     std::wstring kept = text;
-    show();
+    m_shown.show();
     const bool isFirst = m_filter.text().empty();
     const bool isSelected = m_view.selectedRow() >= 0;
-    Place& place = beginChange().place;
+    ShownRows::Place& place = m_shown.beginChange();
     m_rows.setFilter(std::move(filter));
     m_filter.setText(std::move(kept));
     if (isFirst)
         m_placeBeforeFilter = place;
     else if (text.empty() && !isSelected)
         place = std::exchange(m_placeBeforeFilter, {});
-    leaveHiddenRows();
-    show();
+    m_shown.leaveHiddenRows();
+    m_shown.show();
     // Who has found a row wants to see it among the others.
     if (const int row = m_view.selectedRow(); row >= 0)
         m_view.bringIntoView(row);
 }
 
-DetailsList::Place DetailsList::placeOfUser() noexcept
-{
-    const auto handleAt = [this](int row) {
-        return row >= 0 && static_cast<size_t>(row) < m_rows.size()
-                   ? std::optional(m_rows.at(static_cast<size_t>(row)).handle())
-                   : std::nullopt;
-    };
-    return {KeptSelection(m_selection, m_rows), handleAt(m_view.focusedRow()), handleAt(m_view.topRow())};
-}
-
-// From here on to the control's next message, rows come, go and move.
-DetailsList::Unshown& DetailsList::beginChange()
-{
-    if (!m_unshown || !m_unshown->areRowsOthers) {
-        Place place = placeOfUser(); // by messages, before which changes of looks are shown
-        m_unshown = Unshown{.place = std::move(place), .areRowsOthers = true};
-        m_view.askForMessage();
-    }
-    return *m_unshown;
-}
-
-void DetailsList::leaveHiddenRows() noexcept
-{
-    Place& place = m_unshown->place;
-    place.focused = shownInstead(m_rows, place.focused);
-    place.top = shownInstead(m_rows, place.top);
-}
-
-void DetailsList::draw(const Row& changed)
-{
-    if (!m_unshown) {
-        const int top = m_view.topRow();
-        m_unshown = Unshown{.top = top, .bottom = top + m_view.rowsOnAPage()};
-    }
-    const std::optional<size_t> found = m_unshown->areRowsOthers ? std::nullopt : m_rows.placeOf(changed);
-    const int row = found ? static_cast<int>(*found) : -1;
-    if (row < m_unshown->top || row > m_unshown->bottom)
-        return;
-    if (m_unshown->lastStale < 0)
-        m_view.askForMessage();
-    m_unshown->firstStale = std::min(m_unshown->firstStale, row);
-    m_unshown->lastStale = std::max(m_unshown->lastStale, row);
-}
-
-void DetailsList::show() noexcept
-{
-    if (!m_unshown)
-        return;
-    const Unshown changes = *std::exchange(m_unshown, std::nullopt);
-    if (changes.areRowsOthers)
-        showRows(changes);
-    else if (changes.lastStale >= 0)
-        m_view.redrawRows(changes.firstStale, changes.lastStale);
-}
-
-void DetailsList::showRows(const Unshown& changes) noexcept
-{
-    placeRows();
-    const int count = static_cast<int>(m_rows.size());
-    swallow(L"DetailsList", L"the columns keep the widths of their headers", [this] { m_columns.fit(m_rows); });
-    if (changes.isCleared || m_view.rowCount() != count) {
-        const ListView::Redraw together(m_view);
-        if (changes.isCleared)
-            m_view.setRowCount(0);
-        m_view.setRowCount(m_rows.size());
-    }
-    m_view.redraw();
-    goTo(changes.place, changes.isCleared ? 0 : m_view.topRow());
-    m_filter.tell();
-}
-
-int DetailsList::rowOf(const std::optional<int32_t>& handle) const noexcept
-{
-    const Row* row = handle ? m_rows.find(*handle) : nullptr;
-    const std::optional<size_t> place = row ? m_rows.placeOf(*row) : std::nullopt;
-    return place ? static_cast<int>(*place) : -1;
-}
-
-void DetailsList::goTo(const Place& place, int otherwiseTop) noexcept
-{
-    const int top = rowOf(place.top);
-    m_view.scrollToTop(top >= 0 ? top : otherwiseTop);
-    place.selected.restore(m_view, m_selection, m_rows);
-    if (const int focused = rowOf(place.focused); focused >= 0)
-        m_view.focusRow(focused);
-}
-
-void DetailsList::placeRows() noexcept
-{
-    if (m_contents->fillings != 0)
-        return;
-    const bool all = std::exchange(m_isOrderLost, false) && order().column;
-    if (!swallow(L"DetailsList", L"the rows are there, in another order",
-                 [&] { all ? m_rows.sort(order()) : m_rows.placeAdded(order()); }))
-        m_rows.placeAddedLast();
-}
-
 void DetailsList::endFilling() noexcept
 {
     swallow(L"DetailsList", L"the rows are there, in another order or place", [this] {
-        m_isOrderLost = true;
+        m_shown.letGo();
         m_rows.giveBackRoom(); // not after a single row, for which all would be copied
-        beginChange().place = std::exchange(m_placeBeforeClear, {});
+        m_shown.beginChange() = std::exchange(m_placeBeforeClear, {});
     });
 }
 

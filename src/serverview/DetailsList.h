@@ -1,11 +1,8 @@
 #pragma once
 
 #include "base/unique_any.h"
-#include "serverview/KeptSelection.h"
-#include "serverview/ListColumns.h"
-#include "serverview/ListFilter.h"
+#include "serverview/ShownRows.h"
 
-#include <climits>
 #include <memory>
 
 namespace velk {
@@ -63,6 +60,7 @@ public:
                 return;
             m_contents = m_list->m_contents;
             ++m_list->m_contents->fillings;
+            m_list->m_shown.hold();
         }
         Filling(const Filling&) = delete;
         Filling& operator=(const Filling&) = delete;
@@ -90,31 +88,6 @@ private:
     struct Contents {
         int fillings = 0; // that are under way
     };
-    // Where the user was, by the handles of rows.
-    struct Place {
-        KeptSelection selected;
-        std::optional<int32_t> focused;
-        std::optional<int32_t> top;
-    };
-    // What the control has not been told yet.
-    struct Unshown {
-        Place place{};              // where the user is to be afterwards
-        bool areRowsOthers = false; // rows came, went or moved; otherwise some look otherwise
-        bool isCleared = false;     // all went before those that are there came
-        int top = 0;                // rows on screen
-        int bottom = -1;
-        int firstStale = INT_MAX; // of those on screen
-        int lastStale = -1;
-    };
-    Place placeOfUser() noexcept;
-    Unshown& beginChange();
-    void leaveHiddenRows() noexcept;
-    void draw(const Row& changed);
-    void show() noexcept;
-    void showRows(const Unshown& changes) noexcept;
-    int rowOf(const std::optional<int32_t>& handle) const noexcept;
-    void goTo(const Place& place, int otherwiseTop) noexcept;
-    void placeRows() noexcept;
     void endFilling() noexcept;
 
     ListView m_view;
@@ -122,11 +95,10 @@ private:
     ListColumns m_columns;
     ListFilter m_filter;
     RowModel m_rows;
+    ShownRows m_shown{m_view, m_selection, m_columns, m_filter, m_rows};
     unique_font m_boldFont;
-    Place m_placeBeforeClear;
-    Place m_placeBeforeFilter;
-    std::optional<Unshown> m_unshown;
-    bool m_isOrderLost = false; // by a filling, which puts all rows in order at its end
+    ShownRows::Place m_placeBeforeClear;
+    ShownRows::Place m_placeBeforeFilter;
     std::shared_ptr<Contents> m_contents = std::make_shared<Contents>();
 };
 

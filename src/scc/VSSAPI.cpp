@@ -133,6 +133,11 @@ bool openSourceSafeDatabase(const std::wstring& userName, std::wstring_view pass
     }
 }
 
+bool isSourceSafeOpen() noexcept
+{
+    return static_cast<bool>(state().database);
+}
+
 bool getSourceSafeProjects(std::vector<std::wstring>& projects)
 {
     swallow(L"getSourceSafeProjects", whyQuiet, [&] {

@@ -31,6 +31,8 @@ bool getSourceSafeDatabases(DatabaseTable& table);
 bool openSourceSafeDatabase(const std::wstring& userName, std::wstring_view password, const std::wstring& databaseName,
                             const DatabaseTable& table);
 
+bool isSourceSafeOpen() noexcept;
+
 // Appends the names of the projects below the root; false when the list is empty then. Failures end it quietly.
 bool getSourceSafeProjects(std::vector<std::wstring>& projects);
 // The project below the root that the file operations work in. A failure leaves it as it was.

@@ -62,7 +62,10 @@ void ContextMenus::serverDetailsView_MouseUp(HWND owner, POINT place, bool isByK
     const int row = isByKeyboard ? list.focusedRow() : list.rowAt(inWindow(list.hwnd(), place));
     if (!m_parts.serverTreeView->selected() || row < 0)
         return;
-    list.selectRow(row);
+    // A menu for several selected rows: by the keyboard for all of them, wherever the focus is.
+    const ListSelection& selection = m_parts.serverDetailsView->selection();
+    if (selection.count() <= 1 || (!isByKeyboard && !selection.has(row)))
+        list.selectRow(row);
     if (isByKeyboard) {
         list.bringIntoView(row);
         place = below(list.hwnd(), list.placeOf(row));
@@ -84,9 +87,16 @@ void ContextMenus::popUp(PopupMenu menu, HWND owner, POINT place)
     // The tool goes on while the menu is open: the view may be gone when the user has chosen.
     const Session life = m_parts.life;
     const Target before = targetOf(menu);
-    const std::optional<MenuItem> chosen = m_menus.show(menu, owner, place);
-    // What was removed meanwhile leaves the selection to another object, which nobody chose anything for.
-    if (chosen && !life.isOver() && targetOf(menu) == before)
+    Objects several = severalObjects(menu);
+    const std::optional<MenuItem> chosen = m_menus.show(menu, owner, place, !several.empty());
+    if (!chosen || life.isOver())
+        return;
+    // What was removed meanwhile leaves the selection to another object, which nobody chose anything for. Of several
+    // the others are left.
+    const Target after = targetOf(menu);
+    if (!several.empty() && after.first == before.first)
+        carryOut(life, [&] { doForSeveral(menuRow(*chosen), std::move(several)); });
+    else if (after == before)
         clickMenuItem(*chosen);
 }
 
@@ -100,7 +110,38 @@ ContextMenus::Target ContextMenus::targetOf(PopupMenu menu) const
 void ContextMenus::clickMenuItem(MenuItem item) noexcept
 {
     const MenuRow& row = menuRow(item);
-    carryOut(m_parts.life, [&] { row.command(choiceOf(row)); });
+    carryOut(m_parts.life, [&] {
+        if (Objects several = severalObjects(row.menu); several.empty())
+            row.command(choiceOf(row));
+        else
+            doForSeveral(row, std::move(several));
+    });
+}
+
+// None while not more than one row is selected.
+Objects ContextMenus::severalObjects(PopupMenu menu) const
+{
+    Objects objects;
+    if (actsOnTheTree(menu) || m_parts.serverDetailsView->selectedCount() <= 1)
+        return objects;
+    for (const Row* row : m_parts.serverDetailsView->selectedRows())
+        objects.push_back({makeKey(row->handle()), std::wstring(row->tag())});
+    return objects;
+}
+
+void ContextMenus::doForSeveral(const MenuRow& row, Objects objects)
+{
+    const TreeNode* node = m_parts.serverTreeView->selected();
+    if (!isForMany(row.item) || !node)
+        return;
+    // The list knows what is there while it shows the folder; what becomes of a folder that is left, the tool knows.
+    const auto isThere = [this, folder = node->key](const Choice::Object& object) {
+        const TreeNode* selected = m_parts.serverTreeView->selected();
+        const bool isShown = selected && selected->key == folder;
+        return isShown ? m_parts.serverDetailsView->rows().find(keyToHandle(object.key)) != nullptr
+                       : m_parts.serverTreeView->has(folder);
+    };
+    doForMany(row, choiceOf(row), std::move(objects), isThere);
 }
 
 Choice ContextMenus::choiceOf(const MenuRow& row) const

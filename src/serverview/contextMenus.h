@@ -1,6 +1,7 @@
 #pragma once
 
 #include "serverview/currentFolder.h"
+#include "serverview/manyObjects.h"
 #include "serverview/popupMenus.h"
 #include "serverview/viewParts.h"
 
@@ -22,7 +23,8 @@ public:
     void open(HWND owner, HWND pane, POINT place, bool isByKeyboard);
     // The menu that the list's selected row would have, its items set for the row; nothing without one.
     std::optional<PopupMenu> menuOfSelectedRow();
-    // What the user's choice of a menu item does. A failure is told in a message box.
+    // What the user's choice of a menu item does: for the selected node or row, or for all of several selected rows,
+    // where it is offered for many. A failure is told in a message box.
     void clickMenuItem(MenuItem item) noexcept;
 
 private:
@@ -32,6 +34,8 @@ private:
     using Target = std::pair<std::wstring, std::wstring>; // the keys of the selected node and, for its menus, row
     Target targetOf(PopupMenu menu) const;
     Choice choiceOf(const MenuRow& row) const;
+    Objects severalObjects(PopupMenu menu) const;
+    void doForSeveral(const MenuRow& row, Objects objects);
     std::optional<Choice::Object> objectOf(PopupMenu menu) const;
 
     ViewParts& m_parts;

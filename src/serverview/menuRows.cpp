@@ -1,5 +1,7 @@
 #include "serverview/menuRows.h"
 
+#include <algorithm>
+
 namespace velk {
 namespace {
 
@@ -8,6 +10,11 @@ constexpr MenuRow rows[] = {
 #include "serverview/menuRows.inc"
 #undef MENU_ROW
 };
+
+using enum MenuItem;
+constexpr MenuItem itemsForMany[] = {
+    devObjViewSrcMnuItem, devObjEditSrcMnuItem, devObjBuildMnuItem,   devObjBuildWDebugMnuItem, devObjRmMnuItem,
+    devObjDropMnuItem,    devObjScmMnuItem,     devObjAddFileMnuItem, devObjChkOutMnuItem,      devObjChkInMnuItem};
 
 } // namespace
 
@@ -25,6 +32,11 @@ bool actsOnTheTree(PopupMenu menu) noexcept
 {
     return menu == PopupMenu::conFolderMnu || menu == PopupMenu::devObjFolderMnu || menu == PopupMenu::dbObjFolderMnu ||
            menu == PopupMenu::dbConMnu;
+}
+
+bool isForMany(MenuItem item) noexcept
+{
+    return std::find(std::begin(itemsForMany), std::end(itemsForMany), item) != std::end(itemsForMany);
 }
 
 } // namespace velk

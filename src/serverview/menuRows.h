@@ -45,5 +45,7 @@ const MenuRow& menuRow(MenuItem item) noexcept;
 
 // Whether the items of a menu act on the tree's selected node; else on the details list's selected row.
 bool actsOnTheTree(PopupMenu menu) noexcept;
+// Whether an item is offered while several rows are selected.
+bool isForMany(MenuItem item) noexcept;
 
 } // namespace velk

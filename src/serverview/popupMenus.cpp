@@ -96,15 +96,16 @@ void PopupMenus::prepareRoutineMenu(bool isDebuggingOffered, const std::wstring&
             (*this)[item].enabled = isWorkable;
 }
 
-std::optional<MenuItem> PopupMenus::show(PopupMenu shown, HWND owner, POINT place) const
+std::optional<MenuItem> PopupMenus::show(PopupMenu shown, HWND owner, POINT place, bool areMany) const
 {
-    const auto linesOf = [this](PopupMenu menu, const auto& self) -> std::vector<MenuLine> {
+    const auto linesOf = [this, areMany](PopupMenu menu, const auto& self) -> std::vector<MenuLine> {
         std::vector<MenuLine> lines;
         for (const MenuRow& row : menuRows()) {
             const MenuItemState& state = (*this)[row.item];
             if (row.menu != menu || !state.visible)
                 continue;
-            lines.push_back({static_cast<int>(row.item) + 1, state.caption, state.enabled, {}});
+            const bool isOffered = state.enabled && (!areMany || isForMany(row.item));
+            lines.push_back({static_cast<int>(row.item) + 1, state.caption, isOffered, {}});
             if (row.item == devObjScmMnuItem)
                 lines.back().submenu = self(PopupMenu::devObjScmMnuItem, self);
         }
@@ -114,10 +115,11 @@ std::optional<MenuItem> PopupMenus::show(PopupMenu shown, HWND owner, POINT plac
     return chosen > 0 ? std::optional(static_cast<MenuItem>(chosen - 1)) : std::nullopt;
 }
 
-std::optional<MenuItem> PopupMenus::firstEnabled(PopupMenu menu) const noexcept
+std::optional<MenuItem> PopupMenus::firstEnabled(PopupMenu menu, bool areMany) const noexcept
 {
     for (const MenuRow& row : menuRows())
-        if (row.menu == menu && (*this)[row.item].visible && (*this)[row.item].enabled)
+        if (row.menu == menu && (*this)[row.item].visible && (*this)[row.item].enabled &&
+            (!areMany || isForMany(row.item)))
             return row.item;
     return std::nullopt;
 }

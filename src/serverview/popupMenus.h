@@ -35,11 +35,12 @@ public:
     // column) and tag. Nothing for a kind without one.
     std::optional<PopupMenu> menuOfRow(int32_t folderKind, const std::wstring& language, const std::wstring& tag);
 
-    // Shows a menu at a place on the screen (pixels) and waits for the choice; nothing when the user leaves it.
-    std::optional<MenuItem> show(PopupMenu menu, HWND owner, POINT place) const;
+    // Shows a menu at a place on the screen (pixels) and waits for the choice; nothing when the user leaves it. For
+    // many objects what is offered for one only is greyed.
+    std::optional<MenuItem> show(PopupMenu menu, HWND owner, POINT place, bool areMany = false) const;
 
     // The first item that could be chosen now: what Enter on a row does.
-    std::optional<MenuItem> firstEnabled(PopupMenu menu) const noexcept;
+    std::optional<MenuItem> firstEnabled(PopupMenu menu, bool areMany = false) const noexcept;
 
 private:
     void prepareRoutineMenu(bool isDebuggingOffered, const std::wstring& language, const std::wstring& tag);

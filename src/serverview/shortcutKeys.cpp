@@ -1,5 +1,6 @@
 #include "serverview/shortcutKeys.h"
 
+#include "serverview/copyRows.h"
 #include "serverview/folderKinds.h"
 
 namespace velk {
@@ -40,6 +41,9 @@ bool ShortcutKeys::translateKey(const MSG& message)
         {VK_TAB,    plain, Pane::either, &ShortcutKeys::usePaneChange},
         {VK_TAB,    shift, Pane::either, &ShortcutKeys::usePaneChange},
         {VK_F5,     plain, Pane::either, &ShortcutKeys::useRefresh},
+        {'A',       control, Pane::list, &ShortcutKeys::useSelectAll},
+        {'C',       control, Pane::list, &ShortcutKeys::useCopyOfNames},
+        {'C',       control | shift, Pane::list, &ShortcutKeys::useCopyOfTable},
         {VK_RETURN, plain, Pane::list,   &ShortcutKeys::useFirstItem},
         {VK_DELETE, plain, Pane::list,   &ShortcutKeys::useRemoveOfRow},
         {VK_DELETE, plain, Pane::tree,   &ShortcutKeys::useRemoveOfNode},
@@ -76,10 +80,34 @@ bool ShortcutKeys::useRefresh()
     return isFolder;
 }
 
+bool ShortcutKeys::useSelectAll()
+{
+    const ListView& list = m_parts.list();
+    m_parts.serverDetailsView->selection().addAll();
+    if (list.focusedRow() < 0)
+        list.focusRow(0);
+    return list.rowCount() > 0;
+}
+
+bool ShortcutKeys::useCopyOfNames()
+{
+    bool isUsed = true; // a failure was told
+    carryOut(m_parts.life, [&] { isUsed = copySelectedNames(m_parts); });
+    return isUsed;
+}
+
+bool ShortcutKeys::useCopyOfTable()
+{
+    bool isUsed = true;
+    carryOut(m_parts.life, [&] { isUsed = copySelectedTable(m_parts); });
+    return isUsed;
+}
+
 bool ShortcutKeys::useFirstItem()
 {
     const std::optional<PopupMenu> menu = m_menus.menuOfSelectedRow();
-    const std::optional<MenuItem> first = menu ? m_menus.menus().firstEnabled(*menu) : std::nullopt;
+    const std::optional<MenuItem> first =
+        menu ? m_menus.menus().firstEnabled(*menu, m_parts.serverDetailsView->selectedCount() > 1) : std::nullopt;
     if (first)
         m_menus.clickMenuItem(*first);
     return first.has_value();

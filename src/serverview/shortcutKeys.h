@@ -18,6 +18,9 @@ private:
 
     bool usePaneChange();
     bool useRefresh();
+    bool useSelectAll();
+    bool useCopyOfNames();
+    bool useCopyOfTable();
     bool useFirstItem();
     bool useRemoveOfRow();
     bool useRemoveOfNode();

@@ -27,6 +27,10 @@ HWND boxOwner() noexcept;
 int32_t showMessage(const std::wstring& text, uint32_t style = MB_OK,
                     const std::wstring& title = std::wstring(applicationTitle));
 
+// How many boxes were closed with Cancel so far, in any way, for those who go on after a call inside which boxes may
+// have come. Used from the user-interface thread only.
+uint32_t cancelledBoxes() noexcept;
+
 // What showMessage shows and answers instead of the system's box, for tests without a user. An empty function
 // restores the system's box.
 using MessagePresenter = std::function<int32_t(const std::wstring& text, uint32_t style, const std::wstring& title)>;

@@ -91,7 +91,8 @@ bool answers(HWND owner) noexcept
     return SendMessageTimeoutW(owner, WM_NULL, 0, 0, SMTO_ABORTIFHUNG | SMTO_BLOCK, longestSilence, &result) != 0;
 }
 
-// Programs that watch the clipboard open it for a moment after each change.
+} // namespace
+
 bool openClipboard(HWND owner) noexcept
 {
     constexpr int attempts = 20;
@@ -103,8 +104,6 @@ bool openClipboard(HWND owner) noexcept
     }
     return OpenClipboard(owner) != FALSE;
 }
-
-} // namespace
 
 clipboard_keeper::Kept::~Kept()
 {

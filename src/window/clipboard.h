@@ -7,6 +7,10 @@
 
 namespace velk {
 
+// Opens the clipboard in the name of a window; false when another program holds it for more than a fifth of a second.
+// Programs that watch the clipboard open it for a moment after each change.
+bool openClipboard(HWND owner) noexcept;
+
 // Shows bitmaps to whoever looks at the clipboard, and gives the user's own content back at its end; what another
 // program has put there meanwhile stays. The owner in between is a hidden window of its own.
 //

@@ -1,6 +1,7 @@
 #include "ui/messageBox.h"
 
 #include "base/unique_any.h"
+#include "support/shownMessages.h"
 #include "support/waitingForm.h"
 #include "window/dialog.h"
 
@@ -99,6 +100,26 @@ TEST_F(MessageBoxTest, systemsBoxOverADialog_blocksTheDialogWhileItIsOpen)
     });
     EXPECT_EQ(owner, first.hwnd());
     EXPECT_FALSE(wasOwnerEnabled);
+}
+
+TEST_F(MessageBoxTest, boxesClosedWithCancel_areCounted)
+{
+    test::ShownMessages boxes;
+    const uint32_t before = cancelledBoxes();
+    for (const int answer : {IDCANCEL, IDNO, IDYES, IDCANCEL}) {
+        boxes.answer = answer;
+        showMessage(L"Go on?", MB_YESNOCANCEL);
+    }
+    EXPECT_EQ(cancelledBoxes() - before, 2u);
+}
+
+TEST_F(MessageBoxTest, boxWithOkOnly_isNeverCancelled)
+{
+    test::ShownMessages boxes;
+    const uint32_t before = cancelledBoxes();
+    boxes.answer = IDCANCEL;
+    showMessage(L"Done.");
+    EXPECT_EQ(cancelledBoxes(), before);
 }
 
 } // namespace

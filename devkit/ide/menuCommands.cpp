@@ -1,8 +1,8 @@
 // What a script does with context menus and keys: by the mouse and the keyboard, as a user would.
 #include "devkit/ide/probe.h"
 #include "devkit/ide/scriptRunner.h"
+#include "devkit/ide/userInput.h"
 
-#include <algorithm>
 #include <optional>
 
 #include <commctrl.h>
@@ -52,21 +52,6 @@ void expectMenu(ScriptRunner& script, Text wanted)
     script.expect(L"a menu " + wanted, [&] { return shown() == wanted; }, shown);
 }
 
-void pressKey(WORD key)
-{
-    INPUT inputs[2]{};
-    for (INPUT& input : inputs) {
-        input.type = INPUT_KEYBOARD;
-        input.ki.wVk = key;
-        input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
-        const bool isArrow = key >= VK_LEFT && key <= VK_DOWN;
-        input.ki.dwFlags = isArrow || key == VK_DELETE ? KEYEVENTF_EXTENDEDKEY : 0;
-    }
-    inputs[1].ki.dwFlags |= KEYEVENTF_KEYUP;
-    SendInput(2, inputs, sizeof(INPUT));
-    Sleep(15);
-}
-
 // The place of an item; nothing when there is none of that caption.
 std::optional<int> placeOf(HMENU menu, Text caption)
 {
@@ -96,7 +81,7 @@ void highlight(HMENU menu, int wanted)
     constexpr int mostLooks = 50;
     for (int key = 0; key < mostKeys && !isHighlighted(menu, wanted); ++key) {
         const std::optional<int> before = highlighted(menu);
-        pressKey(VK_DOWN);
+        input::key(VK_DOWN);
         for (int look = 0; look < mostLooks && highlighted(menu) == before; ++look)
             Sleep(5);
     }
@@ -117,7 +102,7 @@ void chooseMenu(ScriptRunner& script, Text path)
             throw ScriptFailure(L"the menu has no " + parts[depth] + L": " + menuText(menu));
         highlight(menu, *place);
         const bool isLast = depth + 1 == parts.size();
-        pressKey(isLast ? VK_RETURN : VK_RIGHT);
+        input::key(isLast ? VK_RETURN : VK_RIGHT);
         if (isLast)
             break;
         menu = GetSubMenu(menu, *place);
@@ -128,28 +113,12 @@ void chooseMenu(ScriptRunner& script, Text path)
     script.expect(L"the menu to go", [] { return !openMenu(); }, [] { return menuText(openMenu()); });
 }
 
-// A pixel of the screen in the mouse's own units: 65536 for the whole width or height.
-LONG absolute(LONG pixel, int extentMetric)
-{
-    const LONG extent = std::max(GetSystemMetrics(extentMetric), 1);
-    return (pixel * 65536 + extent / 2) / extent;
-}
-
 void rightClick(HWND window, const RECT& place)
 {
     POINT middle{(place.left + place.right) / 2, (place.top + place.bottom) / 2};
     ClientToScreen(window, &middle);
-    // The place goes with each press: a late report of an earlier place by the display cannot come between.
-    INPUT inputs[2]{};
-    for (INPUT& input : inputs) {
-        input.type = INPUT_MOUSE;
-        input.mi.dx = absolute(middle.x, SM_CXSCREEN);
-        input.mi.dy = absolute(middle.y, SM_CYSCREEN);
-        input.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE;
-    }
-    inputs[0].mi.dwFlags |= MOUSEEVENTF_RIGHTDOWN;
-    inputs[1].mi.dwFlags |= MOUSEEVENTF_RIGHTUP;
-    SendInput(2, inputs, sizeof(INPUT));
+    input::mouse(middle, MOUSEEVENTF_RIGHTDOWN);
+    input::mouse(middle, MOUSEEVENTF_RIGHTUP);
 }
 
 HWND control(ScriptRunner& script, const wchar_t* className)
@@ -188,7 +157,7 @@ void pressNamed(ScriptRunner&, Text name)
 {
     for (const KeyRow& row : keys)
         if (name == row.name)
-            return pressKey(row.key);
+            return input::key(row.key);
     throw ScriptFailure(L"there is no key " + name);
 }
 

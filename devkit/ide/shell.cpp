@@ -40,6 +40,7 @@ Shell::Shell(bool hidden)
                                hwnd(), nullptr, nullptr, nullptr);
     for (const HWND child : {m_immediate, m_status})
         SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(shellFont()), FALSE);
+    m_immediateDrop.emplace(m_immediate, L"Immediate");
     m_dte->mainWindow = m_dte->windows->add(windowMain, hwnd(), title);
     m_dte->windows->add(windowImmediate, m_immediate, L"Immediate");
     m_dte->windows->workspace = hwnd();
@@ -58,6 +59,7 @@ Shell::Shell(bool hidden)
 Shell::~Shell()
 {
     end();
+    m_immediateDrop.reset();
     setBarsObserver(nullptr);
     destroy();
 }

@@ -2,8 +2,11 @@
 
 #include "devkit/ide/addInManager.h"
 #include "devkit/ide/menus.h"
+#include "devkit/ide/textDrop.h"
 #include "devkit/ide/toolbars.h"
 #include "window/window.h"
+
+#include <optional>
 
 namespace velk::devkit {
 
@@ -46,6 +49,7 @@ private:
     MenuStrip m_menu;
     ToolbarRow m_toolbars;
     HWND m_immediate = nullptr;
+    std::optional<TextDrop> m_immediateDrop;
     HWND m_status = nullptr;
     bool m_rebuildsAsked = false;
     bool m_ended = false;

@@ -3,6 +3,9 @@
 #include "serverview/copyRows.h"
 #include "serverview/folderKinds.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace velk {
 namespace {
 
@@ -22,8 +25,8 @@ Modifiers heldModifiers()
     return held(VK_SHIFT, shift) | held(VK_CONTROL, control) | held(VK_MENU, alt);
 }
 
-// The pane that must have the focus.
-enum class Pane { tree, list, either };
+// What must have the focus: panes, or the strip above the list.
+enum Pane { tree = 1, list = 2, either = tree | list, strip = 4, any = either | strip };
 
 } // namespace
 
@@ -38,25 +41,29 @@ bool ShortcutKeys::translateKey(const MSG& message)
 {
     // clang-format off
     static constexpr KeyRow rows[] = {
-        {VK_TAB,    plain, Pane::either, &ShortcutKeys::usePaneChange},
-        {VK_TAB,    shift, Pane::either, &ShortcutKeys::usePaneChange},
-        {VK_F5,     plain, Pane::either, &ShortcutKeys::useRefresh},
-        {'A',       control, Pane::list, &ShortcutKeys::useSelectAll},
-        {'C',       control, Pane::list, &ShortcutKeys::useCopyOfNames},
-        {'C',       control | shift, Pane::list, &ShortcutKeys::useCopyOfTable},
-        {VK_RETURN, plain, Pane::list,   &ShortcutKeys::useFirstItem},
-        {VK_DELETE, plain, Pane::list,   &ShortcutKeys::useRemoveOfRow},
-        {VK_DELETE, plain, Pane::tree,   &ShortcutKeys::useRemoveOfNode},
+        {VK_TAB,    plain,           any,   &ShortcutKeys::usePaneChange},
+        {VK_TAB,    shift,           any,   &ShortcutKeys::usePaneChange},
+        {VK_F5,     plain,           any,   &ShortcutKeys::useRefresh},
+        {'A',       control,         list,  &ShortcutKeys::useSelectAll},
+        {'C',       control,         list,  &ShortcutKeys::useCopyOfNames},
+        {'C',       control | shift, list,  &ShortcutKeys::useCopyOfTable},
+        {VK_RETURN, plain,           list,  &ShortcutKeys::useFirstItem},
+        {VK_DELETE, plain,           list,  &ShortcutKeys::useRemoveOfRow},
+        {VK_DELETE, plain,           tree,  &ShortcutKeys::useRemoveOfNode},
+        {'F',       control,         any,   &ShortcutKeys::useFilter},
+        {VK_RETURN, plain,           strip, &ShortcutKeys::useFirstRow},
+        {VK_DOWN,   plain,           strip, &ShortcutKeys::goToFirstRow},
+        {VK_ESCAPE, plain,           strip, &ShortcutKeys::useFilterEnd},
     };
     // clang-format on
     const Modifiers modifiers = heldModifiers();
-    const bool isInList = m_parts.list().hasFocus();
-    const bool isInTree = m_parts.serverTreeView->hasFocus();
-    for (const KeyRow& row : rows) {
-        const bool isItsPane = (row.pane != Pane::tree && isInList) || (row.pane != Pane::list && isInTree);
-        if (row.key == message.wParam && row.modifiers == modifiers && isItsPane)
+    const int focused = (m_parts.serverTreeView->hasFocus() ? tree : 0) | (m_parts.list().hasFocus() ? list : 0) |
+                        (m_parts.filterStrip->hasFocus() ? strip : 0);
+    for (const KeyRow& row : rows)
+        if (row.key == message.wParam && row.modifiers == modifiers && (row.pane & focused) != 0)
             return (this->*row.use)();
-    }
+    if (focused == strip)
+        return m_parts.filterStrip->useKey(message);
     // The keys by which both controls move must reach them also where a host has them as accelerators of its own.
     const bool moves = message.message == WM_KEYDOWN && message.wParam >= VK_PRIOR && message.wParam <= VK_DOWN;
     if (moves) {
@@ -68,7 +75,50 @@ bool ShortcutKeys::translateKey(const MSG& message)
 
 bool ShortcutKeys::usePaneChange()
 {
-    SetFocus(m_parts.list().hasFocus() ? m_parts.serverTreeView->hwnd() : m_parts.list().hwnd());
+    const std::span<const HWND> ofStrip = m_parts.filterStrip->stops();
+    std::vector<HWND> stops{m_parts.serverTreeView->hwnd()};
+    stops.insert(stops.end(), ofStrip.begin(), ofStrip.end());
+    stops.push_back(m_parts.list().hwnd());
+    const HWND focused = GetFocus();
+    const auto at = std::find_if(stops.begin(), stops.end(),
+                                 [focused](HWND stop) { return stop == focused || IsChild(stop, focused); });
+    const size_t step = GetKeyState(VK_SHIFT) < 0 ? stops.size() - 1 : 1;
+    SetFocus(stops[(static_cast<size_t>(at - stops.begin()) + step) % stops.size()]);
+    return true;
+}
+
+bool ShortcutKeys::useFilter()
+{
+    m_parts.filterStrip->open();
+    return true;
+}
+
+bool ShortcutKeys::useFilterEnd()
+{
+    m_parts.filterStrip->clearOrClose();
+    return true;
+}
+
+// In the strip these do nothing to an empty list, and nothing else.
+bool ShortcutKeys::useFirstRow()
+{
+    if (m_parts.filterStrip->isButtonFocused())
+        m_parts.filterStrip->close();
+    else if (m_parts.serverDetailsView->rows().size() > 0) {
+        m_parts.list().selectRow(0);
+        m_parts.list().bringIntoView(0);
+        useFirstItem();
+    }
+    return true;
+}
+
+bool ShortcutKeys::goToFirstRow()
+{
+    if (m_parts.serverDetailsView->rows().size() > 0) {
+        m_parts.list().selectRow(0);
+        m_parts.list().bringIntoView(0);
+        SetFocus(m_parts.list().hwnd());
+    }
     return true;
 }
 

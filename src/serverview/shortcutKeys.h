@@ -4,19 +4,24 @@
 
 namespace velk {
 
-// The keys of the view: those that stand for items of the context menus, and those by which the panes are used.
+// The keys of the view: those that stand for items of the context menus, and those by which the panes and the filter
+// strip are used.
 class ShortcutKeys {
 public:
     ShortcutKeys(const ViewParts& parts, ContextMenus& menus) noexcept : m_parts(parts), m_menus(menus) {}
 
-    // Whether the key, WM_KEYDOWN or WM_SYSKEYDOWN, was used. A key does nothing while neither pane has the focus, but
-    // for those by which whatever has it moves.
+    // Whether the key, WM_KEYDOWN or WM_SYSKEYDOWN, was used. A key does nothing while no part of the view has the
+    // focus, but for those by which whatever has it moves.
     bool translateKey(const MSG& message);
 
 private:
     struct KeyRow; // what a key does
 
     bool usePaneChange();
+    bool useFilter();
+    bool useFilterEnd();
+    bool useFirstRow();
+    bool goToFirstRow();
     bool useRefresh();
     bool useSelectAll();
     bool useCopyOfNames();

@@ -47,6 +47,13 @@ SplitterRules Splitter::rules() const noexcept
     return {barWidthTwips, toTwips(innerOf(m_owner).right)};
 }
 
+void Splitter::setHead(HWND head, int height)
+{
+    m_head = head;
+    m_headHeight = head ? height : 0;
+    resizeGUI();
+}
+
 void Splitter::resizeGUI()
 {
     const RECT inner = innerOf(m_owner);
@@ -55,15 +62,17 @@ void Splitter::resizeGUI()
     m_barLeft = toTwips(treeWidth);
     const int barWidth = std::min<int>(toPixels(barWidthTwips), inner.right - treeWidth);
     const int listLeft = treeWidth + barWidth;
-    HDWP places = BeginDeferWindowPos(3);
-    const auto place = [&](HWND window, int left, int width) {
-        if (places)
-            places =
-                DeferWindowPos(places, window, nullptr, left, 0, width, inner.bottom, SWP_NOZORDER | SWP_NOACTIVATE);
+    const int listTop = std::min<int>(m_headHeight, inner.bottom);
+    HDWP places = BeginDeferWindowPos(4);
+    const auto place = [&](HWND window, const RECT& at) {
+        if (places && window)
+            places = DeferWindowPos(places, window, nullptr, at.left, at.top, at.right - at.left, at.bottom - at.top,
+                                    SWP_NOZORDER | SWP_NOACTIVATE);
     };
-    place(m_leftPane, 0, treeWidth);
-    place(m_bar.hwnd(), treeWidth, barWidth);
-    place(m_rightPane, listLeft, inner.right - listLeft);
+    place(m_leftPane, {0, 0, treeWidth, inner.bottom});
+    place(m_bar.hwnd(), {treeWidth, 0, listLeft, inner.bottom});
+    place(m_head, {listLeft, 0, inner.right, listTop});
+    place(m_rightPane, {listLeft, listTop, inner.right, inner.bottom});
     if (places)
         EndDeferWindowPos(places);
 }

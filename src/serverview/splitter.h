@@ -13,6 +13,8 @@ public:
     Splitter(HWND owner, HWND leftPane, HWND rightPane);
 
     HWND bar() const noexcept { return m_bar.hwnd(); }
+    // A line above the right pane, of a height in pixels; null for none.
+    void setHead(HWND head, int height);
     // Puts the panes and the bar in their places.
     void resizeGUI();
     // Carries out a message of the owner if it is one of the mouse's; whether it is.
@@ -32,6 +34,8 @@ private:
     HWND m_leftPane;
     HWND m_rightPane;
     Control m_bar;
+    HWND m_head = nullptr;
+    int m_headHeight = 0;
     int m_treeWidth;
     int m_barLeft; // while dragged elsewhere than the tree's edge
     bool m_isDragging = false;

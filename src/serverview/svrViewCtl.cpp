@@ -63,6 +63,7 @@ void svrViewCtl::UserControl_Initialize()
     m_parts.serverTreeView = std::make_unique<TreeView>(hwnd());
     m_parts.serverDetailsView = std::make_unique<DetailsList>(hwnd());
     m_splitter = std::make_unique<Splitter>(hwnd(), m_parts.serverTreeView->hwnd(), m_parts.list().hwnd());
+    m_parts.filterStrip = std::make_unique<FilterStrip>(hwnd(), *m_parts.serverDetailsView, *m_splitter);
     m_parts.list().removeColumns();
     m_look.setPictures(GetSystemMetrics(SM_CXSMICON));
 }
@@ -108,8 +109,11 @@ LRESULT svrViewCtl::onNotify(const NMHDR& header, LPARAM lParam)
     if (!m_parts.serverTreeView || !m_parts.serverDetailsView)
         return 0;
     const bool isList = header.hwndFrom == m_parts.list().hwnd();
-    if (header.code == NM_SETFOCUS)
+    if (header.code == NM_SETFOCUS) {
         m_wasInList = isList;
+        if (m_parts.filterStrip)
+            m_parts.filterStrip->loseFocus();
+    }
     if (isList)
         return onListNotify(header, lParam);
     return header.hwndFrom == m_parts.serverTreeView->hwnd() ? onTreeNotify(header, lParam) : 0;
@@ -171,7 +175,9 @@ void svrViewCtl::onDestroy()
 
 void svrViewCtl::focusPane() noexcept
 {
-    if (m_parts.serverTreeView && m_parts.serverDetailsView)
+    if (m_parts.filterStrip && m_parts.filterStrip->hadFocusLast())
+        SetFocus(m_parts.filterStrip->stops().front());
+    else if (m_parts.serverTreeView && m_parts.serverDetailsView)
         SetFocus(m_wasInList ? m_parts.list().hwnd() : m_parts.serverTreeView->hwnd());
 }
 

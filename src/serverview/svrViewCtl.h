@@ -33,6 +33,7 @@ public:
     TreeView& serverTreeView() noexcept { return *m_parts.serverTreeView; }
     DetailsList& serverDetailsView() noexcept { return *m_parts.serverDetailsView; }
     HWND splitPane() const noexcept { return m_splitter->bar(); }
+    FilterStrip& filterStrip() noexcept { return *m_parts.filterStrip; }
     PopupMenus& menus() noexcept { return m_contextMenus.menus(); }
 
     // The selection routine, and what the user's choice of a menu item does.

@@ -31,6 +31,8 @@ void SystemLook::setFont()
     unique_font font = makeFont(uiFont());
     m_parts.serverTreeView->setFont(font.get());
     m_parts.serverDetailsView->setFont(font.get());
+    if (m_parts.filterStrip)
+        m_parts.filterStrip->setFont(font.get());
     m_font = std::move(font);
 }
 

@@ -2,6 +2,7 @@
 
 #include "model/IntegrationMgr.h"
 #include "serverview/DetailsList.h"
+#include "serverview/FilterStrip.h"
 #include "serverview/viewAPIs.h"
 #include "window/tree_view.h"
 
@@ -18,6 +19,7 @@ struct ViewParts {
     // A part of the manager's session, over with the control's window at the latest: what waits in a menu or a dialog
     // looks at a copy before it goes on, and no gesture of the user reaches a tool that is going.
     Session life;
+    std::unique_ptr<FilterStrip> filterStrip{}; // above the list
 
     ListView& list() const noexcept { return serverDetailsView->view(); }
     // The kind of the tree's selected node.

@@ -8,4 +8,9 @@ inline constexpr wchar_t openManySources[] = L"Open the sources of %1 objects?";
 inline constexpr wchar_t clipboardIsHeld[] =
     L"Nothing was copied, because another program has the clipboard open. Try again.";
 
+// In the strip above the list.
+inline constexpr wchar_t filterCue[] = L"Filter";         // in its edit, while that is empty
+inline constexpr wchar_t filterFound[] = L"%1 of %2";     // how many rows the filter leaves, and of how many
+inline constexpr wchar_t filterClose[] = L"Close filter"; // the name of the button that closes it
+
 } // namespace velk::ownTexts

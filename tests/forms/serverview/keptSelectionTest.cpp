@@ -1,4 +1,5 @@
 #include "severalFixture.h"
+#include "support/outOfMemory.h"
 
 namespace velk {
 namespace {
@@ -233,6 +234,42 @@ TEST_F(KeptSelectionTest, anchorOfShift_goesWithItsRow)
     clickRow(5, MK_SHIFT);
     EXPECT_THAT(selectedNames(), ElementsAre(L"p2", L"p3", L"p4"));
 }
+
+TEST_F(KeptSelectionTest, asManyOtherRows_areNotTakenForThoseOfTheLastTime)
+{
+    showRows(6);
+    select({1, 2, 4});
+    addRow(200, L"one more"); // after which the selection is remembered
+    EXPECT_THAT(selectedNames(), ElementsAre(L"p1", L"p2", L"p4"));
+    clickRow(2, MK_CONTROL);
+    clickRow(3, MK_CONTROL);
+    EXPECT_THAT(selectedNames(), ElementsAre(L"p1", L"p3", L"p4"));
+    clickRow(1);
+    clickRow(2, MK_CONTROL);
+    clickRow(4, MK_CONTROL);
+    EXPECT_THAT(selectedNames(), ElementsAre(L"p1", L"p2", L"p4"));
+}
+
+class ScarceSelectionTest : public KeptSelectionTest, public testing::WithParamInterface<int> {};
+
+// With memory for so many allocations and no more.
+TEST_P(ScarceSelectionTest, rowRemovedWithoutMemory_leavesNoOtherRowsSelected)
+{
+    showRows(40);
+    sortBy(0);
+    select({5, 6, 9, 12, 15, 16, 20, 22, 25, 30, 31, 35});
+    const std::vector<std::wstring> before = selectedNames();
+    list().selection().forget();
+    {
+        const test::OutOfMemory scarce(GetParam());
+        removeListRow(8, 100);
+        shownRows();
+    }
+    EXPECT_EQ(shownRows(), 39);
+    EXPECT_THAT(selectedNames(), testing::AnyOf(IsEmpty(), before));
+}
+
+INSTANTIATE_TEST_SUITE_P(Allocations, ScarceSelectionTest, testing::Range(0, 12));
 
 } // namespace
 } // namespace velk

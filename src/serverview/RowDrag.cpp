@@ -13,11 +13,11 @@ namespace velk {
 // since.
 void RowDrag::begin(HWND owner, const NMLISTVIEW& pressed)
 {
-    const Row* row = pressed.iItem >= 0 ? m_parts.serverDetailsView->selected() : nullptr;
-    if (!row || m_parts.life.isOver())
+    if (pressed.iItem < 0 || m_parts.life.isOver())
         return;
     DraggedNames names;
-    names.add(row->cell(schemaColumn), row->name());
+    for (const Row* row : m_parts.serverDetailsView->selectedRows())
+        names.add(row->cell(schemaColumn), row->name());
     m_text = names.text();
     if (!m_text.empty())
         PostMessageW(owner, message, 0, 0);

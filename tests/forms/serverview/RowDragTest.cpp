@@ -49,6 +49,41 @@ TEST_F(RowDragTest, pressedRow_isSelectedAndStaysSo)
     EXPECT_EQ(list().selectedRow(), 1);
 }
 
+TEST_F(RowDragTest, oneOfSeveralSelectedRows_takesAllInTheOrderShown)
+{
+    add(102, L"sales", L"a_third");
+    view->serverDetailsView().sortBy(0);
+    list().selectRow(0);
+    ListView_SetItemState(list().hwnd(), 2, LVIS_SELECTED, LVIS_SELECTED);
+    Hand::doSteps({begin(2), look(), moveOver(), look(), drop(), look()});
+    EXPECT_EQ(edit->text(), L"sales.a_third, sales.place_order");
+    EXPECT_EQ(view->serverDetailsView().selectedCount(), 2u);
+}
+
+TEST_F(RowDragTest, rowBesideTheSelectedOnes_isSelectedAndDraggedAlone)
+{
+    add(102, L"sales", L"a_third");
+    list().selectRow(0);
+    ListView_SetItemState(list().hwnd(), 2, LVIS_SELECTED, LVIS_SELECTED);
+    Hand::doSteps({begin(1), look(), moveOver(), look(), drop(), look()});
+    EXPECT_EQ(edit->text(), L"\"odd name\"");
+    EXPECT_EQ(view->serverDetailsView().selectedCount(), 1u);
+}
+
+TEST_F(RowDragTest, clickAfterADrag_selectsItsRowAlone)
+{
+    list().selectRow(0);
+    ListView_SetItemState(list().hwnd(), 1, LVIS_SELECTED, LVIS_SELECTED);
+    Hand::doSteps({begin(0), look(), moveOver(), look(), drop(), look()});
+    Hand::doSteps({[this] {
+                       Hand::press(placeOf(1));
+                       Hand::release(placeOf(1));
+                   },
+                   look(), look()});
+    EXPECT_EQ(list().selectedRow(), 1);
+    EXPECT_EQ(view->serverDetailsView().selectedCount(), 1u);
+}
+
 TEST_F(RowDragTest, escape_endsTheDragWithoutADrop)
 {
     Hand::doSteps({begin(0), look(), moveOver(), look(), [] { Hand::type(VK_ESCAPE); }, look(), drop(), look()});

@@ -20,12 +20,12 @@ std::optional<int32_t> shownInstead(const RowModel& rows, const std::optional<in
 
 DetailsList::DetailsList(HWND parent) : m_view(parent), m_columns(m_view)
 {
-    m_view.setListener([this] { show(); });
+    m_view.watch().setListener([this] { show(); });
 }
 
 DetailsList::~DetailsList()
 {
-    m_view.setListener({});
+    m_view.watch().setListener({});
 }
 
 void DetailsList::setFont(HFONT font)
@@ -120,10 +120,10 @@ std::vector<const Row*> DetailsList::selectedRows()
     return selected;
 }
 
-void DetailsList::sortBy(size_t column)
+void DetailsList::sortBy(std::optional<size_t> column)
 {
     show();
-    const RowOrder order{column, this->order().column == column && !this->order().isDescending};
+    const RowOrder order{column, column && this->order().column == column && !this->order().isDescending};
     beginChange().place.top.reset();
     m_rows.sort(order);
     m_columns.setOrder(order); // by messages, before which the rows are shown
@@ -266,7 +266,7 @@ void DetailsList::onGetDispInfo(NMLVDISPINFOW& question) noexcept
         question.item.iImage = row.looks().image;
     if (!(question.item.mask & LVIF_TEXT) || question.item.cchTextMax <= 0)
         return;
-    const std::wstring_view text = row.cell(static_cast<size_t>(question.item.iSubItem));
+    const std::wstring_view text = row.cell(m_columns.columnAt(question.item.iSubItem));
     const size_t copied = text.copy(question.item.pszText, static_cast<size_t>(question.item.cchTextMax) - 1);
     question.item.pszText[copied] = L'\0';
 }

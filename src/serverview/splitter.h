@@ -13,6 +13,9 @@ public:
     Splitter(HWND owner, HWND leftPane, HWND rightPane);
 
     HWND bar() const noexcept { return m_bar.hwnd(); }
+    // The width that the user gave the tree, in twips, however much of it is shown.
+    int treeWidth() const noexcept { return m_treeWidth; }
+    void setTreeWidth(int twips);
     // Puts the panes and the bar in their places.
     void resizeGUI();
     // Carries out a message of the owner if it is one of the mouse's; whether it is.

@@ -7,12 +7,12 @@
 namespace velk {
 DetailsList::DetailsList(HWND parent) : m_view(parent), m_columns(m_view)
 {
-    m_view.setListener([this] { m_shown.show(); });
+    m_view.watch().setListener([this] { m_shown.show(); });
 }
 
 DetailsList::~DetailsList()
 {
-    m_view.setListener({});
+    m_view.watch().setListener({});
 }
 
 void DetailsList::setFont(HFONT font)
@@ -104,10 +104,10 @@ std::vector<const Row*> DetailsList::selectedRows()
     return selected;
 }
 
-void DetailsList::sortBy(size_t column)
+void DetailsList::sortBy(std::optional<size_t> column)
 {
     m_shown.show();
-    const RowOrder order{column, this->order().column == column && !this->order().isDescending};
+    const RowOrder order{column, column && this->order().column == column && !this->order().isDescending};
     m_shown.beginChange().top.reset();
     m_rows.sort(order);
     m_columns.setOrder(order); // by messages, before which the rows are shown
@@ -153,7 +153,7 @@ void DetailsList::onGetDispInfo(NMLVDISPINFOW& question) noexcept
         question.item.iImage = row.looks().image;
     if (!(question.item.mask & LVIF_TEXT) || question.item.cchTextMax <= 0)
         return;
-    const std::wstring_view text = row.cell(static_cast<size_t>(question.item.iSubItem));
+    const std::wstring_view text = row.cell(m_columns.columnAt(question.item.iSubItem));
     const size_t copied = text.copy(question.item.pszText, static_cast<size_t>(question.item.cchTextMax) - 1);
     question.item.pszText[copied] = L'\0';
 }

@@ -35,9 +35,12 @@ public:
     // visible row are found again by their handles.
     void clear();
 
-    // Orders by a column; by the same column again reverses the order.
-    void sortBy(size_t column);
+    // Orders by a column; by the same column again reverses the order. By none the rows stand as they came.
+    void sortBy(std::optional<size_t> column);
     const RowOrder& order() const noexcept { return m_columns.order(); }
+
+    // Cells and columns have the same numbers, hidden columns included; the control has other ones.
+    ListColumns& columns() noexcept { return m_columns; }
 
     // Shows only the rows that match what the user wrote, as RowFilter reads it. What throws has changed nothing.
     void setFilter(const std::wstring& text);

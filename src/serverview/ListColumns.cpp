@@ -1,5 +1,9 @@
-// Tested in tests/forms/serverview/detailsListTest.cpp.
+// Tested in tests/forms/serverview/listColumnsTest.cpp.
 #include "serverview/ListColumns.h"
+
+#include "serverview/columnFit.h"
+#include "window/list_header.h"
+#include "window/twips.h"
 
 #include <algorithm>
 
@@ -15,6 +19,7 @@ constexpr int widestColumn = 220;
 void ListColumns::setFonts(HFONT font, HFONT boldFont)
 {
     m_view.setFont(font);
+    m_font = font;
     m_boldFont = boldFont;
     showOrder();
 }
@@ -22,65 +27,205 @@ void ListColumns::setFonts(HFONT font, HFONT boldFont)
 void ListColumns::show(int32_t folderKind, const std::vector<std::wstring>& headers)
 {
     keepLooks();
+    m_kind = nullptr;
     m_folderKind = folderKind;
-    m_view.setColumns(headers);
-    const auto known = m_looks.find(folderKind);
-    m_areWidthsKnown = known != m_looks.end();
-    m_order = m_areWidthsKnown ? known->second.order : RowOrder();
+    m_headers = headers;
+    m_shown.clear();
+    m_order = {};
+    if (!headers.empty()) {
+        Kind& kind = m_kinds[folderKind];
+        if (kind.given.widths.size() != headers.size())
+            kind = {{}, columnLooksOf(kind.earlier, headers.size()), {}};
+        m_kind = &kind;
+        m_shown = kind.given.shown();
+        m_order = kind.given.order;
+    }
+    showColumns();
+}
+
+void ListColumns::showColumns()
+{
+    std::vector<std::wstring> shownHeaders;
+    for (const size_t column : m_shown)
+        shownHeaders.push_back(m_headers[column]);
+    m_view.setColumns(shownHeaders);
     showOrder();
-    if (!m_areWidthsKnown)
+    showWidths();
+}
+
+void ListColumns::showWidths()
+{
+    if (!m_kind)
         return;
-    for (int column = 0; column < m_view.columnCount(); ++column)
-        m_view.setColumnWidth(column, known->second.widths.at(static_cast<size_t>(column)));
+    for (const size_t column : m_shown)
+        if (const std::optional<int> width = widthKnown(column))
+            m_view.setColumnWidth(numberOf(column), *width);
+    if (!m_kind->given.places.empty())
+        setColumnOrder(m_view, m_kind->given.shownPlaces());
+}
+
+std::optional<int> ListColumns::widthKnown(size_t column) const
+{
+    const int shown = m_kind->widths.empty() ? -1 : m_kind->widths[column];
+    const int given = m_kind->given.widths[column];
+    return shown >= 0 ? std::optional(shown) : given > 0 ? std::optional(toPixels(given)) : std::nullopt;
+}
+
+void ListColumns::keepWidth(size_t column)
+{
+    const int width = m_view.columnWidth(numberOf(column));
+    if (!m_kind->widths.empty())
+        m_kind->widths[column] = width;
+    if (int& given = m_kind->given.widths[column]; given > 0)
+        given = std::max(1, toTwips(width));
 }
 
 void ListColumns::keepLooks()
 {
-    if (!m_areWidthsKnown)
+    if (!m_kind)
         return;
-    Looks& looks = m_looks[m_folderKind];
-    looks.order = m_order;
-    looks.widths.clear();
-    for (int column = 0; column < m_view.columnCount(); ++column)
-        looks.widths.push_back(m_view.columnWidth(column));
+    for (const size_t column : m_shown)
+        keepWidth(column);
+    m_kind->given.movePlaces(columnOrder(m_view));
+}
+
+std::wstring ListColumns::given(int32_t folderKind)
+{
+    if (folderKind == m_folderKind)
+        keepLooks();
+    const Kind& kind = m_kinds[folderKind];
+    return kind.given.widths.empty() ? kind.earlier : keptTextOf(kind.given);
+}
+
+void ListColumns::changed()
+{
+    if (m_kind && m_listener)
+        m_listener(m_folderKind);
 }
 
 void ListColumns::setOrder(const RowOrder& order)
 {
     m_order = order;
     showOrder();
+    if (!m_kind)
+        return;
+    m_kind->given.order = order;
+    changed();
 }
 
 void ListColumns::showOrder()
 {
-    for (int column = 0; column < m_view.columnCount(); ++column) {
-        const bool isOrdered = m_order.column == static_cast<size_t>(column);
-        m_view.setSortMark(column, !isOrdered             ? ListView::SortMark::none
+    for (int number = 0; number < m_view.columnCount(); ++number) {
+        const bool isOrdered = m_order.column == columnAt(number);
+        m_view.setSortMark(number, !isOrdered             ? ListView::SortMark::none
                                    : m_order.isDescending ? ListView::SortMark::down
                                                           : ListView::SortMark::up);
     }
 }
 
-int ListColumns::widthOfCell(const Row& row, int column) const
+size_t ListColumns::columnAt(int number) const noexcept
 {
-    const auto cell = static_cast<size_t>(column);
-    const std::wstring text(row.cell(cell));
-    const int width = row.looks().bold ? m_view.widthOf(text, m_boldFont) : m_view.widthOf(text);
+    const auto index = static_cast<size_t>(number);
+    return index < m_shown.size() ? m_shown[index] : index;
+}
+
+int ListColumns::numberOf(size_t column) const noexcept
+{
+    const auto place = std::lower_bound(m_shown.begin(), m_shown.end(), column);
+    return place != m_shown.end() && *place == column ? static_cast<int>(place - m_shown.begin()) : -1;
+}
+
+void ListColumns::setShown(size_t column, bool isShown, const RowModel& rows)
+{
+    if (!m_kind || column == 0 || column >= m_headers.size() || isShown == this->isShown(column))
+        return;
+    keepLooks();
+    m_kind->given.hide(column, !isShown);
+    m_shown = m_kind->given.shown();
+    {
+        const ListView::Redraw together(m_view);
+        showColumns();
+        if (isShown && !widthKnown(column))
+            m_view.setColumnWidth(numberOf(column),
+                                  widthForFirstRows(column, rows, m_view.columnWidth(numberOf(column))));
+    }
+    changed();
+}
+
+int ListColumns::widthOfCell(const Row& row, size_t column, std::wstring_view text) const
+{
+    const int width =
+        row.looks().bold ? m_view.widthOf(std::wstring(text), m_boldFont) : m_view.widthOf(std::wstring(text));
     return column == 0 ? width + m_view.pictureWidth() : width;
+}
+
+int ListColumns::widthForFirstRows(size_t column, const RowModel& rows, int least) const
+{
+    int width = least;
+    for (size_t row = 0; row < std::min(rows.size(), measuredRows); ++row)
+        width = std::max(width, widthOfCell(rows.at(row), column, rows.at(row).cell(column)));
+    return std::min(width, m_view.dialogUnits(widestColumn));
 }
 
 void ListColumns::fit(const RowModel& rows)
 {
-    if (m_areWidthsKnown || rows.size() == 0)
+    if (!m_kind || !m_kind->widths.empty() || rows.size() == 0)
         return;
-    const size_t looked = std::min(rows.size(), measuredRows);
-    for (int column = 0; column < m_view.columnCount(); ++column) {
-        int width = m_view.columnWidth(column);
-        for (size_t row = 0; row < looked; ++row)
-            width = std::max(width, widthOfCell(rows.at(row), column));
-        m_view.setColumnWidth(column, std::min(width, m_view.dialogUnits(widestColumn)));
+    for (const size_t column : m_shown) {
+        const int number = numberOf(column);
+        if (m_kind->given.widths[column] == 0)
+            m_view.setColumnWidth(number, widthForFirstRows(column, rows, m_view.columnWidth(number)));
     }
-    m_areWidthsKnown = true;
+    m_kind->widths.assign(m_headers.size(), -1);
+}
+
+void ListColumns::fitToContents(size_t column, const RowModel& rows)
+{
+    if (!isShown(column))
+        return;
+    int width = m_view.widthOf(m_headers[column]);
+    for (const Row* row : widestRows(rows, column, TextWidths(m_font), TextWidths(m_boldFont)))
+        width = std::max(width, widthOfCell(*row, column, shownTextOf(*row, column)));
+    m_view.setColumnWidth(numberOf(column), width);
+    giveWidth(column);
+}
+
+void ListColumns::giveWidth(size_t column)
+{
+    if (!m_kind)
+        return;
+    m_kind->given.widths[column] = std::max(1, toTwips(m_view.columnWidth(numberOf(column))));
+    changed();
+}
+
+void ListColumns::reset()
+{
+    if (!m_kind)
+        return;
+    *m_kind = {{}, ColumnLooks(m_headers.size()), {}};
+    m_shown = m_kind->given.shown();
+    m_order = {};
+    m_view.setColumns(m_headers);
+    showOrder();
+    changed();
+}
+
+void ListColumns::onHeaderNotify(const NMHEADERW& notification)
+{
+    const UINT code = notification.hdr.code;
+    const int number = notification.iItem;
+    if (code == HDN_ENDDRAG) // the columns get their places after it
+        return changed();
+    if (!m_kind || number < 0 || number >= m_view.columnCount())
+        return;
+    if (code == HDN_BEGINTRACKW || code == HDN_BEGINTRACKA)
+        m_widthBefore = m_view.columnWidth(number);
+    if (code != HDN_ENDTRACKW && code != HDN_ENDTRACKA)
+        return;
+    // The width comes after it where the header does not show it while it is dragged.
+    const bool isTold = notification.pitem && (notification.pitem->mask & HDI_WIDTH) != 0;
+    if ((isTold ? notification.pitem->cxy : m_view.columnWidth(number)) != m_widthBefore)
+        giveWidth(columnAt(number));
 }
 
 } // namespace velk

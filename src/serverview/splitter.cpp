@@ -1,31 +1,14 @@
 #include "serverview/splitter.h"
 
-#include "base/unique_any.h"
+#include "window/twips.h"
 
 #include <algorithm>
 
 namespace velk {
 namespace {
 
-constexpr int twipsPerInch = 1440;
 constexpr int barWidthTwips = 60; // 4 pixels at 96 dpi
 constexpr int firstTreeWidth = 3600;
-
-int dotsPerInch() noexcept
-{
-    const unique_screen_dc screen(GetDC(nullptr));
-    return GetDeviceCaps(screen.get(), LOGPIXELSX);
-}
-
-int toTwips(int pixels) noexcept
-{
-    return MulDiv(pixels, twipsPerInch, dotsPerInch());
-}
-
-int toPixels(int twips) noexcept
-{
-    return MulDiv(twips, dotsPerInch(), twipsPerInch);
-}
 
 RECT innerOf(HWND window) noexcept
 {
@@ -75,6 +58,12 @@ void Splitter::resizeGUI()
     place(m_rightPane, {listLeft, listTop, inner.right, inner.bottom});
     if (places)
         EndDeferWindowPos(places);
+}
+
+void Splitter::setTreeWidth(int twips)
+{
+    m_treeWidth = twips;
+    resizeGUI();
 }
 
 bool Splitter::useMouse(UINT message, WPARAM wParam, LPARAM lParam)

@@ -15,6 +15,9 @@ public:
     HWND bar() const noexcept { return m_bar.hwnd(); }
     // A line above the right pane, of a height in pixels; null for none.
     void setHead(HWND head, int height);
+    // The width that the user gave the tree, in twips, however much of it is shown.
+    int treeWidth() const noexcept { return m_treeWidth; }
+    void setTreeWidth(int twips);
     // Puts the panes and the bar in their places.
     void resizeGUI();
     // Carries out a message of the owner if it is one of the mouse's; whether it is.

@@ -1,4 +1,5 @@
 #include "serverview/svrViewCtl.h"
+#include "serverview/columnCommands.h"
 
 #include "backend/texts.h"
 #include "base/boundary.h"
@@ -65,6 +66,9 @@ void svrViewCtl::UserControl_Initialize()
     m_splitter = std::make_unique<Splitter>(hwnd(), m_parts.serverTreeView->hwnd(), m_parts.list().hwnd());
     m_parts.filterStrip = std::make_unique<FilterStrip>(hwnd(), *m_parts.serverDetailsView, *m_splitter);
     m_parts.list().removeColumns();
+    m_parts.list().watch().setFilter([this](UINT message, WPARAM, LPARAM lParam) {
+        return answerHeader(*m_parts.serverDetailsView, message, lParam);
+    });
     m_look.setPictures(GetSystemMetrics(SM_CXSMICON));
 }
 
@@ -144,7 +148,7 @@ LRESULT svrViewCtl::onListNotify(const NMHDR& header, LPARAM lParam)
         list.selection().forget();
         return 0;
     case LVN_COLUMNCLICK:
-        list.sortBy(static_cast<size_t>(reinterpret_cast<const NMLISTVIEW*>(lParam)->iSubItem));
+        list.sortBy(list.columns().columnAt(reinterpret_cast<const NMLISTVIEW*>(lParam)->iSubItem));
         return 0;
     case LVN_ODFINDITEMW:
         return list.onFindItem(*reinterpret_cast<const NMLVFINDITEMW*>(lParam));
@@ -160,8 +164,12 @@ void svrViewCtl::onContextMenu(HWND pane, LPARAM place) noexcept
 {
     const POINT onScreen{static_cast<short>(LOWORD(place)), static_cast<short>(HIWORD(place))};
     const bool isByKeyboard = place == -1;
-    swallow(L"svrViewCtl menu", L"no menu opens; what its items do tells its own failures",
-            [&] { m_contextMenus.open(hwnd(), pane, onScreen, isByKeyboard); });
+    swallow(L"svrViewCtl menu", L"no menu opens; what its items do tells its own failures", [&] {
+        if (m_headerMenu.isMeant(pane, isByKeyboard))
+            m_headerMenu.open(hwnd(), onScreen, isByKeyboard);
+        else
+            m_contextMenus.open(hwnd(), pane, onScreen, isByKeyboard);
+    });
 }
 
 void svrViewCtl::onDestroy()

@@ -3,6 +3,7 @@
 #include "model/IntegrationMgr.h"
 #include "serverview/contextMenus.h"
 #include "serverview/currentFolder.h"
+#include "serverview/HeaderMenu.h"
 #include "serverview/RowDrag.h"
 #include "serverview/shortcutKeys.h"
 #include "serverview/splitter.h"
@@ -59,6 +60,7 @@ private:
     std::unique_ptr<Splitter> m_splitter;
     CurrentFolder m_folder{m_parts};
     ContextMenus m_contextMenus{m_parts, m_folder};
+    HeaderMenu m_headerMenu{m_parts};
     ShortcutKeys m_keys{m_parts, m_contextMenus};
     RowDrag m_rowDrag{m_parts};
     bool m_wasInList = false; // the pane that had the focus last

@@ -13,4 +13,9 @@ inline constexpr wchar_t filterCue[] = L"Filter";         // in its edit, while 
 inline constexpr wchar_t filterFound[] = L"%1 of %2";     // how many rows the filter leaves, and of how many
 inline constexpr wchar_t filterClose[] = L"Close filter"; // the name of the button that closes it
 
+// In the menu of the list's header.
+inline constexpr wchar_t sizeColumn[] = L"Size This Column to Fit";
+inline constexpr wchar_t sizeAllColumns[] = L"Size All Columns to Fit";
+inline constexpr wchar_t resetColumns[] = L"Reset Columns";
+
 } // namespace velk::ownTexts

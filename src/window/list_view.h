@@ -15,9 +15,9 @@ class ListView : public Control {
 public:
     explicit ListView(HWND parent);
 
-    // Called before the control gets any message, whoever sends it: what its owner has not yet told it can be told
-    // then.
-    void setListener(std::function<void()> listener) { m_watch.setListener(std::move(listener)); }
+    // Hears of every message before the control gets it, whoever sends it: what its owner has not yet told it can be
+    // told then.
+    MessageWatch& watch() noexcept { return m_watch; }
     // Makes sure that a message comes when there is nothing else to do, if the control can be seen.
     void askForMessage() const noexcept;
 

@@ -18,7 +18,7 @@ unique_menu made(const std::vector<MenuLine>& lines)
     unique_menu menu(CreatePopupMenu());
     throwLastErrorUnless(static_cast<bool>(menu));
     for (const MenuLine& line : lines) {
-        const UINT state = line.enabled ? MF_ENABLED : MF_GRAYED;
+        const UINT state = (line.enabled ? MF_ENABLED : MF_GRAYED) | (line.checked ? MF_CHECKED : MF_UNCHECKED);
         if (line.caption == L"-") {
             AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
         } else if (line.submenu.empty()) {

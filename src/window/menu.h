@@ -13,7 +13,8 @@ struct MenuLine {
     int id; // above 0
     std::wstring caption;
     bool enabled = true;
-    std::vector<MenuLine> submenu;
+    std::vector<MenuLine> submenu{};
+    bool checked = false;
 };
 
 // Shows a popup menu at a place on the screen (pixels) and waits for the choice: the line's id, 0 when the user left

@@ -42,6 +42,17 @@ void MessageWatch::end() noexcept
     module::lock();
 }
 
+std::optional<LRESULT> MessageWatch::filtered(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept
+{
+    const LONG_PTR data = GetWindowLongPtrW(window, GWLP_USERDATA);
+    const auto* const watch = reinterpret_cast<const MessageWatch*>(data);
+    std::optional<LRESULT> answer;
+    if (data != 0 && data != reinterpret_cast<LONG_PTR>(&ownerless) && watch->m_filter)
+        swallow(L"message watch", L"the window answers its message then",
+                [&] { answer = watch->m_filter(message, wParam, lParam); });
+    return answer;
+}
+
 LRESULT CALLBACK MessageWatch::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept
 {
     const module::keep_loaded untilAnswered;
@@ -63,6 +74,9 @@ LRESULT CALLBACK MessageWatch::procedure(HWND window, UINT message, WPARAM wPara
             listener();
         });
     }
+    // What the listener did may have ended the watch.
+    if (const std::optional<LRESULT> answer = filtered(window, message, wParam, lParam))
+        return *answer;
     if (depth)
         ++*depth;
     const scope_exit done([&] {

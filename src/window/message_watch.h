@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace velk {
 
@@ -19,17 +20,22 @@ public:
     // May send messages to the window itself, which it hears of in turn; is not to be set by itself. What it throws is
     // reported.
     void setListener(std::function<void()> listener) { m_listener = std::move(listener); }
+    // The answer to a message that the window is not to get; asked after the listener. May not end the window.
+    using Filter = std::function<std::optional<LRESULT>(UINT message, WPARAM wParam, LPARAM lParam)>;
+    void setFilter(Filter filter) { m_filter = std::move(filter); }
     // Whether the window is at work on a message: what it says of itself may be on its way to something else.
     bool isAtWork() const noexcept { return *m_depth > 0; }
 
 private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+    static std::optional<LRESULT> filtered(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     void end() noexcept;
 
     HWND m_window;
     WNDPROC m_procedure = nullptr;                           // the window's own
     std::shared_ptr<int> m_depth = std::make_shared<int>(0); // of messages within messages; outlives this in them
     std::function<void()> m_listener;
+    Filter m_filter;
 };
 
 } // namespace velk

@@ -137,9 +137,28 @@ void TreeView::setImage(const std::wstring& key, int image)
     send(TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
 }
 
-void TreeView::expand(const std::wstring& key) const
+void TreeView::expand(const std::wstring& key, bool isExpanded) const
 {
-    send(TVM_EXPAND, TVE_EXPAND, reinterpret_cast<LPARAM>(entry(key).item));
+    const HTREEITEM item = entry(key).item;
+    m_isExpanding = true;
+    send(TVM_EXPAND, isExpanded ? TVE_EXPAND : TVE_COLLAPSE, reinterpret_cast<LPARAM>(item));
+    m_isExpanding = false;
+}
+
+const TreeNode* TreeView::parentOf(const std::wstring& key) const
+{
+    const HTREEITEM above = related(TVGN_PARENT, entry(key).item);
+    const Entry* found = above ? entryOf(above) : nullptr;
+    return found ? &found->node : nullptr;
+}
+
+std::vector<const TreeNode*> TreeView::childrenOf(const std::wstring& key) const
+{
+    std::vector<const TreeNode*> children;
+    for (HTREEITEM item = related(TVGN_CHILD, entry(key).item); item; item = related(TVGN_NEXT, item))
+        if (const Entry* found = entryOf(item))
+            children.push_back(&found->node);
+    return children;
 }
 
 void TreeView::select(const std::wstring& key) const

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 namespace velk {
 
@@ -41,10 +42,15 @@ public:
     const TreeNode& node(const std::wstring& key) const { return entry(key).node; }
     void setText(const std::wstring& key, const std::wstring& text);
     void setImage(const std::wstring& key, int image);
-    void expand(const std::wstring& key) const;
+    void expand(const std::wstring& key, bool isExpanded = true) const;
+    // While true, what the tree tells of nodes that are expanded or collapsed is not the user's doing.
+    bool isExpanding() const noexcept { return m_isExpanding; }
     void select(const std::wstring& key) const;
     // The selected node, null when there is none. Valid until the tree changes.
     const TreeNode* selected() const noexcept;
+    // The node above, null for a root; and the nodes below, from the first on. Valid until the tree changes.
+    const TreeNode* parentOf(const std::wstring& key) const;
+    std::vector<const TreeNode*> childrenOf(const std::wstring& key) const;
     // The node at a place of the control (pixels), null when there is none; and where the selected node's text stands.
     const TreeNode* nodeAt(POINT place) const noexcept;
     RECT placeOfSelected() const noexcept;
@@ -70,6 +76,7 @@ private:
 
     std::unordered_map<std::wstring, Entry> m_nodes;
     bool m_isChanging = false;
+    mutable bool m_isExpanding = false;
     // The selection as the tree told it, until it gets another message.
     mutable std::optional<const Entry*> m_selected;
     MessageWatch m_watch{hwnd()};

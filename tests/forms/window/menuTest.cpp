@@ -42,7 +42,8 @@ private:
             // A separator cannot be chosen, and some systems say so.
             const UINT state = GetMenuState(menu, static_cast<UINT>(place), MF_BYPOSITION);
             const bool isGrayed = (state & MF_GRAYED) != 0 && (state & MF_SEPARATOR) == 0;
-            seen().push_back(indent + caption + (isGrayed ? L" (gray)" : L""));
+            seen().push_back(indent + ((state & MF_CHECKED) != 0 ? L"* " : L"") + caption +
+                             (isGrayed ? L" (gray)" : L""));
             if (const HMENU submenu = GetSubMenu(menu, place))
                 note(submenu, L"> ");
         }

@@ -1,0 +1,49 @@
+// Tested in tests/forms/serverview/listColumnsTest.cpp.
+#include "window/list_header.h"
+
+#include <cstring>
+
+namespace velk {
+
+HWND headerOf(const ListView& list) noexcept
+{
+    return reinterpret_cast<HWND>(list.send(LVM_GETHEADER));
+}
+
+std::vector<int> columnOrder(const ListView& list)
+{
+    std::vector<int> columns(static_cast<size_t>(list.columnCount()));
+    list.send(LVM_GETCOLUMNORDERARRAY, columns.size(), reinterpret_cast<LPARAM>(columns.data()));
+    return columns;
+}
+
+void setColumnOrder(const ListView& list, const std::vector<int>& columns)
+{
+    std::vector<int> order = columns;
+    list.send(LVM_SETCOLUMNORDERARRAY, order.size(), reinterpret_cast<LPARAM>(order.data()));
+}
+
+int columnAt(const ListView& list, POINT place) noexcept
+{
+    HDHITTESTINFO test{};
+    test.pt = place;
+    const HWND header = headerOf(list);
+    ScreenToClient(header, &test.pt);
+    return static_cast<int>(SendMessageW(header, HDM_HITTEST, 0, reinterpret_cast<LPARAM>(&test)));
+}
+
+std::optional<NMHEADERW> headerNotification(const ListView& list, UINT message, LPARAM lParam) noexcept
+{
+    if (message != WM_NOTIFY)
+        return std::nullopt;
+    NMHEADERW notification{};
+    std::memcpy(&notification.hdr, reinterpret_cast<const void*>(lParam), sizeof notification.hdr);
+    if (notification.hdr.hwndFrom != headerOf(list))
+        return std::nullopt;
+    const bool isOfHeadersOnly = notification.hdr.code <= HDN_FIRST && notification.hdr.code >= HDN_LAST;
+    if (isOfHeadersOnly) // others are shorter
+        std::memcpy(&notification, reinterpret_cast<const void*>(lParam), sizeof notification);
+    return notification;
+}
+
+} // namespace velk

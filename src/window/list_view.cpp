@@ -48,6 +48,14 @@ unique_bitmap arrowPicture(bool isUp, int lineHeight)
     return picture;
 }
 
+void setState(const ListView& list, int row, UINT mask, UINT state) noexcept
+{
+    LVITEMW item{};
+    item.stateMask = mask;
+    item.state = state;
+    list.send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+}
+
 } // namespace
 
 ListView::ListView(HWND parent)
@@ -217,27 +225,19 @@ int ListView::rowsOnAPage() const noexcept
     return static_cast<int>(send(LVM_GETCOUNTPERPAGE));
 }
 
-void ListView::setState(int row, UINT mask, UINT state) const noexcept
-{
-    LVITEMW item{};
-    item.stateMask = mask;
-    item.state = state;
-    send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
-}
-
 void ListView::selectRow(int row) const noexcept
 {
     // Taking the focus away from all rows walks all of them, and so does taking the selection away where there is one.
     ListSelection(*this).clear();
     if (row >= 0)
-        setState(row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+        setState(*this, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
     else if (const int focused = focusedRow(); focused >= 0)
-        setState(focused, LVIS_FOCUSED, 0);
+        setState(*this, focused, LVIS_FOCUSED, 0);
 }
 
 void ListView::focusRow(int row) const noexcept
 {
-    setState(row, LVIS_FOCUSED, LVIS_FOCUSED);
+    setState(*this, row, LVIS_FOCUSED, LVIS_FOCUSED);
 }
 
 void ListView::bringIntoView(int row) const noexcept

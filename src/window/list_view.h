@@ -76,7 +76,6 @@ public:
 
 private:
     void measure(HFONT font) noexcept;
-    void setState(int row, UINT mask, UINT state) const noexcept;
 
     MessageWatch m_watch{hwnd()};
     int m_columns = 0;

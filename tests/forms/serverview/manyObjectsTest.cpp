@@ -3,6 +3,7 @@
 #include "scc/VSSAPI.h"
 #include "support/badManners.h"
 #include "support/fakeSourceSafe.h"
+#include "support/outOfMemory.h"
 
 #include <algorithm>
 
@@ -255,6 +256,20 @@ TEST_F(ManyObjectsTest, failure_isToldOnceAndEndsTheRest)
     };
     view.clickMenuItem(devObjBuildMnuItem);
     EXPECT_EQ(messages.size(), 1u);
+}
+
+TEST_F(ManyObjectsTest, withoutMemoryForAllOfThem_nothingIsDone)
+{
+    showRows(3);
+    select({0, 1, 2});
+    shownRows();
+    {
+        const test::OutOfMemory none;
+        view.clickMenuItem(devObjDropMnuItem);
+        EXPECT_TRUE(none.wasFelt());
+    }
+    EXPECT_EQ(backend.calls, Calls{});
+    EXPECT_EQ(selected().size(), 3u);
 }
 
 TEST_F(ManyObjectsTest, moreThanTenSources_askOnceAndOpenThemAll)

@@ -29,6 +29,16 @@ TEST_F(DragTest, rowDraggedToTheImmediateWindow_arrives)
     EXPECT_THAT(drops(), testing::ElementsAre("Immediate dropped \"sales.place_order\""));
 }
 
+TEST_F(DragTest, severalRows_arriveInTheOrderShown)
+{
+    EXPECT_EQ(runShown(started +
+                       "select-node Orders/ORDERS/Tables\nexpect-rows 8\nexpect-row stock\n"
+                       "drag stock|customers to immediate\nexpect-immediate main.customers, main.stock\n" +
+                       gone),
+              0u);
+    EXPECT_THAT(drops(), testing::ElementsAre("Immediate dropped \"main.customers, main.stock\""));
+}
+
 TEST_F(DragTest, cancelledDrag_leavesNothing)
 {
     EXPECT_EQ(runShown(started + "drag-and-cancel place_order to immediate\nexpect-rows 4\n" + gone), 0u);

@@ -2,6 +2,7 @@
 
 #include "base/boundary.h"
 #include "base/grouped_number.h"
+#include "base/unique_any.h"
 #include "ui/ownTexts.h"
 
 #include <product.h>
@@ -28,6 +29,16 @@ std::wstring foundText(const std::wstring& found, const std::wstring& all)
     std::wstring text = ownTexts::filterFound;
     text.replace(text.find(L"%1"), 2, found);
     return text.replace(text.find(L"%2"), 2, all);
+}
+
+int lineHeightOf(HFONT font) noexcept
+{
+    const unique_screen_dc screen(GetDC(nullptr));
+    const HGDIOBJ before = SelectObject(screen.get(), font ? font : GetStockObject(SYSTEM_FONT));
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(screen.get(), &metrics);
+    SelectObject(screen.get(), before);
+    return metrics.tmHeight;
 }
 
 bool isHeld(int key) noexcept
@@ -122,6 +133,7 @@ void FilterStrip::setFont(HFONT font)
         return;
     for (const Control* part : {&m_parts->edit, &m_parts->found, &m_parts->button})
         part->setFont(font);
+    m_lineHeight = lineHeightOf(font);
     if (isOpen())
         takeRoom();
 }
@@ -134,7 +146,7 @@ void FilterStrip::takeRoom()
 
 int FilterStrip::units(int vertical) const noexcept
 {
-    return MulDiv(vertical, m_list.view().lineHeight(), unitsOfALine);
+    return MulDiv(vertical, m_lineHeight, unitsOfALine);
 }
 
 void FilterStrip::layOut() const noexcept

@@ -73,6 +73,7 @@ private:
     std::optional<Parts> m_parts;
     std::wstring m_found; // as it is shown
     int m_foundWidth = 0; // pixels
+    int m_lineHeight = 0; // of the font
     bool m_isOpen = false;
     bool m_isTelling = false;
     bool m_hadFocusLast = false;

@@ -36,7 +36,6 @@ public:
     int widthOf(const std::wstring& text, HFONT font) const noexcept;
     int pictureWidth() const noexcept;
     int dialogUnits(int units) const noexcept;
-    int lineHeight() const noexcept { return m_characterHeight; } // of the list's font, pixels
 
     // The arrow in a column's header.
     enum class SortMark { none, up, down };

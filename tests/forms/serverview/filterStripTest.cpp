@@ -1,13 +1,8 @@
-#include "commandsFixture.h"
+#include "filterStripFixture.h"
 
 #include "base/grouped_number.h"
 #include "support/outOfMemory.h"
 #include "ui/ownTexts.h"
-#include "ui/uiFont.h"
-
-#include <product.h>
-
-#include <array>
 
 namespace velk {
 namespace {
@@ -15,89 +10,7 @@ namespace {
 using test::Calls;
 using testing::ElementsAre;
 
-class FilterStripTest : public test::CommandsFixture {
-protected:
-    FilterStripTest()
-    {
-        ShowWindow(host, SW_SHOW);
-        tree().select(L"K20");
-        addProcedures({L"raise", L"lower", L"order"});
-        SetFocus(list().view().hwnd());
-        backend.calls.clear();
-    }
-    ~FilterStripTest() override
-    {
-        hold({});
-        uiFont() = {};
-    }
-    void addProcedures(const std::vector<std::wstring>& names)
-    {
-        const ListFilling together;
-        int32_t handle = 100;
-        for (const std::wstring& name : names)
-            addProcedureRow({.lHdl = handle++, .strSchema = L"sys", .strName = name, .strLanguage = L"SQL"});
-    }
-    static void hold(const std::vector<int>& modifiers)
-    {
-        std::array<BYTE, 256> keys{};
-        for (const int modifier : modifiers)
-            keys.at(static_cast<size_t>(modifier)) = 0x80;
-        SetKeyboardState(keys.data());
-    }
-    // A key as the host hands it on; whether the view used it. What it led to is carried out.
-    bool press(WPARAM key, const std::vector<int>& modifiers = {})
-    {
-        hold(modifiers);
-        const bool isAlt = std::find(modifiers.begin(), modifiers.end(), VK_MENU) != modifiers.end();
-        MSG message{};
-        message.hwnd = GetFocus();
-        message.message = isAlt ? WM_SYSKEYDOWN : WM_KEYDOWN;
-        message.wParam = key;
-        const bool isUsed = view.translateKey(message);
-        while (PeekMessageW(&message, nullptr, WM_KEYFIRST, WM_KEYLAST, PM_REMOVE))
-            DispatchMessageW(&message);
-        hold({});
-        return isUsed;
-    }
-    void type(const std::wstring& text)
-    {
-        for (const wchar_t character : text)
-            SendMessageW(edit(), WM_CHAR, character, 0);
-    }
-    HWND strip() { return FindWindowExW(view.hwnd(), nullptr, VELK_OWN_NAME("filterStrip"), nullptr); }
-    HWND edit() { return FindWindowExW(strip(), nullptr, L"EDIT", nullptr); }
-    HWND label() { return FindWindowExW(strip(), nullptr, L"STATIC", nullptr); }
-    HWND found() { return FindWindowExW(strip(), label(), L"STATIC", nullptr); }
-    HWND button() { return FindWindowExW(strip(), nullptr, L"BUTTON", nullptr); }
-    static std::wstring textOf(HWND window)
-    {
-        std::array<wchar_t, 100> text{};
-        GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
-        return text.data();
-    }
-    bool isShown() { return strip() && IsWindowVisible(strip()); }
-    // In the view; pixels.
-    struct Place {
-        LONG left, top, right, bottom;
-        friend bool operator==(const Place&, const Place&) = default;
-    };
-    Place placeOf(HWND window)
-    {
-        RECT place{};
-        GetWindowRect(window, &place);
-        MapWindowPoints(nullptr, view.hwnd(), reinterpret_cast<POINT*>(&place), 2);
-        return {place.left, place.top, place.right, place.bottom};
-    }
-    std::vector<std::wstring> names()
-    {
-        std::vector<std::wstring> shown;
-        for (int row = 0; row < shownRows(); ++row)
-            shown.push_back(cell(row, 0));
-        return shown;
-    }
-    DWORD selection() { return static_cast<DWORD>(SendMessageW(edit(), EM_GETSEL, 0, 0)); }
-    void openStrip() { press('F', {VK_CONTROL}); }
-};
+using FilterStripTest = test::FilterStripFixture;
 
 TEST_F(FilterStripTest, closedStrip_hasNoWindowAndTakesNoRoom)
 {
@@ -273,27 +186,6 @@ TEST_F(FilterStripTest, enterOnTheCloseButton_closesIt)
     EXPECT_EQ(backend.calls, Calls{});
 }
 
-TEST_F(FilterStripTest, tab_goesFromTheTreeThroughTheStripToTheList)
-{
-    openStrip();
-    SetFocus(tree().hwnd());
-    for (const HWND next : {edit(), button(), list().view().hwnd(), tree().hwnd()}) {
-        EXPECT_TRUE(press(VK_TAB));
-        EXPECT_EQ(GetFocus(), next);
-    }
-    for (const HWND next : {list().view().hwnd(), button(), edit(), tree().hwnd()}) {
-        EXPECT_TRUE(press(VK_TAB, {VK_SHIFT}));
-        EXPECT_EQ(GetFocus(), next);
-    }
-}
-
-TEST_F(FilterStripTest, f5InTheStrip_refreshesTheFolder)
-{
-    openStrip();
-    EXPECT_TRUE(press(VK_F5));
-    EXPECT_EQ(backend.calls, Calls{"RZObjectDoAction(20, 10)"});
-}
-
 TEST_F(FilterStripTest, otherFolderOfTheKindAndRefresh_keepTheFilterAndSaySo)
 {
     addFolderNode(L"K10", L"7", L"K30", L"More", L"False");
@@ -322,90 +214,6 @@ TEST_F(FilterStripTest, otherKindOfFolder_emptiesTheStripAndLeavesItOpen)
     EXPECT_EQ(shownRows(), 1);
 }
 
-TEST_F(FilterStripTest, keysOfTheEdit_writeItsText)
-{
-    openStrip();
-    type(L"order");
-    EXPECT_TRUE(press(VK_HOME));
-    EXPECT_TRUE(press(VK_DELETE));
-    EXPECT_EQ(textOf(edit()), L"rder");
-    EXPECT_TRUE(press(VK_RIGHT));
-    EXPECT_TRUE(press(VK_RIGHT, {VK_SHIFT}));
-    EXPECT_EQ(selection(), static_cast<DWORD>(MAKELONG(1, 2)));
-    EXPECT_TRUE(press(VK_END));
-    EXPECT_EQ(selection(), static_cast<DWORD>(MAKELONG(4, 4)));
-    EXPECT_TRUE(press('A', {VK_CONTROL}));
-    EXPECT_EQ(selection(), static_cast<DWORD>(MAKELONG(0, 4)));
-    EXPECT_TRUE(press(VK_DELETE));
-    EXPECT_EQ(textOf(edit()), L"");
-    EXPECT_EQ(backend.calls, Calls{});
-    EXPECT_EQ(shownRows(), 3);
-}
-
-struct Key {
-    WPARAM key;
-    std::vector<int> modifiers;
-};
-class FilterStripOwnKeyTest : public FilterStripTest, public testing::WithParamInterface<Key> {};
-TEST_P(FilterStripOwnKeyTest, editingKey_isTheEdits)
-{
-    openStrip();
-    type(L"r");
-    EXPECT_TRUE(press(GetParam().key, GetParam().modifiers));
-    EXPECT_EQ(backend.calls, Calls{});
-    EXPECT_EQ(GetFocus(), edit());
-}
-INSTANTIATE_TEST_SUITE_P(Keys, FilterStripOwnKeyTest,
-                         testing::Values(Key{'D', {}}, Key{'D', {VK_SHIFT}}, Key{'7', {}}, Key{VK_SPACE, {}},
-                                         Key{VK_OEM_MINUS, {}}, Key{VK_DELETE, {}}, Key{VK_DELETE, {VK_SHIFT}},
-                                         Key{VK_DELETE, {VK_CONTROL}}, Key{VK_BACK, {}}, Key{VK_BACK, {VK_CONTROL}},
-                                         Key{VK_INSERT, {VK_SHIFT}}, Key{VK_INSERT, {VK_CONTROL}}, Key{VK_LEFT, {}},
-                                         Key{VK_UP, {}}, Key{VK_LEFT, {VK_SHIFT, VK_CONTROL}}, Key{VK_HOME, {VK_SHIFT}},
-                                         Key{VK_END, {VK_CONTROL}}, Key{'A', {VK_CONTROL}}, Key{'Z', {VK_CONTROL}},
-                                         Key{'Q', {VK_CONTROL, VK_MENU}}));
-
-class FilterStripHostsKeyTest : public FilterStripTest, public testing::WithParamInterface<Key> {};
-TEST_P(FilterStripHostsKeyTest, otherKey_isTheIdes)
-{
-    openStrip();
-    type(L"r");
-    EXPECT_FALSE(press(GetParam().key, GetParam().modifiers));
-    EXPECT_EQ(textOf(edit()), L"r");
-    EXPECT_EQ(backend.calls, Calls{});
-}
-INSTANTIATE_TEST_SUITE_P(Keys, FilterStripHostsKeyTest,
-                         testing::Values(Key{VK_F7, {}}, Key{VK_F5, {VK_CONTROL}}, Key{'S', {VK_CONTROL}},
-                                         Key{'F', {VK_CONTROL, VK_SHIFT}}, Key{VK_RETURN, {VK_SHIFT}},
-                                         Key{VK_ESCAPE, {VK_SHIFT}}, Key{VK_TAB, {VK_CONTROL}}, Key{'F', {VK_MENU}},
-                                         Key{VK_BACK, {VK_MENU}}, Key{VK_F10, {VK_SHIFT}}));
-
-TEST_F(FilterStripTest, controlWithX_cutsToTheClipboardAndBack)
-{
-    openStrip();
-    type(L"ra");
-    press('A', {VK_CONTROL});
-    SendMessageW(edit(), WM_CUT, 0, 0);
-    EXPECT_EQ(shownRows(), 3);
-    SendMessageW(edit(), WM_PASTE, 0, 0);
-    EXPECT_EQ(textOf(edit()), L"ra");
-    EXPECT_EQ(shownRows(), 1);
-}
-
-class FilterStripElsewhereTest : public FilterStripTest, public testing::WithParamInterface<Key> {};
-TEST_P(FilterStripElsewhereTest, keyWhileAnotherWindowHasTheFocus_isLeftToTheIde)
-{
-    openStrip();
-    type(L"ra");
-    SetFocus(host);
-    EXPECT_FALSE(press(GetParam().key, GetParam().modifiers));
-    EXPECT_EQ(GetFocus(), host);
-    EXPECT_EQ(textOf(edit()), L"ra");
-    EXPECT_EQ(backend.calls, Calls{});
-}
-INSTANTIATE_TEST_SUITE_P(Keys, FilterStripElsewhereTest,
-                         testing::Values(Key{'F', {VK_CONTROL}}, Key{VK_ESCAPE, {}}, Key{VK_RETURN, {}}, Key{VK_F5, {}},
-                                         Key{VK_TAB, {}}, Key{VK_DELETE, {}}, Key{'A', {VK_CONTROL}}));
-
 TEST_F(FilterStripTest, focusThatComesBack_goesToTheEditThatHadItLast)
 {
     openStrip();
@@ -431,7 +239,7 @@ TEST_F(FilterStripTest, heightAndFont_areThoseOfTheViewsText)
         EXPECT_EQ(SendMessageW(part, WM_GETFONT, 0, 0), font);
     RECT text{};
     SendMessageW(edit(), EM_GETRECT, 0, reinterpret_cast<LPARAM>(&text));
-    EXPECT_GE(text.bottom - text.top, list().view().lineHeight() - 1);
+    EXPECT_GE(text.bottom - text.top, 20 * 96 / 72);
 }
 
 TEST_F(FilterStripTest, parts_standBesideEachOtherInsideTheStrip)

@@ -193,7 +193,10 @@ TEST_F(ManyObjectsTest, otherFolderWhileTheMenuIsOpen_dropsTheChoice)
     showRows(3);
     select({0, 1});
     choose(devObjDropMnuItem);
-    whileMenuIsOpen = [this] { tree().select(L"K10"); };
+    whileMenuIsOpen = [this] {
+        tree().select(L"K21");
+        addFunctionRow({.lHdl = 100, .strName = L"f"}); // nobody chose anything for it
+    };
     rightClickRow(0);
     EXPECT_THAT(backend.calls, testing::Not(testing::Contains("RZObjectDoAction(100, 22)")));
 }

@@ -10,8 +10,8 @@
 namespace velk::bench {
 namespace {
 
-constexpr std::span<const Row> (*rooms[])() = {recordRows, folderRows, keyRows,  stormRows, floodRows,
-                                               orderRows,  memoryRows, treeRows, lifeRows,  shippedRows};
+constexpr std::span<const Row> (*rooms[])() = {recordRows, folderRows, keyRows,  stormRows, floodRows,  orderRows,
+                                               fitRows,    memoryRows, treeRows, lifeRows,  shippedRows};
 
 Figure measured(const Row& row)
 {

@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "base/unique_any.h"
 #include "serverview/folderKinds.h"
+#include "serverview/keptNodes.h"
 #include "serverview/viewAPIs.h"
 #include "ui/splashscrnFrm.h"
 
@@ -22,6 +23,7 @@ void addProject(const IntegrationMgr& manager, int32_t handle)
     const Session& session = manager.session();
     const trzProject project = fetched(session, fetchProject, handle);
     addFolderNode(L"", kindTag(kindProject), makeKey(project.lHdl), project.strName, booleanText(true));
+    projectHasCome(project);
     if (manager.getIdeType() == ideTypeWithStoredName)
         manager.getModel().saveRZFileName(manager.getRZFileName());
     const std::wstring shownText = getRZString(projectIsShownText);
@@ -44,6 +46,19 @@ void addConnection(const Session& session, int32_t projectHandle, int32_t handle
                       booleanText(false));
     }
     expandSelected();
+    connectionHasCome(connection);
+}
+
+void changeProject(const trzProject& project)
+{
+    updateProjectNode(project);
+    projectHasChanged(project);
+}
+
+void changeConnection(const trzConnection& connection)
+{
+    updateConnectionNode(connection);
+    connectionHasChanged(connection);
 }
 
 } // namespace
@@ -69,9 +84,9 @@ void handleObjectRemoved(const IntegrationMgr&, const trzNotify& notification)
 void handleObjectChanged(const IntegrationMgr& manager, const trzNotify& notification)
 {
     if (notification.lObjectType == kindProject)
-        updateProjectNode(fetched(manager.session(), fetchProject, notification.lObjectHdl));
+        changeProject(fetched(manager.session(), fetchProject, notification.lObjectHdl));
     else if (notification.lObjectType == kindConnection)
-        updateConnectionNode(fetched(manager.session(), fetchConnection, notification.lObjectHdl));
+        changeConnection(fetched(manager.session(), fetchConnection, notification.lObjectHdl));
     else if (const FolderKindRow* row = folderKindRowOfObjects(notification.lObjectType); row && row->updateIfShown)
         row->updateIfShown(*row, manager.session(), notification.lObjectHdl);
 }

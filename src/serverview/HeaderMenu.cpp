@@ -2,7 +2,7 @@
 
 #include "serverview/columnCommands.h"
 #include "ui/ownTexts.h"
-#include "window/list_header.h"
+#include "window/list_headers.h"
 #include "window/menu.h"
 
 namespace velk {

@@ -2,7 +2,7 @@
 #include "serverview/ListColumns.h"
 
 #include "serverview/columnFit.h"
-#include "window/list_header.h"
+#include "window/list_headers.h"
 #include "window/twips.h"
 
 #include <algorithm>
@@ -61,7 +61,7 @@ void ListColumns::showWidths()
         if (const std::optional<int> width = widthKnown(column))
             m_view.setColumnWidth(numberOf(column), *width);
     if (!m_kind->given.places.empty())
-        setColumnOrder(m_view, m_kind->given.shownPlaces());
+        setColumnsFromLeft(m_view, m_kind->given.shownPlaces());
 }
 
 std::optional<int> ListColumns::widthKnown(size_t column) const
@@ -86,7 +86,7 @@ void ListColumns::keepLooks()
         return;
     for (const size_t column : m_shown)
         keepWidth(column);
-    m_kind->given.movePlaces(columnOrder(m_view));
+    m_kind->given.movePlaces(columnsFromLeft(m_view));
 }
 
 std::wstring ListColumns::given(int32_t folderKind)

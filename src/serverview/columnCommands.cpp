@@ -1,7 +1,7 @@
 // Tested in tests/forms/serverview/columnFitTest.cpp.
 #include "serverview/columnCommands.h"
 
-#include "window/list_header.h"
+#include "window/list_headers.h"
 
 namespace velk {
 namespace {

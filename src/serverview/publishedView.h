@@ -8,6 +8,8 @@
 
 namespace velk {
 
+class ViewKeeper;
+
 // The server view that viewAPIs works on. Published by the control's set-up, withdrawn by its end; empty in between.
 struct PublishedView {
     TreeView* serverTreeView = nullptr;
@@ -16,6 +18,7 @@ struct PublishedView {
     IntegrationMgr IMgr;
     Session life = Session::none(); // over with the control at the latest
     std::shared_ptr<KeptRecords> records;
+    ViewKeeper* keeper = nullptr;
 };
 PublishedView& publishedView();
 

@@ -12,6 +12,7 @@
 namespace velk {
 namespace {
 
+constexpr wchar_t notKept[] = L"the tree shows it, and the next life does not";
 constexpr int32_t viewNameText = 400; // the tool window's caption
 
 // Of a control's notification, which need not stand at an even address: that of a key is packed.
@@ -36,6 +37,7 @@ svrViewCtl::~svrViewCtl()
 
 void svrViewCtl::endLife() noexcept
 {
+    m_keeper.end();
     m_parts.life.enter(SessionState::ended);
     // What is published must not outlive the controls it points to.
     if (publishedView().serverTreeView == m_parts.serverTreeView.get())
@@ -70,6 +72,7 @@ void svrViewCtl::UserControl_Initialize()
         return answerHeader(*m_parts.serverDetailsView, message, lParam);
     });
     m_look.setPictures(GetSystemMetrics(SM_CXSMICON));
+    m_keeper.begin(hwnd(), *m_splitter);
 }
 
 void svrViewCtl::setupGUI()
@@ -82,7 +85,8 @@ void svrViewCtl::setupGUI()
                        m_look.ImageList1(),
                        m_parts.IMgr,
                        m_parts.life,
-                       std::make_shared<KeptRecords>()};
+                       std::make_shared<KeptRecords>(),
+                       &m_keeper};
     menus().setUp(isSourceSafeInstalled(), m_parts.IMgr ? m_parts.IMgr.getIdeType() : ideTypeVisualInterDev);
     m_folder.fillColumnSets();
     m_parts.serverTreeView->setName(getRZString(viewNameText));
@@ -125,8 +129,14 @@ LRESULT svrViewCtl::onNotify(const NMHDR& header, LPARAM lParam)
 
 LRESULT svrViewCtl::onTreeNotify(const NMHDR& header, LPARAM lParam)
 {
-    if (header.code == TVN_SELCHANGEDW && !m_parts.serverTreeView->isChanging())
+    if (header.code == TVN_SELCHANGEDW && !m_parts.serverTreeView->isChanging()) {
+        swallow(L"svrViewCtl tree", notKept,
+                [&] { m_keeper.tree().onSelected(*reinterpret_cast<const NMTREEVIEWW*>(lParam)); });
         m_folder.selectNode(false);
+    }
+    if (header.code == TVN_ITEMEXPANDEDW)
+        swallow(L"svrViewCtl tree", notKept,
+                [&] { m_keeper.tree().onExpanded(*reinterpret_cast<const NMTREEVIEWW*>(lParam)); });
     if (header.code == TVN_DELETEITEMW)
         m_folder.nodeIsDeleted(*reinterpret_cast<const NMTREEVIEWW*>(lParam));
     return 0;
@@ -193,8 +203,10 @@ LRESULT svrViewCtl::handle(UINT message, WPARAM wParam, LPARAM lParam)
 {
     // The host may close the view inside a call that the message leads to.
     const std::shared_ptr<svrViewCtl> untilAnswered = weak_from_this().lock();
-    if (m_splitter && m_splitter->useMouse(message, wParam, lParam))
+    if (m_splitter && m_splitter->useMouse(message, wParam, lParam)) {
+        m_keeper.lookAtSplitter();
         return 0;
+    }
     switch (message) {
     case WM_NOTIFY:
         return onNotify(headerOf(lParam), lParam);
@@ -215,6 +227,8 @@ LRESULT svrViewCtl::handle(UINT message, WPARAM wParam, LPARAM lParam)
     case RowDrag::message:
         m_rowDrag.carryOut();
         return 0;
+    case WM_TIMER:
+        return m_keeper.useTimer(wParam) ? 0 : handleDefault(message, wParam, lParam);
     case WM_SETFOCUS:
         focusPane();
         return 0;

@@ -8,6 +8,7 @@
 #include "serverview/shortcutKeys.h"
 #include "serverview/splitter.h"
 #include "serverview/systemLook.h"
+#include "serverview/ViewKeeper.h"
 #include "serverview/viewParts.h"
 #include "window/window.h"
 
@@ -59,6 +60,7 @@ private:
     SystemLook m_look{m_parts};
     std::unique_ptr<Splitter> m_splitter;
     CurrentFolder m_folder{m_parts};
+    ViewKeeper m_keeper{m_parts};
     ContextMenus m_contextMenus{m_parts, m_folder};
     HeaderMenu m_headerMenu{m_parts};
     ShortcutKeys m_keys{m_parts, m_contextMenus};

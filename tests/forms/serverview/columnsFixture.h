@@ -4,7 +4,7 @@
 #include "viewFixture.h"
 
 #include "serverview/columnCommands.h"
-#include "window/list_header.h"
+#include "window/list_headers.h"
 #include "window/menu.h"
 
 namespace velk::test {
@@ -53,7 +53,7 @@ protected:
     void dragColumns(const std::vector<int>& places)
     {
         headerSays(HDN_ENDDRAG, 0);
-        setColumnOrder(list().view(), places);
+        setColumnsFromLeft(list().view(), places);
     }
     void doubleClickDivider(int number) { headerSays(HDN_DIVIDERDBLCLICKW, number); }
     void clickHeader(int number)

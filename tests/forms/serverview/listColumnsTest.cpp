@@ -52,9 +52,9 @@ TEST_F(ListColumnsTest, movedColumns_areGivenAndStayForTheKindOfFolder)
     dragColumns({2, 0, 1});
     EXPECT_EQ(given(), L"1;,,;2,0,1;;");
     tree().select(L"K23");
-    EXPECT_THAT(columnOrder(list().view()), ElementsAre(0, 1, 2, 3, 4));
+    EXPECT_THAT(columnsFromLeft(list().view()), ElementsAre(0, 1, 2, 3, 4));
     tree().select(L"K24");
-    EXPECT_THAT(columnOrder(list().view()), ElementsAre(2, 0, 1));
+    EXPECT_THAT(columnsFromLeft(list().view()), ElementsAre(2, 0, 1));
 }
 
 TEST_F(ListColumnsTest, header_canBeDragged)
@@ -87,7 +87,7 @@ TEST_F(ListColumnsTest, columnShownAgain_hasItsPlaceAndItsWidth)
     setColumnShown(list(), 1, false);
     setColumnShown(list(), 1, true);
     EXPECT_THAT(cells(1), ElementsAre(L"customers", L"main", L"who buys"));
-    EXPECT_THAT(columnOrder(list().view()), ElementsAre(1, 2, 0));
+    EXPECT_THAT(columnsFromLeft(list().view()), ElementsAre(1, 2, 0));
     EXPECT_EQ(width(1), 217);
 }
 
@@ -145,7 +145,7 @@ TEST_F(ListColumnsTest, reset_isAsIfNobodyHadTouchedTheColumns)
     resetColumns(list());
     EXPECT_EQ(given(), L"");
     EXPECT_THAT(headers(), ElementsAre(L"#500", L"#501", L"#502"));
-    EXPECT_THAT(columnOrder(list().view()), ElementsAre(0, 1, 2));
+    EXPECT_THAT(columnsFromLeft(list().view()), ElementsAre(0, 1, 2));
     EXPECT_EQ(width(1), before);
     EXPECT_EQ(cell(0, 0), L"open_orders"); // as the tool tells them
     EXPECT_EQ(test::sortMark(list().view(), 0), ListView::SortMark::none);
@@ -167,7 +167,7 @@ TEST_F(ListColumnsTest, everythingGivenInAnEarlierLife_isShown)
     addTableRow({.lHdl = 200, .strName = L"one", .strTableSpace = L"a"});
     addTableRow({.lHdl = 201, .strName = L"two", .strTableSpace = L"b"});
     EXPECT_THAT(cells(0), ElementsAre(L"two", L"b", L""));
-    EXPECT_THAT(columnOrder(list().view()), ElementsAre(2, 0, 1));
+    EXPECT_THAT(columnsFromLeft(list().view()), ElementsAre(2, 0, 1));
     EXPECT_EQ(width(0), toPixels(3000));
     EXPECT_EQ(width(2), toPixels(1500));
     EXPECT_EQ(test::sortMark(list().view(), 1), ListView::SortMark::down);

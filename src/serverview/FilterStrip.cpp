@@ -172,6 +172,8 @@ void FilterStrip::show()
     tell();
     takeRoom();
     ShowWindow(hwnd(), SW_SHOWNA);
+    if (m_listener)
+        m_listener();
 }
 
 void FilterStrip::open()
@@ -191,6 +193,8 @@ void FilterStrip::close()
         return; // no filter without the strip that tells it
     const bool hadFocus = hasFocus();
     m_isOpen = false;
+    if (m_listener)
+        m_listener();
     if (hadFocus)
         SetFocus(m_owner);
     ShowWindow(hwnd(), SW_HIDE);

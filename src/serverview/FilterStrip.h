@@ -6,6 +6,7 @@
 #include "window/window.h"
 
 #include <array>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -22,6 +23,8 @@ public:
     ~FilterStrip() override;
 
     bool isOpen() const noexcept { return m_isOpen && hwnd(); }
+    // Hears when the strip has been opened or closed.
+    void setListener(std::function<void()> listener) { m_listener = std::move(listener); }
     // Shows the strip, empty, without giving it the focus.
     void show();
     // Shows it and gives its edit the focus, with all of its text selected.
@@ -68,6 +71,7 @@ private:
     std::wstring text() const;
 
     HWND m_owner;
+    std::function<void()> m_listener;
     DetailsList& m_list;
     Splitter& m_splitter;
     std::optional<Parts> m_parts;

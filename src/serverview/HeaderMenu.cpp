@@ -9,7 +9,7 @@ namespace velk {
 namespace {
 
 // A column's line has its number, from 1 on; there are never so many of them.
-enum Line { fitThis = 1000, fitAll, resetAll };
+enum Line { fitThis = 1000, fitAll, resetAll, filter };
 
 // A text of the tool's as a caption: nothing in it is a mnemonic, a column for keys, or a separator.
 std::wstring captionOf(const std::wstring& header)
@@ -20,7 +20,7 @@ std::wstring captionOf(const std::wstring& header)
     return caption == L"-" ? L"- " : caption;
 }
 
-std::vector<MenuLine> linesFor(const ListColumns& columns, bool isOverColumn)
+std::vector<MenuLine> linesFor(const ListColumns& columns, bool isOverColumn, bool isFilterOpen)
 {
     std::vector<MenuLine> lines;
     int id = 0;
@@ -33,6 +33,8 @@ std::vector<MenuLine> linesFor(const ListColumns& columns, bool isOverColumn)
     lines.push_back({fitAll, ownTexts::sizeAllColumns});
     lines.push_back({0, L"-"});
     lines.push_back({resetAll, ownTexts::resetColumns});
+    lines.push_back({0, L"-"});
+    lines.push_back({filter, ownTexts::filterCue, true, {}, isFilterOpen});
     return lines;
 }
 
@@ -70,7 +72,7 @@ void HeaderMenu::open(HWND owner, POINT place, bool isByKeyboard)
     const Session life = m_parts.life;
     const std::optional<size_t> column = isByKeyboard ? std::nullopt : columnAt(place);
     const ListColumns& columns = m_parts.serverDetailsView->columns();
-    const std::vector<MenuLine> lines = linesFor(columns, column.has_value());
+    const std::vector<MenuLine> lines = linesFor(columns, column.has_value(), m_parts.filterStrip->isOpen());
     const int32_t folderKind = columns.folderKind();
     const int chosen = showPopupMenu(lines, owner, isByKeyboard ? belowHeader() : place);
     if (chosen != 0 && !life.isOver() && m_parts.serverDetailsView->columns().folderKind() == folderKind)
@@ -82,6 +84,10 @@ void HeaderMenu::carryOut(int chosen, std::optional<size_t> column)
     DetailsList& list = *m_parts.serverDetailsView;
     if (chosen == fitAll)
         fitAllColumns(list);
+    else if (chosen == filter && m_parts.filterStrip->isOpen())
+        m_parts.filterStrip->close();
+    else if (chosen == filter)
+        m_parts.filterStrip->open();
     else if (chosen == resetAll)
         resetColumns(list);
     else if (chosen == fitThis && column)

@@ -6,7 +6,7 @@
 
 namespace velk {
 
-// The menu of the list's header: which columns are shown, and how wide they are.
+// The menu of the list's header: which columns are shown, how wide they are, and whether rows are filtered.
 class HeaderMenu {
 public:
     explicit HeaderMenu(ViewParts& parts) noexcept : m_parts(parts) {}

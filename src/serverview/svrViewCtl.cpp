@@ -73,6 +73,9 @@ void svrViewCtl::UserControl_Initialize()
     });
     m_look.setPictures(GetSystemMetrics(SM_CXSMICON));
     m_keeper.begin(hwnd(), *m_splitter);
+    m_parts.filterStrip->setListener([this] { m_keeper.setFilterOpen(m_parts.filterStrip->isOpen()); });
+    if (m_keeper.isFilterOpen())
+        m_parts.filterStrip->show();
 }
 
 void svrViewCtl::setupGUI()

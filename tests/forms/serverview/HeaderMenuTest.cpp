@@ -28,7 +28,17 @@ TEST_F(HeaderMenuTest, rightClickOnAHeader_offersTheColumnsAndTheirWidths)
 {
     chooseFromMenu(1, L"");
     EXPECT_THAT(captions(), ElementsAre(L"* #500 (-)", L"* #501", L"* #502", L"-", L"Size This Column to Fit",
-                                        L"Size All Columns to Fit", L"-", L"Reset Columns"));
+                                        L"Size All Columns to Fit", L"-", L"Reset Columns", L"-", L"Filter"));
+}
+
+TEST_F(HeaderMenuTest, filter_opensTheStripAndClosesIt)
+{
+    chooseFromMenu(1, L"Filter");
+    EXPECT_TRUE(view.filterStrip().hasFocus());
+    chooseFromMenu(1, L"");
+    EXPECT_THAT(captions(), testing::Contains(L"* Filter"));
+    chooseFromMenu(1, L"Filter");
+    EXPECT_FALSE(view.filterStrip().isOpen());
 }
 
 TEST_F(HeaderMenuTest, columnThatIsChosen_isHiddenAndShownAgain)

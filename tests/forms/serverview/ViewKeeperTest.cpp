@@ -314,10 +314,16 @@ TEST_F(ViewKeeperTest, filterStrip_isKept)
 {
     viewStore::setValue(L"FilterStrip", L"1;1");
     begin();
-    EXPECT_TRUE(publishedView().keeper->isFilterOpen());
-    publishedView().keeper->setFilterOpen(false);
+    EXPECT_TRUE(life->filterStrip().isOpen());
+    EXPECT_FALSE(life->filterStrip().hasFocus());
+    life->filterStrip().close();
     end();
     EXPECT_EQ(viewStore::value(L"FilterStrip"), L"1;0");
+    begin();
+    EXPECT_FALSE(life->filterStrip().isOpen());
+    life->filterStrip().open();
+    end();
+    EXPECT_EQ(viewStore::value(L"FilterStrip"), L"1;1");
 }
 
 } // namespace

@@ -142,25 +142,6 @@ void rightClickRow(ScriptRunner& script, Text name)
     rightClick(list, probe::placeOfRow(list, *probe::row(list, name)));
 }
 
-struct KeyRow {
-    const wchar_t* name;
-    WORD key;
-};
-// clang-format off
-constexpr KeyRow keys[] = {
-    {L"tab", VK_TAB}, {L"enter", VK_RETURN}, {L"escape", VK_ESCAPE}, {L"delete", VK_DELETE}, {L"f5", VK_F5}, {L"f10", VK_F10},
-    {L"up", VK_UP}, {L"down", VK_DOWN}, {L"left", VK_LEFT}, {L"right", VK_RIGHT}, {L"menu", VK_APPS},
-};
-// clang-format on
-
-void pressNamed(ScriptRunner&, Text name)
-{
-    for (const KeyRow& row : keys)
-        if (name == row.name)
-            return input::key(row.key);
-    throw ScriptFailure(L"there is no key " + name);
-}
-
 void clickHeader(ScriptRunner& script, Text caption)
 {
     const HWND list = control(script, WC_LISTVIEWW);
@@ -190,7 +171,6 @@ constexpr ScriptCommand commands[] = {
     {L"right-click-row",  rightClickRow},
     {L"expect-menu",      expectMenu},
     {L"choose-menu",      chooseMenu},
-    {L"press",            pressNamed},
     {L"click-header",     clickHeader},
     {L"file-dialog",      fileDialog},
 };

@@ -9,13 +9,6 @@ namespace {
 constexpr int textRoom = 2048;
 constexpr int deepest = 16;
 
-std::wstring classOf(HWND window)
-{
-    wchar_t name[128] = L"";
-    GetClassNameW(window, name, 128);
-    return name;
-}
-
 struct Search {
     std::wstring className;
     HWND found = nullptr;
@@ -42,6 +35,20 @@ BOOL CALLBACK collectTexts(HWND window, LPARAM context) noexcept
     if (classOf(window) == L"Static")
         *reinterpret_cast<std::wstring*>(context) += textOf(window) + L"\n";
     return TRUE;
+}
+
+struct TextSearch {
+    const std::wstring& text;
+    HWND found = nullptr;
+};
+
+BOOL CALLBACK textFound(HWND window, LPARAM context) noexcept
+{
+    TextSearch& search = *reinterpret_cast<TextSearch*>(context);
+    if (!IsWindowVisible(window) || textOf(window) != search.text)
+        return TRUE;
+    search.found = window;
+    return FALSE;
 }
 
 struct FieldSearch {
@@ -75,6 +82,20 @@ void click(HWND window, const RECT& place, bool right)
 }
 
 } // namespace
+
+std::wstring classOf(HWND window)
+{
+    wchar_t name[128] = L"";
+    GetClassNameW(window, name, 128);
+    return name;
+}
+
+HWND childWithText(HWND parent, const std::wstring& text)
+{
+    TextSearch search{text};
+    EnumChildWindows(parent, textFound, reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
 
 HWND childOfClass(HWND parent, const wchar_t* className)
 {

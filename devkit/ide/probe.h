@@ -15,6 +15,9 @@ HWND childOfClass(HWND parent, const wchar_t* className);
 // A top-level window of this process by its class.
 HWND topWindow(const std::wstring& className);
 std::wstring textOf(HWND window);
+std::wstring classOf(HWND window);
+// A visible child, at any depth, with that very text; null when there is none.
+HWND childWithText(HWND parent, const std::wstring& text);
 
 // The message box (or dialog) that is on top; null when none is open.
 HWND dialog();

@@ -11,7 +11,8 @@ constexpr DWORD pause = 20;
 
 const ScriptCommand& commandOf(const ScriptLine& line)
 {
-    for (const auto commands : {shellCommands(), viewCommands(), menuCommands(), dragCommands(), fileCommands()})
+    for (const auto commands :
+         {shellCommands(), viewCommands(), menuCommands(), gestureCommands(), dragCommands(), fileCommands()})
         for (const ScriptCommand& row : commands)
             if (line.command == row.name)
                 return row;

@@ -50,6 +50,7 @@ struct ScriptCommand {
 std::span<const ScriptCommand> shellCommands();
 std::span<const ScriptCommand> viewCommands();
 std::span<const ScriptCommand> menuCommands();
+std::span<const ScriptCommand> gestureCommands();
 std::span<const ScriptCommand> dragCommands();
 std::span<const ScriptCommand> fileCommands();
 

@@ -1,6 +1,7 @@
 #include "devkit/ide/shell.h"
 
 #include "devkit/ide/looks.h"
+#include "window/control.h"
 
 #include <commdlg.h>
 
@@ -235,6 +236,11 @@ LRESULT Shell::handle(UINT message, WPARAM wParam, LPARAM lParam)
         return 0;
     case WM_PAINT:
         paint();
+        return 0;
+    case WM_SYSCOLORCHANGE:
+    case WM_SETTINGCHANGE:
+        // As frames of the IDE's making do, for all windows in them.
+        handOn(hwnd(), message, wParam, lParam);
         return 0;
     case WM_COMMAND:
         if (HIWORD(wParam) <= 1)

@@ -43,6 +43,8 @@ void SystemLook::follow(HWND view, UINT message, WPARAM wParam, LPARAM lParam)
         return;
     if (message == WM_SETTINGCHANGE)
         setPictures(GetSystemMetrics(SM_CXSMICON));
+    else
+        followColours(m_parts.list());
     // With the font all that is drawn by its measure is made anew, in the colours of now.
     if (m_font)
         setFont();

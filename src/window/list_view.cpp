@@ -267,4 +267,9 @@ void ListView::scrollToTop(int row) const noexcept
         send(LVM_SCROLL, 0, (row - topRow()) * (first.bottom - first.top));
 }
 
+void followColours(const ListView& list) noexcept
+{
+    list.send(LVM_SETBKCOLOR, 0, static_cast<LPARAM>(GetSysColor(COLOR_WINDOW)));
+}
+
 } // namespace velk

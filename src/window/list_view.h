@@ -84,4 +84,7 @@ private:
     unique_bitmap m_downArrow;
 };
 
+// The system's colours are others: a list keeps the one of its background from the time it was made.
+void followColours(const ListView& list) noexcept;
+
 } // namespace velk

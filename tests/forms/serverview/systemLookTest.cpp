@@ -20,6 +20,7 @@ protected:
     ~SystemLookTest() override
     {
         SetSysColors(1, &shadow, &shadowBefore);
+        SetSysColors(1, &window, &windowBefore);
         SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, metrics.cbSize, &metrics, 0);
     }
     void tell(UINT message) { SendMessageW(view.hwnd(), message, 0, 0); }
@@ -75,6 +76,8 @@ protected:
     static inline std::vector<UINT> heard;
     const int shadow = COLOR_BTNSHADOW;
     const COLORREF shadowBefore = GetSysColor(COLOR_BTNSHADOW);
+    const int window = COLOR_WINDOW;
+    const COLORREF windowBefore = GetSysColor(COLOR_WINDOW);
     NONCLIENTMETRICSW metrics{};
 };
 
@@ -114,6 +117,14 @@ TEST_F(SystemLookTest, otherColours_reachTheSortMark)
     tell(WM_SYSCOLORCHANGE);
     EXPECT_EQ(arrowColour(0), other);
     EXPECT_EQ(test::sortMark(list().view(), 0), ListView::SortMark::up);
+}
+
+TEST_F(SystemLookTest, otherColours_reachTheListsBackground)
+{
+    const COLORREF other = RGB(1, 2, 3);
+    SetSysColors(1, &window, &other);
+    tell(WM_SYSCOLORCHANGE);
+    EXPECT_EQ(static_cast<COLORREF>(list().view().send(LVM_GETBKCOLOR)), other);
 }
 
 TEST_F(SystemLookTest, otherColoursAndSettings_areToldToTheWindowsInTheView)

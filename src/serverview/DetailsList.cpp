@@ -25,6 +25,11 @@ void DetailsList::setFont(HFONT font)
     m_boldFont = std::move(boldFont);
 }
 
+HFONT DetailsList::fontOf(const Row& row) const noexcept
+{
+    return row.looks().bold ? m_boldFont.get() : reinterpret_cast<HFONT>(m_view.send(WM_GETFONT));
+}
+
 void DetailsList::showColumns(int32_t folderKind, const std::vector<std::wstring>& headers)
 {
     clear();

@@ -21,6 +21,7 @@ public:
     // All rows have their places, but for those of a filling that is under way.
     const RowModel& rows() noexcept;
     void setFont(HFONT font);
+    HFONT fontOf(const Row& row) const noexcept;
 
     // Empties the list and gives it the columns of a folder kind; a kind without columns gets none.
     void showColumns(int32_t folderKind, const std::vector<std::wstring>& headers);

@@ -112,10 +112,19 @@ void ContextMenus::clickMenuItem(MenuItem item) noexcept
     const MenuRow& row = menuRow(item);
     carryOut(m_parts.life, [&] {
         if (Objects several = severalObjects(row.menu); several.empty())
-            row.command(choiceOf(row));
+            doForOne(row);
         else
             doForSeveral(row, std::move(several));
     });
+}
+
+void ContextMenus::doForOne(const MenuRow& row)
+{
+    const Choice choice = choiceOf(row);
+    if (row.code == refreshCode)
+        askForContents(*m_parts.notice, m_parts.life, [&] { row.command(choice); });
+    else
+        row.command(choice);
 }
 
 // None while not more than one row is selected.

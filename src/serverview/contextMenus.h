@@ -35,6 +35,7 @@ private:
     Target targetOf(PopupMenu menu) const;
     Choice choiceOf(const MenuRow& row) const;
     Objects severalObjects(PopupMenu menu) const;
+    void doForOne(const MenuRow& row);
     void doForSeveral(const MenuRow& row, Objects objects);
     std::optional<Choice::Object> objectOf(PopupMenu menu) const;
 

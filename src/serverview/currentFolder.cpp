@@ -45,7 +45,7 @@ void CurrentFolder::selectNode(bool force)
     const int32_t kind = kindOf(node);
     m_parts.serverDetailsView->showColumns(kind, columnsOf(kind));
     m_parts.list().setName(node->text);
-    RZSetCurrentFolder(handle, kind);
+    askForContents(*m_parts.notice, m_parts.life, [&] { RZSetCurrentFolder(handle, kind); });
 }
 
 void CurrentFolder::forgetNode()
@@ -53,6 +53,7 @@ void CurrentFolder::forgetNode()
     m_previousNode.clear();
     m_parts.list().setName({});
     m_parts.serverDetailsView->showColumns(kindNone, {});
+    m_parts.notice->leaveFolder();
 }
 
 void CurrentFolder::nodeIsDeleted(const NMTREEVIEWW& notification)

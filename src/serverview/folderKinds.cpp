@@ -4,6 +4,7 @@
 #include "backend/fetched.h"
 #include "base/boundary.h"
 #include "base/unique_any.h"
+#include "serverview/FolderReading.h"
 #include "serverview/objectColumns.h"
 #include "serverview/publishedView.h"
 #include "serverview/viewAPIs.h"
@@ -51,6 +52,7 @@ template <const auto& begin, auto next, const auto& end, auto add>
 bool addAll(const Session& session, int32_t folderHandle)
 {
     const ListFilling shownTogether;
+    FolderReading reading(shownTogether);
     int32_t unread = 0;
     int32_t enumeration = 0;
     const int32_t begun = begin(folderHandle, unread, enumeration);
@@ -61,13 +63,16 @@ bool addAll(const Session& session, int32_t folderHandle)
         swallow(L"folder contents", L"the rows stand; the Backend forgets the enumeration with its session",
                 [&] { end(enumeration); });
     });
-    const auto isWanted = [&] { return !session.isOver() && !shownTogether.isOvertaken(); };
+    const auto isWanted = [&] { return !session.isOver() && !reading.isOver(); };
     decltype(recordOf(next)) record;
     EnumerationLimit limit;
     while (begun != 0 && isWanted() && !limit.isReached() && next(enumeration, record) != 0 && isWanted()) {
         add(record);
         limit.count(record.lHdl);
+        reading.count();
     }
+    if (begun != 0)
+        reading.succeed();
     return !limit.isReached() || !isWanted();
 }
 

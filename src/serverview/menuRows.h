@@ -27,6 +27,8 @@ enum class MenuItem {
 
 inline constexpr int32_t noText = 0; // keeps the caption of its row
 inline constexpr int32_t noCode = 0; // its command reads none, or it is a separator
+inline constexpr int32_t propertiesCode = 13;
+inline constexpr int32_t refreshCode = 10; // the contents of the folder come anew
 
 // One item: the menu it stands in, its caption ("-" is a separator), the message number of its text, the action code
 // that its tag carries, and what it does.

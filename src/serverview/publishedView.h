@@ -3,6 +3,7 @@
 #include "model/IntegrationMgr.h"
 #include "serverview/DetailsList.h"
 #include "serverview/keptRecords.h"
+#include "serverview/ListNotice.h"
 #include "window/image_list.h"
 #include "window/tree_view.h"
 
@@ -14,6 +15,7 @@ class ViewKeeper;
 struct PublishedView {
     TreeView* serverTreeView = nullptr;
     DetailsList* serverDetailsView = nullptr;
+    ListNotice* notice = nullptr;
     const ImageList* ImageList1 = nullptr;
     IntegrationMgr IMgr;
     Session life = Session::none(); // over with the control at the latest

@@ -48,6 +48,8 @@ bool ShortcutKeys::translateKey(const MSG& message)
         {'C',       control,         list,  &ShortcutKeys::useCopyOfNames},
         {'C',       control | shift, list,  &ShortcutKeys::useCopyOfTable},
         {VK_RETURN, plain,           list,  &ShortcutKeys::useFirstItem},
+        {VK_RETURN, alt,             list,  &ShortcutKeys::usePropertiesOfRow},
+        {VK_RETURN, alt,             tree,  &ShortcutKeys::usePropertiesOfNode},
         {VK_DELETE, plain,           list,  &ShortcutKeys::useRemoveOfRow},
         {VK_DELETE, plain,           tree,  &ShortcutKeys::useRemoveOfNode},
         {'F',       control,         any,   &ShortcutKeys::useFilter},
@@ -161,6 +163,30 @@ bool ShortcutKeys::useFirstItem()
     if (first)
         m_menus.clickMenuItem(*first);
     return first.has_value();
+}
+
+bool ShortcutKeys::usePropertiesOfRow()
+{
+    const bool isOne = m_parts.serverDetailsView->selectedCount() == 1; // several have no properties in common
+    return isOne && useProperties(m_menus.menuOfSelectedRow());
+}
+
+bool ShortcutKeys::usePropertiesOfNode()
+{
+    const bool isNode = m_parts.serverTreeView->selected() != nullptr;
+    return useProperties(isNode ? std::optional(PopupMenus::menuOfNode(m_parts.selectedKind())) : std::nullopt);
+}
+
+bool ShortcutKeys::useProperties(std::optional<PopupMenu> menu)
+{
+    for (const MenuRow& row : menuRows()) {
+        const MenuItemState& state = m_menus.menus()[row.item];
+        if (row.menu != menu || row.code != propertiesCode || !state.visible || !state.enabled)
+            continue;
+        m_menus.clickMenuItem(row.item);
+        return true;
+    }
+    return false;
 }
 
 bool ShortcutKeys::useRemoveOfRow()

@@ -14,6 +14,9 @@ public:
     // focus, but for those by which whatever has it moves.
     bool translateKey(const MSG& message);
 
+    // What Enter and a double click on the list's row do: the first item of its menu that can be chosen.
+    bool useFirstItem();
+
 private:
     struct KeyRow; // what a key does
 
@@ -26,7 +29,9 @@ private:
     bool useSelectAll();
     bool useCopyOfNames();
     bool useCopyOfTable();
-    bool useFirstItem();
+    bool usePropertiesOfRow();
+    bool usePropertiesOfNode();
+    bool useProperties(std::optional<PopupMenu> menu);
     bool useRemoveOfRow();
     bool useRemoveOfNode();
 

@@ -37,6 +37,13 @@ void Splitter::setHead(HWND head, int height)
     resizeGUI();
 }
 
+void Splitter::setFoot(HWND foot, int height)
+{
+    m_foot = foot;
+    m_footHeight = foot ? height : 0;
+    resizeGUI();
+}
+
 void Splitter::resizeGUI()
 {
     const RECT inner = innerOf(m_owner);
@@ -46,7 +53,8 @@ void Splitter::resizeGUI()
     const int barWidth = std::min<int>(toPixels(barWidthTwips), inner.right - treeWidth);
     const int listLeft = treeWidth + barWidth;
     const int listTop = std::min<int>(m_headHeight, inner.bottom);
-    HDWP places = BeginDeferWindowPos(4);
+    const int listBottom = std::max<int>(inner.bottom - m_footHeight, listTop);
+    HDWP places = BeginDeferWindowPos(5);
     const auto place = [&](HWND window, const RECT& at) {
         if (places && window)
             places = DeferWindowPos(places, window, nullptr, at.left, at.top, at.right - at.left, at.bottom - at.top,
@@ -55,7 +63,8 @@ void Splitter::resizeGUI()
     place(m_leftPane, {0, 0, treeWidth, inner.bottom});
     place(m_bar.hwnd(), {treeWidth, 0, listLeft, inner.bottom});
     place(m_head, {listLeft, 0, inner.right, listTop});
-    place(m_rightPane, {listLeft, listTop, inner.right, inner.bottom});
+    place(m_rightPane, {listLeft, listTop, inner.right, listBottom});
+    place(m_foot, {listLeft, listBottom, inner.right, std::max<LONG>(inner.bottom, listBottom)});
     if (places)
         EndDeferWindowPos(places);
 }

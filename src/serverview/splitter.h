@@ -18,6 +18,8 @@ public:
     // The width that the user gave the tree, in twips, however much of it is shown.
     int treeWidth() const noexcept { return m_treeWidth; }
     void setTreeWidth(int twips);
+    // A line below the right pane, of a height in pixels; null for none.
+    void setFoot(HWND foot, int height);
     // Puts the panes and the bar in their places.
     void resizeGUI();
     // Carries out a message of the owner if it is one of the mouse's; whether it is.
@@ -39,6 +41,8 @@ private:
     Control m_bar;
     HWND m_head = nullptr;
     int m_headHeight = 0;
+    HWND m_foot = nullptr;
+    int m_footHeight = 0;
     int m_treeWidth;
     int m_barLeft; // while dragged elsewhere than the tree's edge
     bool m_isDragging = false;

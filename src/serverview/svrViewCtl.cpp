@@ -67,6 +67,14 @@ void svrViewCtl::UserControl_Initialize()
     m_parts.serverDetailsView = std::make_unique<DetailsList>(hwnd());
     m_splitter = std::make_unique<Splitter>(hwnd(), m_parts.serverTreeView->hwnd(), m_parts.list().hwnd());
     m_parts.filterStrip = std::make_unique<FilterStrip>(hwnd(), *m_parts.serverDetailsView, *m_splitter);
+    m_foot = std::make_unique<ListFoot>(m_parts.list(), *m_splitter);
+    m_parts.notice = std::make_unique<ListNotice>(*m_parts.serverTreeView, *m_parts.serverDetailsView, *m_foot);
+    m_tips = std::make_unique<CellTips>(hwnd(), *m_parts.serverDetailsView);
+    m_parts.list().watch().setWitness([this](UINT message) {
+        if (message == WM_SIZE)
+            m_parts.notice->wrapAnew();
+        m_tips->onMessage(message);
+    });
     m_parts.list().removeColumns();
     m_parts.list().watch().setFilter([this](UINT message, WPARAM, LPARAM lParam) {
         return answerHeader(*m_parts.serverDetailsView, message, lParam);
@@ -83,8 +91,10 @@ void svrViewCtl::setupGUI()
     if (!hwnd())
         return; // closed while the control was handed over
     m_look.setFont();
+    m_foot->followFont();
     publishedView() = {m_parts.serverTreeView.get(),
                        m_parts.serverDetailsView.get(),
+                       m_parts.notice.get(),
                        m_look.ImageList1(),
                        m_parts.IMgr,
                        m_parts.life,
@@ -111,6 +121,8 @@ bool svrViewCtl::translateKey(const MSG& message)
     const bool isPlain = message.message == WM_KEYDOWN; // with Alt held down, and F10, it is the other
     if ((!isPlain && message.message != WM_SYSKEYDOWN) || m_parts.life.isOver())
         return false;
+    if (isPlain && m_parts.notice->takesKey(message))
+        return true;
     return (isPlain && message.wParam == VK_ESCAPE && m_splitter->cancelDrag()) || m_keys.translateKey(message);
 }
 
@@ -152,13 +164,18 @@ LRESULT svrViewCtl::onListNotify(const NMHDR& header, LPARAM lParam)
     case LVN_GETDISPINFOW:
         list.onGetDispInfo(*reinterpret_cast<NMLVDISPINFOW*>(lParam));
         return 0;
-    case NM_CUSTOMDRAW:
-        return list.onCustomDraw(*reinterpret_cast<NMLVCUSTOMDRAW*>(lParam));
     case LVN_ITEMCHANGED:
         list.selection().rowChanged(*reinterpret_cast<const NMLISTVIEW*>(lParam));
         return 0;
     case LVN_ODSTATECHANGED:
         list.selection().forget();
+        return 0;
+    case NM_CUSTOMDRAW: {
+        auto& draw = *reinterpret_cast<NMLVCUSTOMDRAW*>(lParam);
+        return m_parts.notice->onCustomDraw(draw, list.onCustomDraw(draw));
+    }
+    case NM_DBLCLK:
+        onDoubleClick(*reinterpret_cast<const NMITEMACTIVATE*>(lParam));
         return 0;
     case LVN_COLUMNCLICK:
         list.sortBy(list.columns().columnAt(reinterpret_cast<const NMLISTVIEW*>(lParam)->iSubItem));
@@ -171,6 +188,14 @@ LRESULT svrViewCtl::onListNotify(const NMHDR& header, LPARAM lParam)
     default:
         return 0;
     }
+}
+
+void svrViewCtl::onDoubleClick(const NMITEMACTIVATE& click)
+{
+    // With Ctrl or Shift it is two clicks that select.
+    const bool isPlain = click.iItem >= 0 && (click.uKeyFlags & (LVKF_ALT | LVKF_CONTROL | LVKF_SHIFT)) == 0;
+    if (isPlain && !m_parts.life.isOver())
+        m_keys.useFirstItem();
 }
 
 void svrViewCtl::onContextMenu(HWND pane, LPARAM place) noexcept
@@ -189,6 +214,9 @@ void svrViewCtl::onDestroy()
 {
     // This object may live on in calls that are under way, with nothing left to work on.
     endLife();
+    if (m_tips)
+        m_parts.list().watch().setWitness({});
+    m_tips.reset();
     // Before the tree's window goes, which may move the selection through the nodes that are left.
     if (m_parts.serverTreeView)
         m_parts.serverTreeView->clear();
@@ -216,6 +244,12 @@ LRESULT svrViewCtl::handle(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_SYSCOLORCHANGE:
     case WM_SETTINGCHANGE:
         m_look.follow(hwnd(), message, wParam, lParam);
+        if (m_foot)
+            m_foot->followFont();
+        return 0;
+    case WM_TIMER:
+        if (wParam == CellTips::timer && m_tips)
+            m_tips->onTimer();
         return 0;
     case WM_SIZE:
         UserControl_Resize();

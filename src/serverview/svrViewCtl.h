@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/IntegrationMgr.h"
+#include "serverview/CellTips.h"
 #include "serverview/contextMenus.h"
 #include "serverview/currentFolder.h"
 #include "serverview/HeaderMenu.h"
@@ -50,6 +51,7 @@ private:
     void UserControl_Resize();
     void endLife() noexcept;
     void focusPane() noexcept;
+    void onDoubleClick(const NMITEMACTIVATE& click);
     void onContextMenu(HWND pane, LPARAM place) noexcept;
     void onDestroy();
     LRESULT onNotify(const NMHDR& header, LPARAM lParam);
@@ -59,6 +61,8 @@ private:
     ViewParts m_parts;
     SystemLook m_look{m_parts};
     std::unique_ptr<Splitter> m_splitter;
+    std::unique_ptr<ListFoot> m_foot;
+    std::unique_ptr<CellTips> m_tips;
     CurrentFolder m_folder{m_parts};
     ViewKeeper m_keeper{m_parts};
     ContextMenus m_contextMenus{m_parts, m_folder};

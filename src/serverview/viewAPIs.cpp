@@ -93,6 +93,7 @@ void updateConnectionNode(const trzConnection& connection) noexcept
         if (publishedTree().node(key).text != connection.strDatabase)
             publishedTree().setText(key, connection.strDatabase);
         publishedTree().setImage(key, pictureOf(pictureKeyOf(connection)));
+        publishedView().notice->refresh();
     });
 }
 

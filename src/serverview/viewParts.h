@@ -3,6 +3,7 @@
 #include "model/IntegrationMgr.h"
 #include "serverview/DetailsList.h"
 #include "serverview/FilterStrip.h"
+#include "serverview/ListNotice.h"
 #include "serverview/viewAPIs.h"
 #include "window/tree_view.h"
 
@@ -20,6 +21,7 @@ struct ViewParts {
     // looks at a copy before it goes on, and no gesture of the user reaches a tool that is going.
     Session life;
     std::unique_ptr<FilterStrip> filterStrip{}; // above the list
+    std::unique_ptr<ListNotice> notice{};       // of the two panes, as long as they are there
 
     ListView& list() const noexcept { return serverDetailsView->view(); }
     // The kind of the tree's selected node.

@@ -62,7 +62,7 @@ ListView::ListView(HWND parent)
     : Control(WC_LISTVIEWW, parent, WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS,
               WS_EX_CLIENTEDGE)
 {
-    constexpr DWORD extended = LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP | LVS_EX_HEADERDRAGDROP;
+    constexpr DWORD extended = LVS_EX_FULLROWSELECT | LVS_EX_HEADERDRAGDROP;
     send(LVM_SETEXTENDEDLISTVIEWSTYLE, extended, extended);
     measure(reinterpret_cast<HFONT>(send(WM_GETFONT)));
 }

@@ -67,11 +67,15 @@ LRESULT CALLBACK MessageWatch::procedure(HWND window, UINT message, WPARAM wPara
             module::unlock();
         if (watch)
             watch->m_window = nullptr;
-    } else if (watch && watch->m_listener && message != WM_DESTROY) {
-        swallow(L"message watch", L"the window gets its message all the same", [watch] {
-            // The messages that it sends may end the watch.
+    } else if (watch && message != WM_DESTROY) {
+        swallow(L"message watch", L"the window gets its message all the same", [&] {
+            // The messages that they send may end the watch.
             const std::function<void()> listener = watch->m_listener;
-            listener();
+            const std::function<void(UINT)> witness = watch->m_witness;
+            if (listener)
+                listener();
+            if (witness && GetWindowLongPtrW(window, GWLP_USERDATA) == data)
+                witness(message);
         });
     }
     // What the listener did may have ended the watch.

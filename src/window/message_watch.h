@@ -23,6 +23,8 @@ public:
     // The answer to a message that the window is not to get; asked after the listener. May not end the window.
     using Filter = std::function<std::optional<LRESULT>(UINT message, WPARAM wParam, LPARAM lParam)>;
     void setFilter(Filter filter) { m_filter = std::move(filter); }
+    // The same with the message itself, which is the listener's first: what it throws is reported, too.
+    void setWitness(std::function<void(UINT message)> witness) { m_witness = std::move(witness); }
     // Whether the window is at work on a message: what it says of itself may be on its way to something else.
     bool isAtWork() const noexcept { return *m_depth > 0; }
 
@@ -36,6 +38,7 @@ private:
     std::shared_ptr<int> m_depth = std::make_shared<int>(0); // of messages within messages; outlives this in them
     std::function<void()> m_listener;
     Filter m_filter;
+    std::function<void(UINT)> m_witness;
 };
 
 } // namespace velk

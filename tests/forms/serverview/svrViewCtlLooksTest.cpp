@@ -132,6 +132,7 @@ TEST_F(LooksTest, dirtyProcedure_isDrawnBold)
 
 TEST_F(LooksTest, drawing_isAskedForRowByRow)
 {
+    addProcedureRow(plain);
     NMLVCUSTOMDRAW question{};
     question.nmcd.hdr.hwndFrom = list().view().hwnd();
     question.nmcd.hdr.code = static_cast<UINT>(NM_CUSTOMDRAW);

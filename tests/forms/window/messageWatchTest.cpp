@@ -50,6 +50,28 @@ TEST_F(MessageWatchTest, everyMessage_isHeardOfAndAnsweredByTheWindow)
     EXPECT_EQ(heard, 2);
 }
 
+TEST_F(MessageWatchTest, witness_hearsWhichMessageItIsBehindTheListener)
+{
+    UINT seen = 0;
+    int heardBefore = 0;
+    watch->setWitness([&](UINT message) {
+        seen = message;
+        heardBefore = heard;
+    });
+    SendMessageW(window.get(), EM_GETLINECOUNT, 0, 0);
+    EXPECT_EQ(seen, UINT{EM_GETLINECOUNT});
+    EXPECT_EQ(heardBefore, 1);
+}
+
+TEST_F(MessageWatchTest, witnessOfAWatchThatTheListenerEnds_hearsNothing)
+{
+    bool hasHeard = false;
+    watch->setWitness([&](UINT) { hasHeard = true; });
+    watch->setListener([this] { watch.reset(); });
+    EXPECT_EQ(SendMessageW(window.get(), WM_GETTEXTLENGTH, 0, 0), 4);
+    EXPECT_FALSE(hasHeard);
+}
+
 TEST_F(MessageWatchTest, message_isHeardOfBeforeTheWindowAnswers)
 {
     watch->setListener([this] {

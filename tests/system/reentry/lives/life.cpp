@@ -269,6 +269,7 @@ void Life::choose(const wchar_t* row, const wchar_t* item)
     const auto place = list ? probe::row(list, row) : std::nullopt;
     if (!place)
         return;
+    ListView_SetItemState(list, -1, 0, LVIS_SELECTED); // as a click does
     ListView_SetItemState(list, *place, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
     openMenuOf(list, item);
 }

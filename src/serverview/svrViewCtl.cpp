@@ -247,10 +247,6 @@ LRESULT svrViewCtl::handle(UINT message, WPARAM wParam, LPARAM lParam)
         if (m_foot)
             m_foot->followFont();
         return 0;
-    case WM_TIMER:
-        if (wParam == CellTips::timer && m_tips)
-            m_tips->onTimer();
-        return 0;
     case WM_SIZE:
         UserControl_Resize();
         return 0;
@@ -265,6 +261,10 @@ LRESULT svrViewCtl::handle(UINT message, WPARAM wParam, LPARAM lParam)
         m_rowDrag.carryOut();
         return 0;
     case WM_TIMER:
+        if (wParam == CellTips::timer && m_tips) {
+            m_tips->onTimer();
+            return 0;
+        }
         return m_keeper.useTimer(wParam) ? 0 : handleDefault(message, wParam, lParam);
     case WM_SETFOCUS:
         focusPane();

@@ -31,6 +31,7 @@ protected:
     {
         const IntegrationMgr shared(com_ptr<_IntegrationMgr>(manager.get()), session);
         view.setIMgr(shared);
+        view.setupGUI(); // as the document does when it hands the manager over
         pump->setIMMgr(shared);
         addProject();
         tree().select(L"K1");

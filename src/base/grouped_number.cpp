@@ -3,6 +3,7 @@
 #include "base/win32.h"
 
 #include <array>
+#include <charconv>
 
 namespace velk {
 namespace {
@@ -29,7 +30,9 @@ UINT groups() noexcept
 
 std::wstring groupedNumber(size_t number)
 {
-    const std::wstring digits = std::to_wstring(number);
+    // Not by the library's own text of a number, which brings all of its formatted output along.
+    std::array<char, 24> plain{};
+    const std::wstring digits(plain.begin(), std::to_chars(plain.data(), plain.data() + plain.size(), number).ptr);
     std::array<wchar_t, 8> point{L'.'};
     std::array<wchar_t, 8> separator{};
     GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_STHOUSAND, separator.data(), static_cast<int>(separator.size()));

@@ -85,8 +85,10 @@ void KeptTree::restoreSelection(const TreeNode& connection, bool isConnected)
 void KeptTree::select(const std::wstring& key)
 {
     m_toSelect.reset();
-    m_isRestoring = true;
-    const scope_exit done([this] { m_isRestoring = false; });
+    // The tool is told of the folder, and this may be gone when it comes back.
+    const std::shared_ptr<bool> isRestoring = m_isRestoring;
+    *isRestoring = true;
+    const scope_exit done([isRestoring] { *isRestoring = false; });
     m_parts.serverTreeView->select(key);
 }
 
@@ -95,7 +97,7 @@ void KeptTree::onSelected(const NMTREEVIEWW& notification)
     // The tree itself tells, without an item, what it selected instead of a node that went. Some systems select the
     // first node that comes.
     const bool isUsers = notification.action == TVC_BYMOUSE || notification.action == TVC_BYKEYBOARD;
-    if (m_isRestoring || !notification.itemNew.hItem)
+    if (*m_isRestoring || !notification.itemNew.hItem)
         return;
     const std::optional<KeptNode> name = nameOf(m_parts.serverTreeView->selected());
     if (!name || (name->kind == kindProject && !isUsers))
@@ -113,7 +115,7 @@ void KeptTree::onSelected(const NMTREEVIEWW& notification)
 
 void KeptTree::onExpanded(const NMTREEVIEWW& notification)
 {
-    if (m_isRestoring || m_parts.serverTreeView->isExpanding())
+    if (*m_isRestoring || m_parts.serverTreeView->isExpanding())
         return;
     const auto* node = reinterpret_cast<const TreeNode*>(notification.itemNew.lParam);
     const std::optional<KeptNode> name = nameOf(node);

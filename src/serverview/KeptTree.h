@@ -4,6 +4,7 @@
 #include "serverview/viewParts.h"
 
 #include <functional>
+#include <memory>
 #include <string>
 
 namespace velk {
@@ -42,7 +43,7 @@ private:
     std::map<std::wstring, bool> m_toExpand; // as the user left it before, by connection
     std::optional<KeptNode> m_toSelect;
     bool m_hasUserSelected = false; // since the project came
-    bool m_isRestoring = false;
+    std::shared_ptr<bool> m_isRestoring = std::make_shared<bool>(false);
     std::function<void()> m_listener;
 };
 

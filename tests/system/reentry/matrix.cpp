@@ -30,11 +30,12 @@ std::vector<std::string> MatrixRun::undisturbedLife(const std::wstring& how)
     return said();
 }
 
-int MatrixRun::runFrom(const std::wstring& file, int number, std::vector<std::string>& wrong)
+int MatrixRun::runFrom(const std::wstring& file, int number, const std::wstring& beginning,
+                       std::vector<std::string>& wrong)
 {
     ++processes;
-    const DWORD code =
-        runProgram(L"\"" + path(L"reentry_lives.exe") + L"\" run " + file + L" " + std::to_wstring(number));
+    const DWORD code = runProgram(L"\"" + path(L"reentry_lives.exe") + L"\" run " + file + L" " +
+                                  std::to_wstring(number) + L" " + beginning);
     std::string pair; // that is under way
     for (const std::string& line : said()) {
         if (line == "END")
@@ -57,11 +58,11 @@ int MatrixRun::runFrom(const std::wstring& file, int number, std::vector<std::st
     return number;
 }
 
-std::vector<std::string> MatrixRun::wrongPairs(const std::wstring& file)
+std::vector<std::string> MatrixRun::wrongPairs(const std::wstring& file, const std::wstring& beginning)
 {
     std::vector<std::string> wrong;
     for (int number = 0; number >= 0;) {
-        const int next = runFrom(file, number, wrong);
+        const int next = runFrom(file, number, beginning, wrong);
         if (next == number) { // nothing began: no further process would do better
             wrong.push_back("the program does not run: " + output);
             break;

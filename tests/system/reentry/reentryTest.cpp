@@ -26,6 +26,7 @@ constexpr const char* wholeLife[] = {
     "OK",
 };
 constexpr int leastPairs = 350;
+constexpr int leastPairsOfView = 80;
 constexpr size_t mostMissed = 12; // polls come by the clock: the last ones of a life may not come
 
 class ReentryTest : public test::MatrixRun {
@@ -80,6 +81,14 @@ TEST_F(ReentryTest, everyCallWithEveryReentry_leavesNothingAndTheNextLifeIsClean
     EXPECT_THAT(wrongPairs(L"pairs.txt"), IsEmpty());
     EXPECT_GE(tried, leastPairs);
     EXPECT_LE(missed.size(), mostMissed);
+}
+
+TEST_F(ReentryTest, viewThatComesBack_meetsEveryReentryInsideTheToolsCalls)
+{
+    EXPECT_THAT(undisturbedLife(L"record-kept pairs.txt"),
+                ElementsAre("FACT nodes: 7", "FACT selected: Tables", "FACT rows: 8", "FACT filter: open", "OK"));
+    EXPECT_THAT(wrongPairs(L"pairs.txt", L"kept"), IsEmpty());
+    EXPECT_GE(tried, leastPairsOfView);
 }
 
 } // namespace

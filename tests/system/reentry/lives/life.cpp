@@ -3,7 +3,6 @@
 #include "devkit/ide/probe.h"
 #include "devkit/ide/reentry.h"
 #include "devkit/ide/script.h"
-#include "support/keptView.h"
 #include "timeLimit.h"
 #include "watch.h"
 
@@ -89,6 +88,12 @@ MenuItem itemOf(HMENU menu, const std::wstring& caption)
     return {};
 }
 
+// Though the IDE around it is hidden.
+bool isShown(HWND window)
+{
+    return (GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
 void press(HWND dialog, HWND button)
 {
     const auto id = static_cast<WORD>(GetDlgCtrlID(button));
@@ -97,9 +102,9 @@ void press(HWND dialog, HWND button)
 
 } // namespace
 
-Life::Life(std::wstring solution) : m_solution(std::move(solution))
+Life::Life(std::wstring solution, const test::LeftView& left) : m_solution(std::move(solution))
 {
-    test::forgetKeptView();
+    test::leaveView(left);
     m_furniture = furniture(m_shell);
     living = this;
     m_timer = SetTimer(nullptr, 0, 10, answerOpen);
@@ -337,6 +342,19 @@ void Life::brief(bool isLetGo)
     browse(L"Tables");
     if (isLetGo)
         m_shell.addIns().letGo(progId);
+    end();
+}
+
+void Life::back()
+{
+    load();
+    start();
+    const HWND tree = control(WC_TREEVIEWW);
+    const HWND list = control(WC_LISTVIEWW);
+    const HWND strip = control(L"velkviadd.filterStrip");
+    see(L"selected: " + (tree ? probe::nodeText(tree, TreeView_GetSelection(tree)) : std::wstring()));
+    see(L"rows: " + std::to_wstring(list ? probe::rowCount(list) : 0));
+    see(std::wstring(L"filter: ") + (strip && isShown(strip) ? L"open" : L"closed"));
     end();
 }
 

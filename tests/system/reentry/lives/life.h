@@ -1,6 +1,7 @@
 #pragma once
 
 #include "devkit/ide/shell.h"
+#include "support/keptView.h"
 
 #include <string>
 #include <vector>
@@ -12,7 +13,8 @@ namespace velk::devkit {
 // are answered by a timer.
 class Life {
 public:
-    explicit Life(std::wstring solution);
+    // The server view begins as a new user's, or as somebody left it.
+    explicit Life(std::wstring solution, const test::LeftView& left = {});
     Life(const Life&) = delete;
     Life& operator=(const Life&) = delete;
     ~Life();
@@ -23,6 +25,8 @@ public:
     void wholeWithSourceSafe();
     // Load, start, one folder, unload; or the host lets go of the add-in without telling it.
     void brief(bool isLetGo = false);
+    // Load, start, and what the view does by itself to be as it was left; unload.
+    void back();
     // What is loaded still, second objects too, is unloaded.
     void end();
 

@@ -5,7 +5,10 @@
 //                           an undisturbed life with source control; writes the pairs of a call and a manner in which
 //                           it fails: about so many of each door, or all
 //   pumped                  an undisturbed life with messages worked off inside every call
-//   run FILE NUMBER         pairs from this one on; ends with 10 behind one that leaves something in the process, and
+//   record-kept FILE        the same of a life whose view comes back as it was left, with a folder selected and the
+//                           filter strip open; only calls of the tool
+//   run FILE NUMBER [kept]  pairs from this one on, of lives that begin as new or like that; ends with 10 behind one
+//   that leaves something in the process, and
 //                           with 0 when it has done enough of them, or said END
 //   pair PLACE ACTION       one pair
 //   cycles NUMBER [let-go]  so many lives, the add-in unloaded after each, or let go of without a word; what the
@@ -149,6 +152,31 @@ void writePairs(const std::wstring& file, const std::vector<Pair>& pairs)
     appendToFile(file, lines);
 }
 
+// A view with a selected folder and an open filter strip, as a life leaves it.
+test::LeftView viewToComeBack(SessionWatch& watch)
+{
+    if (!cleanLife(watch).empty())
+        throw ScriptFailure(L"no life could leave its view");
+    test::LeftView left = test::leftView();
+    left.values.emplace_back(L"FilterStrip", L"1;1");
+    return left;
+}
+
+int recordKept(const std::wstring& file)
+{
+    SessionWatch watch;
+    const test::LeftView left = viewToComeBack(watch);
+    watch.closeForNext();
+    Life life(solutionPath(), left);
+    reentry().count();
+    life.back();
+    std::map<std::wstring, int> calls = reentry().counts();
+    std::erase_if(calls, [](const auto& call) { return !call.first.starts_with(L"RZ"); });
+    writePairs(file, pairsOf(calls, false));
+    sayFacts(life.facts());
+    return sayWrong(wrongAfter(life, watch));
+}
+
 int record(const std::wstring& file, bool isFull)
 {
     SessionWatch watch;
@@ -175,13 +203,18 @@ int recordFaults(const std::wstring& file, size_t most)
     return result;
 }
 
-std::vector<std::wstring> disturbedLife(const Pair& pair, SessionWatch& watch, bool isTold)
+// Of a life whose view begins as it was left, or as a new user's.
+std::vector<std::wstring> disturbedLife(const Pair& pair, const std::optional<test::LeftView>& left,
+                                        SessionWatch& watch, bool isTold)
 {
-    Life life(solutionPath());
+    Life life(solutionPath(), left.value_or(test::LeftView{}));
     const ReentryAction& action = actionOf(pair.action);
     faults().count();
     reentry().plan(pair.place, [&] { action.run(life.shell()); });
-    life.whole();
+    if (left)
+        life.back();
+    else
+        life.whole();
     if (isTold)
         sayFacts(life.facts());
     return wrongAfter(life, watch);
@@ -199,13 +232,13 @@ std::vector<std::wstring> faultedLife(const Pair& pair, FaultManner manner, Sess
     return wrongAfterFault(life, watch);
 }
 
-int runPair(const Pair& pair, SessionWatch& watch, bool isAlone)
+int runPair(const Pair& pair, const std::optional<test::LeftView>& left, SessionWatch& watch, bool isAlone)
 {
     const auto manner = faultManner(pair.action);
     beginPair();
     const long before = heldObjects();
     std::vector<std::wstring> wrong =
-        manner ? faultedLife(pair, *manner, watch, isAlone) : disturbedLife(pair, watch, isAlone);
+        manner ? faultedLife(pair, *manner, watch, isAlone) : disturbedLife(pair, left, watch, isAlone);
     faults().rest();
     if (heldObjects() != before)
         wrong.push_back(std::to_wstring(heldObjects() - before) + L" objects of the IDE are held");
@@ -220,17 +253,21 @@ int runPair(const Pair& pair, SessionWatch& watch, bool isAlone)
     return sayWrong(wrong);
 }
 
-int run(const std::wstring& file, size_t number)
+int run(const std::wstring& file, size_t number, bool isKept)
 {
     std::wstring text;
     readTextFile(file, text);
     const std::vector<Pair> pairs = readPairs(text);
     SessionWatch watch;
+    std::optional<test::LeftView> left;
+    if (isKept)
+        left = viewToComeBack(watch);
+    watch.closeForNext();
     const size_t last = std::min(pairs.size(), number + mostPairs);
     const DWORD began = GetTickCount();
     for (; number < last && GetTickCount() - began < longestRun; ++number) {
         say(L"PAIR " + std::to_wstring(number) + L" " + pairLine(pairs[number]));
-        const int result = runPair(pairs[number], watch, false);
+        const int result = runPair(pairs[number], left, watch, false);
         watch.closeForNext();
         // Only what it left in the process itself would be met by the next pair.
         if (result != 0 && !leftInProcess().empty())
@@ -276,11 +313,13 @@ int work(const std::vector<std::wstring>& arguments)
     if (what == L"record-faults" && arguments.size() >= 2)
         return recordFaults(arguments[1],
                             arguments.size() > 2 ? static_cast<size_t>(_wtoi(arguments[2].c_str())) : SIZE_MAX);
-    if (what == L"run" && arguments.size() == 3)
-        return run(arguments[1], static_cast<size_t>(_wtoi(arguments[2].c_str())));
+    if (what == L"record-kept" && arguments.size() == 2)
+        return recordKept(arguments[1]);
+    if (what == L"run" && arguments.size() >= 3)
+        return run(arguments[1], static_cast<size_t>(_wtoi(arguments[2].c_str())), arguments.size() > 3);
     SessionWatch watch;
     if (what == L"pair" && arguments.size() == 3)
-        return runPair({callPlace(arguments[1]).value(), arguments[2]}, watch, true);
+        return runPair({callPlace(arguments[1]).value(), arguments[2]}, std::nullopt, watch, true);
     if (what == L"cycles" && arguments.size() >= 2)
         return runCycles(_wtoi(arguments[1].c_str()), arguments.size() > 2 ? Ending::letGo : Ending::disconnected);
     if (what != L"pumped")

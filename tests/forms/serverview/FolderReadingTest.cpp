@@ -3,6 +3,8 @@
 #include "base/grouped_number.h"
 #include "listFixture.h"
 
+#include <product.h>
+
 namespace velk {
 namespace {
 
@@ -50,21 +52,31 @@ protected:
         std::wstring text = ownTexts::readSoFar;
         return text.replace(text.find(L"%1"), 2, groupedNumber(objects));
     }
-    // What the line below the list says; empty without one.
+    // The line below the list; null without one.
+    HWND footLine()
+    {
+        HWND child = nullptr;
+        while ((child = FindWindowExW(view.hwnd(), child, L"STATIC", nullptr)) != nullptr)
+            if (child != view.splitPane() && IsWindowVisible(child))
+                break;
+        return child;
+    }
     std::wstring foot()
     {
-        for (HWND child = nullptr; (child = FindWindowExW(view.hwnd(), child, L"STATIC", nullptr)) != nullptr;)
-            if (child != view.splitPane() && IsWindowVisible(child)) {
-                wchar_t text[128]{};
-                GetWindowTextW(child, text, 128);
-                return text;
-            }
-        return {};
+        wchar_t text[128]{};
+        if (const HWND line = footLine())
+            GetWindowTextW(line, text, 128);
+        return text;
+    }
+    static RECT placeOf(HWND window)
+    {
+        RECT place{};
+        GetWindowRect(window, &place);
+        return place;
     }
     LONG listHeight()
     {
-        RECT place{};
-        GetWindowRect(list().view().hwnd(), &place);
+        const RECT place = placeOf(list().view().hwnd());
         return place.bottom - place.top;
     }
     // Esc is pressed when the tool is asked for an object, and not let go.
@@ -114,6 +126,20 @@ TEST_F(FolderReadingTest, longReading_waitsAndCountsInTheListsArea)
     EXPECT_EQ(seen, picture(told(6)));
     EXPECT_FALSE(isWaiting());
     EXPECT_EQ(shownRows(), 20);
+}
+
+TEST_F(FolderReadingTest, longReadingWithoutMemoryForItsNumber_readsOn)
+{
+    {
+        ListNotice& notice = *publishedView().notice;
+        const test::OutOfMemory none;
+        notice.tellNumber(12'300);
+        EXPECT_TRUE(none.wasFelt());
+        notice.endStopped(12'300, 0);
+    }
+    fillViews();
+    EXPECT_EQ(shownRows(), 20);
+    EXPECT_EQ(foot(), L"");
 }
 
 TEST_F(FolderReadingTest, number_isTheNextAfterATenthOfASecond)
@@ -169,6 +195,20 @@ TEST_F(FolderReadingTest, stoppedReading_saysBelowTheListThatThereAreMore)
     EXPECT_EQ(foot(), L"");
     EXPECT_EQ(listHeight(), before);
     EXPECT_EQ(shownRows(), 20);
+}
+
+TEST_F(FolderReadingTest, stoppedReadingWithTheFilterStripOpen_leavesTheListTheRoomBetweenThem)
+{
+    pressEscapeAt(9);
+    fillViews();
+    const HWND line = footLine();
+    view.filterStrip().show();
+    const HWND strip = FindWindowExW(view.hwnd(), nullptr, VELK_OWN_NAME("filterStrip"), nullptr);
+    ASSERT_TRUE(strip && IsWindowVisible(strip));
+    EXPECT_EQ(placeOf(strip).bottom, placeOf(list().view().hwnd()).top);
+    EXPECT_EQ(placeOf(list().view().hwnd()).bottom, placeOf(line).top);
+    EXPECT_GT(listHeight(), 0);
+    EXPECT_EQ(foot(), L"Stopped after 9 objects. There are more: F5 reads all.");
 }
 
 TEST_F(FolderReadingTest, stoppedReading_isForgottenWithItsFolder)

@@ -12,6 +12,14 @@ TEST_F(ListNoticeTest, nothingSelected_isToldInGreyByTheListItself)
     EXPECT_EQ(GetWindow(list().view().hwnd(), GW_CHILD), reinterpret_cast<HWND>(list().view().send(LVM_GETHEADER)));
 }
 
+TEST_F(ListNoticeTest, paintingWithoutMemory_tellsNothingAndTheNextOneDoes)
+{
+    const auto [seen, wasFelt] = paintedWithoutMemory();
+    EXPECT_TRUE(wasFelt);
+    EXPECT_EQ(seen, picture(L""));
+    EXPECT_EQ(painted(), picture(ownTexts::nothingSelected));
+}
+
 TEST_F(ListNoticeTest, projectAndConnection_tellToSelectAFolder)
 {
     tree().select(L"K1");

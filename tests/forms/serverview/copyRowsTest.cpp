@@ -1,4 +1,5 @@
 #include "base/text.h"
+#include "serverview/columnCommands.h"
 #include "severalFixture.h"
 #include "support/outOfMemory.h"
 #include "ui/ownTexts.h"
@@ -83,6 +84,18 @@ TEST_F(CopyTest, movedColumns_areCopiedAsTheyStand)
     list().view().send(LVM_SETCOLUMNORDERARRAY, 3, reinterpret_cast<LPARAM>(places));
     EXPECT_TRUE(press('C', {VK_CONTROL, VK_SHIFT}));
     EXPECT_EQ(clipboard(), header(2) + L"\t" + header(0) + L"\t" + header(1) + L"\r\nc\tv\ts\r\nd\tw\tt");
+}
+
+TEST_F(CopyTest, hiddenColumn_isNotCopied)
+{
+    tree().select(L"K24");
+    addViewRow({.lHdl = 300, .strSchema = L"s", .strName = L"v", .strComment = L"c"});
+    list().view().selectRow(0);
+    SetFocus(list().view().hwnd());
+    const std::wstring headers = header(0) + L"\t" + header(2);
+    setColumnShown(list(), 1, false);
+    EXPECT_TRUE(press('C', {VK_CONTROL, VK_SHIFT}));
+    EXPECT_EQ(clipboard(), headers + L"\r\nv\tc");
 }
 
 TEST_F(CopyTest, cellOfAnyLength_isCopiedWhole)

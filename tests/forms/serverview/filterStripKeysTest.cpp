@@ -97,6 +97,30 @@ TEST_F(FilterStripKeysTest, controlWithX_cutsToTheClipboardAndBack)
     EXPECT_EQ(shownRows(), 1);
 }
 
+TEST_F(FilterStripKeysTest, controlWithCXVAndZ_copyCutPasteAndUndoTheText)
+{
+    openStrip();
+    type(L"ra");
+    press('A', {VK_CONTROL});
+    EXPECT_TRUE(press('X', {VK_CONTROL}));
+    EXPECT_EQ(textOf(edit()), L"");
+    EXPECT_EQ(shownRows(), 3);
+    EXPECT_TRUE(press('V', {VK_CONTROL}));
+    EXPECT_EQ(textOf(edit()), L"ra");
+    EXPECT_EQ(shownRows(), 1);
+    SetWindowTextW(edit(), L"lo"); // with nothing to undo
+    press('A', {VK_CONTROL});
+    EXPECT_TRUE(press('C', {VK_CONTROL}));
+    EXPECT_EQ(textOf(edit()), L"lo");
+    press(VK_END);
+    EXPECT_TRUE(press('V', {VK_CONTROL}));
+    EXPECT_EQ(textOf(edit()), L"lolo");
+    EXPECT_TRUE(press('Z', {VK_CONTROL}));
+    EXPECT_EQ(textOf(edit()), L"lo");
+    EXPECT_EQ(shownRows(), 1);
+    EXPECT_EQ(backend.calls, Calls{}); // the tool's own Copy and Paste are another thing
+}
+
 class FilterStripElsewhereTest : public FilterStripKeysTest, public testing::WithParamInterface<Key> {};
 TEST_P(FilterStripElsewhereTest, keyWhileAnotherWindowHasTheFocus_isLeftToTheIde)
 {

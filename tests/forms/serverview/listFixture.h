@@ -1,6 +1,7 @@
 #pragma once
 
 #include "serverview/folderKinds.h"
+#include "support/outOfMemory.h"
 #include "ui/ownTexts.h"
 #include "viewFixture.h"
 #include "window/grey_text.h"
@@ -48,6 +49,18 @@ protected:
     }
     bool isToBePainted() { return GetUpdateRect(list().view().hwnd(), nullptr, FALSE) != 0; }
     void paint() { UpdateWindow(list().view().hwnd()); }
+
+    // The same with no memory left, and whether that was felt.
+    std::pair<Pixels, bool> paintedWithoutMemory()
+    {
+        bool wasFelt = false;
+        const Pixels seen = pixels([&](HDC dc) {
+            const OutOfMemory none;
+            list().view().send(WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT);
+            wasFelt = none.wasFelt();
+        });
+        return {seen, wasFelt};
+    }
 
     Session session;
 

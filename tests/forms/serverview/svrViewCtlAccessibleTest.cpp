@@ -91,6 +91,19 @@ TEST_F(AccessibleViewTest, row_tellsNameStateAndPlaceAmongAll)
     EXPECT_EQ(ask(LVM_GETITEMCOUNT), 120);
 }
 
+TEST_F(AccessibleViewTest, severalSelectedRows_areToldEachAndTheOthersNot)
+{
+    EXPECT_EQ(GetWindowLongW(listWindow(), GWL_STYLE) & LVS_SINGLESEL, 0); // a list of which several can be selected
+    SetFocus(listWindow());
+    list().view().selectRow(2);
+    ListSelection(list().view()).add(5);
+    EXPECT_EQ(ask(LVM_GETSELECTEDCOUNT), 2);
+    for (int row = 0; row < 7; ++row)
+        EXPECT_EQ(ask(LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_SELECTED) == LVIS_SELECTED, row == 2 || row == 5)
+            << row;
+    EXPECT_EQ(ask(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED), 2);
+}
+
 TEST_F(AccessibleViewTest, rowsOtherCells_areToldWithTheirHeaders)
 {
     EXPECT_EQ(header(1) + L": " + cell(2, 1), L"#501: sales");

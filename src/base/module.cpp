@@ -10,6 +10,7 @@ namespace velk::module {
 namespace {
 
 std::atomic<long> locks{0};
+std::atomic<DWORD> owner{0}; // a thread; 0: none yet
 
 } // namespace
 
@@ -48,6 +49,13 @@ void lock() noexcept
 void unlock() noexcept
 {
     --locks;
+}
+
+bool isOwnThread() noexcept
+{
+    if (locks == 1) // the asker's own
+        owner = GetCurrentThreadId();
+    return owner == GetCurrentThreadId();
 }
 
 long lockCount() noexcept

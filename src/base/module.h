@@ -17,6 +17,10 @@ void lock() noexcept;
 void unlock() noexcept;
 long lockCount() noexcept;
 
+// Whether this thread is the one on which the module's objects live: the first that asks while nothing is locked, until
+// nothing is locked any more. Asked with a lock held.
+bool isOwnThread() noexcept;
+
 // Keeps the module locked for a scope, for code that may outlive the object that it runs in.
 class keep_loaded {
 public:

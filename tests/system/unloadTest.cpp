@@ -1,3 +1,4 @@
+#include "devkit/base/thread.h"
 #include "dllFixture.h"
 
 #include <typelib/extensibility.h>
@@ -47,6 +48,29 @@ TEST_F(UnloadTest, classFactory_keepsTheDll)
     EXPECT_EQ(callEntry("DllCanUnloadNow"), S_FALSE);
     held.reset();
     EXPECT_EQ(callEntry("DllCanUnloadNow"), S_OK);
+}
+
+TEST_F(UnloadTest, secondThread_isRefusedWhileTheFirstHasAnObject)
+{
+    const auto onAnotherThread = [this] {
+        HRESULT result = E_FAIL;
+        {
+            const devkit::Thread other([&] {
+                com_ptr<IClassFactory> made;
+                result = entry<HRESULT(WINAPI*)(REFCLSID, REFIID, void**)>("DllGetClassObject")(
+                    CLSID_ModelUtil, IID_IClassFactory, made.putVoid());
+            });
+        }
+        return result;
+    };
+    EXPECT_EQ(onAnotherThread(), S_OK);
+    com_ptr<_ModelUtil> held = make<_ModelUtil>(CLSID_ModelUtil);
+    ASSERT_TRUE(held);
+    EXPECT_EQ(onAnotherThread(), RPC_E_WRONG_THREAD);
+    EXPECT_TRUE(make<_ModelUtil>(CLSID_ModelUtil)); // the first goes on
+    held.reset();
+    EXPECT_EQ(callEntry("DllCanUnloadNow"), S_OK);
+    EXPECT_EQ(onAnotherThread(), S_OK);
 }
 
 TEST_F(UnloadTest, partOfAnother_isRefused)

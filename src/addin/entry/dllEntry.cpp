@@ -26,6 +26,11 @@ STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, LPVOID* out) noexcept
     if (!out)
         return E_POINTER;
     *out = nullptr;
+    // There is one user-interface thread, and nothing here has a lock. An apartment of another thread would share what
+    // the first one keeps.
+    const module::keep_loaded asking;
+    if (!module::isOwnThread())
+        return RPC_E_WRONG_THREAD;
     for (const PublishedClass& row : publishedClasses())
         if (*row.clsid == clsid)
             return atBoundary(L"DllGetClassObject",

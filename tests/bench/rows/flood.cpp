@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstdlib>
 #include <devkit/base/thread.h>
 
 namespace velk::bench {
@@ -100,9 +101,16 @@ Outcome additions(int32_t objects)
     return atOnce(objects, objectAdded, objects / 10, objects);
 }
 
+double steadySeconds()
+{
+    const char* const wanted = std::getenv("VELK_FLOOD_SECONDS");
+    const int seconds = wanted ? std::atoi(wanted) : 0;
+    return seconds > 0 ? seconds : 10;
+}
+
 Outcome steadyChanges(int32_t objects)
 {
-    constexpr double seconds = 10;
+    const double seconds = steadySeconds();
     constexpr double eachSecond = 10000;
     Screen screen(objects);
     screen.enterFolder();

@@ -8,6 +8,7 @@
 #include "base/unique_any.h"
 #include "com/automation.h"
 #include "com/com_boundary.h"
+#include "com/host_report.h"
 #include "ui/messageBox.h"
 #include "ui/uiFont.h"
 
@@ -108,6 +109,7 @@ void Connect::AddinInstance_OnConnection(IDispatch* application, IDispatch* addi
     const UnderWay underWay(*this);
     m_ide = application;
     m_addin = addinInstance;
+    reportHost(HostObject::DTE, m_ide.get());
     setUiFont();
     m_session.throwIfOver();
     m_IMgr = makeObject<IMgrVI>();
@@ -133,6 +135,7 @@ void Connect::buildEntry()
 void Connect::listen()
 {
     const com_ptr<IDispatch> events = automation::getObject(m_ide, L"Events");
+    reportHost(HostObject::Events, events.get());
     m_session.throwIfOver();
     const com_ptr<IDispatch> source = automation::getObject(events, L"CommandBarEvents", {variant(m_menuEntry)});
     m_session.throwIfOver();
@@ -158,12 +161,17 @@ com_ptr<IDispatch> Connect::addEntry(std::wstring_view caption)
     com_ptr<IDispatch> entry;
     swallow(L"Connect.AddToAddInCommandBar", L"the entry serves as far as it was built", [&] {
         const com_ptr<IDispatch> bars = automation::getObject(m_ide, L"CommandBars");
+        reportHost(HostObject::CommandBars, bars.get());
+        reportBars(bars.get(), entryBarIndex);
         const com_ptr<IDispatch> bar = automation::getObject(bars, L"Item", {variant(entryBarIndex)});
         if (!bar)
             return;
+        reportHost(HostObject::CommandBar, bar.get());
         const com_ptr<IDispatch> controls = automation::getObject(bar, L"Controls");
+        reportHost(HostObject::CommandBarControls, controls.get());
         m_session.throwIfOver();
         entry = automation::call(controls, L"Add", {variant(controlTypeButton)}).asObject();
+        reportHost(HostObject::CommandBarControl, entry.get());
         fillEntry(entry, caption);
     });
     return entry;
@@ -205,6 +213,7 @@ bool Connect::mayStart()
     if (!solution)
         return true; // nothing to count: an IDE without solutions is not one without an open project
     const com_ptr<IDispatch> again = automation::getObject(m_ide, L"Solution");
+    reportHost(HostObject::Solution, again.get());
     m_session.throwIfOver();
     return automation::get(again, L"Count").asLong() != 0;
 }

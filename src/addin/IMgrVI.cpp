@@ -1,6 +1,7 @@
 #include "addin/IMgrVI.h"
 
 #include "addin/rzFileName.h"
+#include "addin/toolWindow.h"
 #include "backend/calls.h"
 #include "backend/library.h"
 #include "backend/texts.h"
@@ -9,20 +10,16 @@
 #include "base/unique_any.h"
 #include "com/automation.h"
 #include "com/com_boundary.h"
+#include "com/host_report.h"
 #include "model/conLstCtl.h"
 #include "scc/VSSAPI.h"
 #include "serverview/serverViewDoc.h"
 #include "ui/messageBox.h"
 #include "ui/splashscrnFrm.h"
 
-#include <product.h>
-
 namespace velk {
 namespace {
 
-constexpr wchar_t documentProgId[] = VELK_OWN_NAME("serverViewDoc");
-// The IDE remembers the window's place under this name.
-constexpr wchar_t toolWindowGuid[] = L"{5D1C7A3E-2B94-4F6A-9E0B-7C3D8A61F2B5}";
 constexpr int32_t toolWindowCaption = 400;
 
 // The steps that the splash screen announces: four here, and the two texts of the notification pump.
@@ -36,59 +33,6 @@ constexpr int32_t modeOpenProject = 2;
 
 // The manager that has the tool's session, of which there is one in a process. Null when none has.
 IMgrVI* sessionOwner = nullptr;
-
-// Takes a window out of the frame that it is docked in.
-void undock(const com_ptr<IDispatch>& window)
-{
-    const com_ptr<IDispatch> frame = automation::getObject(window, L"LinkedWindowFrame");
-    automation::call(automation::getObject(frame, L"LinkedWindows"), L"Remove", {variant(window)});
-}
-
-// One try of CreateToolWindow; the document comes back in a reference of the one or the other type.
-com_ptr<IDispatch> createWith(const com_ptr<IDispatch>& windows, const com_ptr<IDispatch>& addin,
-                              const std::wstring& caption, const variant& document)
-{
-    return automation::call(windows, L"CreateToolWindow",
-                            {variant(addin), variant(documentProgId), variant(std::wstring_view(caption)),
-                             variant(toolWindowGuid), document})
-        .asObject();
-}
-
-// What a window says that it hosts; nothing where it does not say.
-com_ptr<IDispatch> documentOf(const com_ptr<IDispatch>& window)
-{
-    com_ptr<IDispatch> document;
-    if (automation::hasMember(window.get(), L"Object"))
-        swallow(L"IMgrVI.makeToolWindow", L"the document may still come in the other form",
-                [&] { document = automation::getObject(window, L"Object"); });
-    return document;
-}
-
-// The tool window and its document. Hosts that declare the document as a plain variable take no reference to an object,
-// others take one and leave it empty: then the window is asked for what it hosts, and the other form is tried.
-ServerViewWindow createToolWindow(const com_ptr<IDispatch>& windows, const com_ptr<IDispatch>& addin,
-                                  const std::wstring& caption, const Session& session)
-{
-    constexpr wchar_t where[] = L"IMgrVI.makeToolWindow";
-    ServerViewWindow made;
-    const auto failure =
-        attempt([&] { made.window = createWith(windows, addin, caption, variant::refTo(made.document.put())); });
-    if (failure && failure->number() != errorTypeMismatch)
-        throw *failure;
-    if (!made.document)
-        made.document = documentOf(made.window);
-    if (made.document || session.isOver())
-        return made;
-    if (made.window)
-        swallow(where, L"the second form may find the same window", [&] { automation::call(made.window, L"Close"); });
-    session.throwIfOver();
-    variant received;
-    made.window = createWith(windows, addin, caption, variant::refTo(received.put()));
-    made.document = received.asObject();
-    if (!made.document)
-        made.document = documentOf(made.window);
-    return made;
-}
 
 } // namespace
 
@@ -105,7 +49,9 @@ void IMgrVI::setUp(IDispatch* app, IDispatch* addin)
     m_model = makeObject<ModelUtilVI>();
     swallow(L"IMgrVI.setupIM", L"without a status window there is only nowhere to type",
             [&] { throwIfFailed(m_model->putref_VIInstance(app)); });
-    m_mainWindow = IdeWindow(automation::getObject(m_instance, L"MainWindow"));
+    const com_ptr<IDispatch> mainWindow = automation::getObject(m_instance, L"MainWindow");
+    reportHost(HostObject::MainWindow, mainWindow.get());
+    m_mainWindow = IdeWindow(mainWindow);
     setMainWindow(m_mainWindow.handle());
 }
 
@@ -324,9 +270,11 @@ void IMgrVI::makeToolWindow()
     m_isMakingWindow = true;
     const scope_exit made([this] { m_isMakingWindow = false; });
     const com_ptr<IDispatch> windows = automation::getObject(m_instance, L"Windows");
+    reportHost(HostObject::Windows, windows.get());
     const std::wstring caption = getRZString(toolWindowCaption);
     m_session.throwIfOver();
     serverViewWindow() = createToolWindow(windows, m_addin, caption, m_session);
+    reportHost(HostObject::Window, serverViewWindow().window.get());
     serverViewWindow().session = m_session;
     // An end that was carried out inside the call could not know of the window yet.
     if (m_session.state() == SessionState::ended)

@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "base/trace.h"
 #include "base/unique_any.h"
+#include "com/host_report.h"
 
 #include <array>
 #include <product.h>
@@ -57,6 +58,7 @@ void beginTrace() noexcept
         trace::open(target.path, target.isFiner ? trace::Level::calls : trace::Level::failures,
                     std::wstring(productName) + L" " + productVersion + L" in " + hostName() + L", code page " +
                         numberText(static_cast<int32_t>(GetACP())));
+        beginHostReports();
         setFailureObserver([](const Failure& failure) { trace::write(trace::Level::failures, lineOf(failure)); });
     });
 }

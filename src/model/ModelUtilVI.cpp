@@ -2,6 +2,7 @@
 
 #include "com/automation.h"
 #include "com/com_boundary.h"
+#include "com/host_report.h"
 #include "window/send_keys.h"
 
 namespace velk {
@@ -27,9 +28,11 @@ void ModelUtilVI::findStatusWindow()
     if (!m_instance)
         return;
     const com_ptr<IDispatch> windows = automation::getObject(m_instance, L"Windows");
+    reportHost(HostObject::Windows, windows.get());
     const int32_t count = automation::get(windows, L"Count").asLong();
     for (int32_t index = 1; index <= count && !m_statusWindow; ++index) {
         const com_ptr<IDispatch> window = automation::getObject(windows, L"Item", {variant(index)});
+        reportHost(HostObject::Window, window.get());
         if (automation::get(window, L"Type").asLong() == statusWindowType)
             m_statusWindow = window;
     }

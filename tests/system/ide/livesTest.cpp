@@ -83,6 +83,10 @@ TEST_F(LivesTest, traceThatIsSwitchedOn_tellsVersionCallsAndFailures)
     EXPECT_NE(lines.front().find("velkviadd 1.0.0 in"), std::string::npos);
     EXPECT_GT(countOf("Backend: RZInitialize gave 1", lines), 0);
     EXPECT_GT(countOf("host: CreateToolWindow", lines), 0);
+    for (const char* kind : {"DTE", "MainWindow", "Windows", "Window", "CommandBars", "CommandBar",
+                             "CommandBarControls", "CommandBarControl", "Events", "Solution"})
+        EXPECT_EQ(countOf((std::string("host members: ") + kind + " has ").c_str(), lines), 1) << kind;
+    EXPECT_EQ(countOf("; the entry goes to 13", lines), 1);
     EXPECT_GT(countOf("was told to fail", lines), 0);
 }
 

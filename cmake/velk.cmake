@@ -31,6 +31,12 @@ set(CMAKE_CXX_FLAGS_DEBUG "-Og -g1")
 # Small, but for what runs once a row or a record (velk_fast); no symbols in what is shipped: the linker's map has them.
 set(CMAKE_C_FLAGS_RELEASE "-Os -g0 -DNDEBUG")
 set(CMAKE_CXX_FLAGS_RELEASE "-Os -g0 -DNDEBUG")
+set(velk_strip -s)
+if(VELK_SYMBOLS) # ./package takes them out of what it ships
+  set(CMAKE_C_FLAGS_RELEASE "-Os -g -DNDEBUG")
+  set(CMAKE_CXX_FLAGS_RELEASE "-Os -g -DNDEBUG")
+  set(velk_strip)
+endif()
 set(CMAKE_SHARED_LIBRARY_PREFIX "")
 
 # velk_floor(<name> [floors it stands on...]): a static library of all sources of the current folder.

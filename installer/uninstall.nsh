@@ -1,0 +1,104 @@
+; What takes away all that was installed, and nothing else.
+!define SETTINGS "Software\Velk\velkviadd"
+
+; $R0: a file's name. What a program holds gets another name at once, so that a later installation finds its place free,
+; and goes at the next start.
+Function un.RemoveFile
+  Delete "$INSTDIR\$R0"
+  ${IfNot} ${FileExists} "$INSTDIR\$R0"
+    Return
+  ${EndIf}
+  StrCpy $IsLeft 1
+  GetTempFileName $R1 "$INSTDIR"
+  Delete "$R1"
+  Push "$INSTDIR\$R0"
+  Push "$R1"
+  Call un.MoveFile
+  Pop $R2
+  ${If} $R2 = 0
+    Delete /REBOOTOK "$R1"
+  ${Else}
+    Delete /REBOOTOK "$INSTDIR\$R0"
+  ${EndIf}
+FunctionEnd
+
+!macro RemoveFile NAME
+  StrCpy $R0 "${NAME}"
+  Call un.RemoveFile
+!macroend
+
+; The add-in's own entry point, of a copy that is sound whatever became of the installed one. A registration of another
+; copy, elsewhere, stays.
+Function un.Unregister
+  Call un.RegisteredFile
+  GetFullPathName $1 "$0"
+  GetFullPathName $2 "$INSTDIR\${ADDIN}"
+  ${If} $0 != "$INSTDIR\${ADDIN}"
+  ${AndIf} $1 != $2
+    Return
+  ${EndIf}
+  StrCpy $Step $(stepUnregister)
+  !insertmacro Log $Step
+  InitPluginsDir
+  File "/oname=$PLUGINSDIR\${ADDIN}" "${FILES}/${ADDIN}"
+  Push "$PLUGINSDIR\${ADDIN}"
+  Push "DllUnregisterServer"
+  Call un.CallEntry
+  Pop $Code
+  ${If} $Code == "0x00000000"
+    Return
+  ${EndIf}
+  Push "$INSTDIR\${ADDIN}"
+  Push "DllRegisterServer"
+  Call un.CallEntry
+  Pop $1
+  StrCpy $Reason ""
+  !insertmacro Log $(failed)
+  MessageBox MB_OK|MB_ICONSTOP $(failed) /SD IDOK
+  SetErrorLevel ${REGISTER_FAILED}
+  Abort $(failed)
+FunctionEnd
+
+Section "un.$(unAddin)" unAddin
+  SectionIn RO
+  SetOutPath "$TEMP" ; a folder in which a program is cannot go
+  !insertmacro Log "$(^Name) ${VERSION}: $INSTDIR"
+  Call un.Unregister
+  ReadRegStr $R4 HKLM "${ENTRY}" "FolderMade"
+  DeleteRegKey HKLM "${ENTRY}"
+  !insertmacro EachFile RemoveFile
+  !insertmacro RemoveFile "${CHECKSUMS}"
+  !insertmacro RemoveFile "${UNINSTALLER}"
+  !insertmacro EachFolder RemoveFolder
+  StrCpy $R1 $R4
+  Call un.RemoveFoldersMade
+  ${If} $IsLeft = 1
+    SetErrorLevel ${AFTER_RESTART}
+    !insertmacro Log $(unLeft)
+  ${Else}
+    SetErrorLevel ${DONE}
+    !insertmacro Log $(unDone)
+  ${EndIf}
+SectionEnd
+
+Section /o "un.$(unSettings)" unSettings
+  DeleteRegKey HKCU "${SETTINGS}"
+  DeleteRegKey /ifempty HKCU "Software\Velk"
+SectionEnd
+
+Function un.onInit
+  ${GetParameters} $Parameters
+  !insertmacro OpenLog
+  !insertmacro RefuseWithoutRights
+  Call un.IsOtherAtWork
+  Pop $0
+  ${If} $0 = 1
+    !insertmacro Refuse ${OTHER_AT_WORK} $(otherAtWork)
+  ${EndIf}
+  ClearErrors
+  ${GetOptions} "$Parameters" "/PURGE" $0
+  ${IfNot} ${Errors}
+    SectionSetFlags ${unSettings} ${SF_SELECTED}
+  ${EndIf}
+  ClearErrors
+FunctionEnd

@@ -1,0 +1,207 @@
+; The installer. scripts/make-setup calls makensis on it, with
+;   VERSION  of the package, OUTPUT  the program to make
+;   FILES    the folder of the files to install; among them the list of their checksums
+;   MANIFEST the same files as macros: EachFile and EachFolder, and LONGEST, the length of the longest name
+Unicode true
+ManifestDPIAware true
+SetDateSave off
+SetCompressor /SOLID lzma
+RequestExecutionLevel admin
+AllowRootDirInstall false
+ShowInstDetails show
+ShowUninstDetails show
+OutFile "${OUTPUT}"
+
+!define TITLE "Velk Development Add-In for Visual Interdev"
+!define PUBLISHER "Velk"
+Name "${TITLE}"
+Caption "${TITLE} ${VERSION}"
+BrandingText "velkviadd ${VERSION}"
+VIProductVersion "${VERSION}.0"
+VIAddVersionKey "ProductName" "Velk Development Add-In"
+VIAddVersionKey "ProductVersion" "${VERSION}"
+VIAddVersionKey "FileVersion" "${VERSION}"
+VIAddVersionKey "FileDescription" "${TITLE}, setup"
+VIAddVersionKey "LegalCopyright" "${PUBLISHER}"
+
+!include LogicLib.nsh
+!include FileFunc.nsh
+!include WordFunc.nsh
+!include TextFunc.nsh
+!include x64.nsh
+!include MUI2.nsh
+!include "${MANIFEST}"
+!include codes.nsh
+!include system.nsh
+
+Var Log       ; handle of the log, or nothing
+Var IsRepair  ; 1 if this very version is installed
+Var Installed ; version that is installed, or nothing
+Var Parameters
+
+; Tells the user, and those who asked for a log.
+!macro Log TEXT
+  DetailPrint "${TEXT}"
+  ${If} $Log != ""
+    FileWriteUTF16LE $Log "${TEXT}$\r$\n"
+  ${EndIf}
+!macroend
+
+!macro OpenLog
+  ClearErrors
+  ${GetOptions} "$Parameters" "/LOG=" $0
+  ${IfNot} ${Errors}
+    FileOpen $Log "$0" w
+    FileWriteUTF16LE /BOM $Log ""
+  ${EndIf}
+  ClearErrors
+!macroend
+
+; Ends before anything was done.
+!macro Refuse ANSWER TEXT
+  !insertmacro Log "${TEXT}"
+  MessageBox MB_OK|MB_ICONEXCLAMATION "${TEXT}" /SD IDOK
+  SetErrorLevel ${ANSWER}
+  Quit
+!macroend
+
+!macro RefuseWithoutRights
+  UserInfo::GetAccountType
+  Pop $0
+  ${If} $0 != "Admin"
+    !insertmacro Refuse ${NO_RIGHTS} $(noRights)
+  ${EndIf}
+!macroend
+
+!include find.nsh
+!include change.nsh
+!include uninstall.nsh
+!include wizard.nsh
+
+!insertmacro SystemFunctions ""
+!insertmacro SystemFunctions "un."
+!insertmacro FolderFunctions ""
+!insertmacro FolderFunctions "un."
+!insertmacro RegisteredFile ""
+!insertmacro RegisteredFile "un."
+
+; $R0: what is wrong with $INSTDIR as a place to install into, or nothing; $R1: the answer for that.
+Function CheckFolder
+  StrCpy $R0 ""
+  ReadRegStr $0 HKLM "${ENTRY}" "InstallLocation"
+  ${If} $0 != ""
+  ${AndIf} $0 != $INSTDIR
+  ${AndIf} ${FileExists} "$0\${UNINSTALLER}"
+    StrCpy $R0 $(elsewhere)
+    StrCpy $R1 ${ELSEWHERE}
+  ${EndIf}
+  ; Windows takes 259 characters, and a file has to have room there while it waits for its turn.
+  StrLen $1 "$INSTDIR\${NEW_FOLDER}\"
+  IntOp $1 $1 + ${LONGEST}
+  ${If} $1 > 259
+    IntOp $1 $1 - 259
+    StrCpy $R0 $(tooLong)
+    StrCpy $R1 ${BAD_FOLDER}
+  ${EndIf}
+FunctionEnd
+
+; What is installed already: by the entry under Programs, or by the file itself, whoever put it there.
+Function FindInstalled
+  ReadRegStr $0 HKLM "${ENTRY}" "InstallLocation"
+  ReadRegStr $Installed HKLM "${ENTRY}" "DisplayVersion"
+  ${If} $0 != ""
+    StrCpy $Found $0
+    StrCpy $FoundBy $(foundInstalled)
+    Return
+  ${EndIf}
+  Call RegisteredFile
+  ${If} $0 != ""
+  ${AndIf} ${FileExists} "$0"
+    ${GetParent} "$0" $Found
+    StrCpy $FoundBy $(foundInstalled)
+    ClearErrors
+    GetDLLVersion "$0" $1 $2
+    ${IfNot} ${Errors}
+      IntOp $3 $1 >> 16
+      IntOp $4 $1 & 0xFFFF
+      IntOp $5 $2 >> 16
+      StrCpy $Installed "$3.$4.$5"
+    ${EndIf}
+  ${EndIf}
+  ClearErrors
+FunctionEnd
+
+Function CompareVersions
+  StrCpy $IsRepair 0
+  ${If} $Installed == ""
+    Return
+  ${EndIf}
+  ${VersionCompare} "$Installed" "${VERSION}" $0
+  ${If} $0 = 0
+    StrCpy $IsRepair 1
+  ${ElseIf} $0 = 1
+    ClearErrors
+    ${GetOptions} "$Parameters" "/DOWNGRADE" $1
+    ${If} ${Errors}
+      !insertmacro Log $(newerThere)
+      ${If} ${Cmd} 'MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 $(askDowngrade) /SD IDNO IDNO'
+        SetErrorLevel ${NEWER_THERE}
+        Quit
+      ${EndIf}
+    ${EndIf}
+    ClearErrors
+  ${EndIf}
+FunctionEnd
+
+Function ChooseFolder
+  Call FindInstalled
+  StrCpy $0 $Found
+  ${If} $INSTDIR != "" ; by /D=
+    StrCpy $Found $INSTDIR
+    StrCpy $FoundBy $(foundGiven)
+  ${ElseIf} $0 == ""
+    Call FindTool
+    ${If} $Found == ""
+      ${If} ${Silent}
+        !insertmacro Refuse ${NOT_FOUND} $(notFoundSilent)
+      ${EndIf}
+      StrCpy $Found "$PROGRAMFILES32\Velk\velkviadd"
+    ${EndIf}
+  ${EndIf}
+  StrCpy $INSTDIR $Found
+FunctionEnd
+
+Function .onInit
+  ${GetParameters} $Parameters
+  !insertmacro OpenLog
+  !insertmacro RefuseWithoutRights
+  Call IsOtherAtWork
+  Pop $0
+  ${If} $0 = 1
+    !insertmacro Refuse ${OTHER_AT_WORK} $(otherAtWork)
+  ${EndIf}
+  Call ChooseFolder
+  Call CompareVersions
+  ${If} ${Silent}
+    Call CheckFolder
+    ${If} $R0 != ""
+      !insertmacro Log $R0
+      SetErrorLevel $R1
+      Quit
+    ${EndIf}
+  ${EndIf}
+FunctionEnd
+
+Section
+  ${If} $Found != $INSTDIR
+    StrCpy $FoundBy ""
+  ${EndIf}
+  !insertmacro Log "$(^Name) ${VERSION}: $INSTDIR"
+  Call ChangeAll
+  !insertmacro Log $(done)
+  SetErrorLevel ${DONE}
+SectionEnd
+
+Function .onInstFailed
+  Call TakeBack
+FunctionEnd

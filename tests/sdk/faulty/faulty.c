@@ -1,4 +1,4 @@
-/* The sample with one of the faults of faults.inc: FAULT_name is defined, and the functions of its row are called
+/* The sample with one of the faults of ../faults.inc: FAULT_name is defined, and the functions of its row are called
    plainRZ... in the sample (CMakeLists.txt), so that those here can stand in their place. */
 #include "../../../sdk/sample/velkvsadd.c"
 

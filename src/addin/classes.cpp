@@ -19,16 +19,12 @@ com_ptr<IUnknown> make()
     return com_ptr<IUnknown>(makeObject<Class>()->identity());
 }
 
-// clang-format off
-const std::array<PublishedClass, 6> classes{{
-    {&CLSID_Connect,        L"Connect",        productTitle,                                  make<Connect>,             false},
-    {&CLSID_IMgrVI,         L"IMgrVI",         L"Velk integration manager",                    make<IMgrVI>,              false},
-    {&CLSID_IntegrationMgr, L"IntegrationMgr", L"Velk integration manager interface",          make<EmptyIntegrationMgr>, false},
-    {&CLSID_ModelUtil,      L"ModelUtil",      L"Velk project model interface",                make<EmptyModelUtil>,      false},
-    {&CLSID_ModelUtilVI,    L"ModelUtilVI",    L"Velk project model of Visual Interdev",       make<ModelUtilVI>,         false},
-    {&CLSID_serverViewDoc,  L"serverViewDoc",  L"Velk server view",                            make<serverViewDoc>,       true},
-}};
-// clang-format on
+const std::array classes{
+#define PUBLISHED_CLASS(name, description, made, isDocument)                                                           \
+    PublishedClass{&CLSID_##name, L"" #name, description, make<made>, isDocument},
+#include "addin/classes.inc"
+#undef PUBLISHED_CLASS
+};
 
 } // namespace
 

@@ -2,6 +2,7 @@
 #include "addin/registration.h"
 
 #include "addin/classes.h"
+#include "addin/registrationKeys.h"
 #include "base/module.h"
 #include "base/registry.h"
 #include "com/bstr.h"
@@ -16,15 +17,7 @@
 namespace velk {
 namespace {
 
-#define VELK_IDE_ROOT L"Software\\Microsoft\\VisualStudio\\6.0\\AddIns"
-
-// No objects: what is made while the DLL is being loaded has nobody to tell that it could not be made.
-constexpr wchar_t classesRoot[] = L"Software\\Classes\\";
-constexpr wchar_t ideRoot[] = VELK_IDE_ROOT;
-constexpr wchar_t ideRootStop[] = L"Software\\Microsoft";
-constexpr wchar_t addinKey[] = VELK_IDE_ROOT L"\\" VELK_OWN_NAME("Connect");
 constexpr wchar_t addinDescription[] = L"Works on Velk database objects and Rozel projects inside the IDE";
-constexpr DWORD loadAtStartup = 1;
 constexpr DWORD notCommandLineSafe = 0;
 // How a host is to treat the document: lay it out anew when resized, activate it inside its window as soon as it is
 // visible, and give it its site before anything else.
@@ -59,7 +52,7 @@ void registerClass(const PublishedClass& row)
     const std::wstring key = classKey(row);
     write(key, row.description);
     write(key + L"\\InprocServer32", module::path());
-    write(key + L"\\InprocServer32", L"Apartment", L"ThreadingModel");
+    write(key + L"\\InprocServer32", threadingModel, L"ThreadingModel");
     write(key + L"\\ProgID", progId(row));
     write(key + L"\\TypeLib", guidText(LIBID_velkviadd));
     write(key + L"\\Version", L"1.0");

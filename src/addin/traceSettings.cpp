@@ -14,20 +14,17 @@
 namespace velk {
 namespace {
 
-constexpr wchar_t variableName[] = L"VELKVIADD_TRACE";
-constexpr wchar_t keyPath[] = L"Software\\Velk\\velkviadd";
-constexpr wchar_t valueName[] = L"Trace";
 constexpr size_t settingRoom = 1024; // characters
 
 std::wstring setting()
 {
     std::array<wchar_t, settingRoom> text{};
-    if (GetEnvironmentVariableW(variableName, text.data(), static_cast<DWORD>(text.size())) != 0)
+    if (GetEnvironmentVariableW(traceVariable, text.data(), static_cast<DWORD>(text.size())) != 0)
         return text.data();
     unique_key key;
     auto size = static_cast<DWORD>(sizeof(wchar_t) * (text.size() - 1));
-    if (RegOpenKeyExW(HKEY_CURRENT_USER, keyPath, 0, KEY_READ, key.put()) == ERROR_SUCCESS)
-        RegQueryValueExW(key.get(), valueName, nullptr, nullptr, reinterpret_cast<BYTE*>(text.data()), &size);
+    if (RegOpenKeyExW(HKEY_CURRENT_USER, traceKey, 0, KEY_READ, key.put()) == ERROR_SUCCESS)
+        RegQueryValueExW(key.get(), traceValue, nullptr, nullptr, reinterpret_cast<BYTE*>(text.data()), &size);
     return text.data();
 }
 

@@ -33,6 +33,23 @@ std::wstring programFolder()
     return parentDir(systemText([](wchar_t* text, DWORD size) { return GetModuleFileNameW(nullptr, text, size); }));
 }
 
+void addSearchPath(std::vector<std::wstring>& folders)
+{
+    const std::wstring path =
+        systemText([](wchar_t* text, DWORD size) { return GetEnvironmentVariableW(L"PATH", text, size); });
+    std::wstring_view rest = path;
+    while (!rest.empty()) {
+        std::wstring_view folder = rest.substr(0, rest.find(L';'));
+        rest.remove_prefix(folder.size() < rest.size() ? folder.size() + 1 : folder.size());
+        if (folder.size() > 1 && folder.front() == L'"' && folder.back() == L'"')
+            folder = folder.substr(1, folder.size() - 2);
+        if (isFullyQualified(folder))
+            folders.emplace_back(folder);
+    }
+}
+
+} // namespace
+
 // A folder that is not known is no folder: with a name behind it, it would be the root of the current drive.
 std::optional<std::wstring> inFolder(std::wstring_view folder, std::wstring_view name)
 {
@@ -44,37 +61,24 @@ std::optional<std::wstring> inFolder(std::wstring_view folder, std::wstring_view
     return isFile(path) ? std::optional(path) : std::nullopt;
 }
 
-std::optional<std::wstring> onSearchPath(std::wstring_view name)
+std::vector<std::wstring> libraryFolders(const std::wstring& addin, const std::wstring& program)
 {
-    const std::wstring folders =
-        systemText([](wchar_t* text, DWORD size) { return GetEnvironmentVariableW(L"PATH", text, size); });
-    std::wstring_view rest = folders;
-    while (!rest.empty()) {
-        std::wstring_view folder = rest.substr(0, rest.find(L';'));
-        rest.remove_prefix(folder.size() < rest.size() ? folder.size() + 1 : folder.size());
-        if (folder.size() > 1 && folder.front() == L'"' && folder.back() == L'"')
-            folder = folder.substr(1, folder.size() - 2);
-        if (isFullyQualified(folder))
-            if (auto path = inFolder(folder, name))
-                return path;
-    }
-    return std::nullopt;
-}
-
-} // namespace
-
-std::optional<std::wstring> findLibrary(std::wstring_view name)
-{
-    const std::wstring folders[] = {
-        module::folder(),
-        programFolder(),
+    std::vector<std::wstring> folders{
+        addin,
+        program,
         systemFolder(),
         systemText([](wchar_t* text, DWORD size) { return GetWindowsDirectoryW(text, size); }),
     };
-    for (const std::wstring& folder : folders)
+    addSearchPath(folders);
+    return folders;
+}
+
+std::optional<std::wstring> findLibrary(std::wstring_view name)
+{
+    for (const std::wstring& folder : libraryFolders(module::folder(), programFolder()))
         if (auto path = inFolder(folder, name))
             return path;
-    return onSearchPath(name);
+    return std::nullopt;
 }
 
 std::wstring systemFolder()

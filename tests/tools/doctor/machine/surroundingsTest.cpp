@@ -1,0 +1,152 @@
+// SourceSafe, ODBC, the log and a running IDE.
+#include "machine.h"
+
+namespace velk::test {
+namespace {
+
+constexpr wchar_t sourceSafe[] = L"Software\\Microsoft\\SourceSafe";
+constexpr wchar_t databases[] = L"Software\\Microsoft\\SourceSafe\\Databases";
+constexpr wchar_t drivers[] = L"Software\\ODBC\\ODBCINST.INI\\ODBC Drivers";
+constexpr wchar_t driver[] = L"Software\\ODBC\\ODBCINST.INI\\A Driver";
+constexpr wchar_t settings[] = L"Software\\Velk\\velkviadd";
+
+class DoctorAround : public DoctorTest {
+protected:
+    static void installSourceSafe(const std::wstring& server)
+    {
+        setText(HKEY_LOCAL_MACHINE, sourceSafe, L"SCCServerPath", server);
+    }
+    static void installDriver() { setText(HKEY_LOCAL_MACHINE, drivers, L"A Driver", L"Installed"); }
+    static std::wstring log() { return base() + L"\\add-in.log"; }
+    static void switchLogOn(const std::wstring& path) { setText(HKEY_CURRENT_USER, settings, L"Trace", path); }
+    static void fill(const std::wstring& path, const std::string& text)
+    {
+        writeBytes(path, {text.begin(), text.end()});
+    }
+};
+
+TEST_F(DoctorAround, sourceSafeWithItsDatabases_isNoComplaint)
+{
+    installSourceSafe(library());
+    fill(base() + L"\\srcsafe.ini", "");
+    setText(HKEY_LOCAL_MACHINE, databases, L"Main", base());
+    const Diagnosis diagnosis = diagnose();
+    EXPECT_THAT(diagnosis, IsHealthy());
+    EXPECT_NE(diagnosis.lines.at("sourcesafe").whole.find("Main"), std::string::npos);
+}
+
+TEST_F(DoctorAround, sourceSafeWithoutItsLibrary_isTold)
+{
+    installSourceSafe(L"C:\\gone\\ssscc.dll");
+    EXPECT_THAT(diagnose(), ComplainsOnlyOf("sourcesafe"));
+}
+
+TEST_F(DoctorAround, databaseThatCannotBeReached_isTold)
+{
+    installSourceSafe(library());
+    setText(HKEY_LOCAL_MACHINE, databases, L"Main", L"Q:\\vss");
+    EXPECT_THAT(diagnose(), ComplainsOnlyOf("sourcesafe"));
+}
+
+TEST_F(DoctorAround, odbcDriverThatIsThere_isNoComplaint)
+{
+    installDriver();
+    setText(HKEY_LOCAL_MACHINE, driver, L"Driver", library());
+    EXPECT_THAT(diagnose(), IsHealthy());
+}
+
+TEST_F(DoctorAround, odbcDriverWithoutItsFile_isTold)
+{
+    installDriver();
+    setText(HKEY_LOCAL_MACHINE, driver, L"Driver", L"C:\\gone\\driver.dll");
+    EXPECT_THAT(diagnose(), ComplainsOnlyOf("odbc"));
+}
+
+TEST_F(DoctorAround, odbcDriverWhoseFileIsNoText_isTold)
+{
+    installDriver();
+    setNumber(HKEY_LOCAL_MACHINE, driver, L"Driver", 7);
+    EXPECT_THAT(diagnose(), ComplainsOnlyOf("odbc"));
+}
+
+TEST_F(DoctorAround, logThatIsOn_isNoComplaintAndItsFailuresAreANote)
+{
+    switchLogOn(log() + L";2");
+    fill(log(), "2026-11-22 08:00:00.000 velkviadd 1.0.0 in ide.exe, code page 1252\r\n"
+                "2026-11-22 08:00:01.000 start: 53 (0x800A0035) File not found: velkvsadd.dll\r\n");
+    const Diagnosis diagnosis = diagnose();
+    EXPECT_THAT(diagnosis, IsHealthy());
+    EXPECT_EQ(diagnosis.lines.at("log-failures").state, "NOTE");
+    EXPECT_NE(diagnosis.lines.at("log-failures").text.find("start: 53"), std::string::npos);
+    EXPECT_NE(diagnosis.lines.at("log").text.find("every call"), std::string::npos);
+}
+
+TEST_F(DoctorAround, logThatIsNotThereYet_staysSo)
+{
+    switchLogOn(log());
+    EXPECT_THAT(diagnose(), IsHealthy());
+    EXPECT_EQ(GetFileAttributesW(log().c_str()), INVALID_FILE_ATTRIBUTES);
+    EXPECT_EQ(GetFileAttributesW((log() + L".velkdoctor").c_str()), INVALID_FILE_ATTRIBUTES);
+}
+
+TEST_F(DoctorAround, logInAFolderThatIsNotThere_isTold)
+{
+    switchLogOn(L"C:\\no such folder\\add-in.log");
+    EXPECT_THAT(diagnose(), ComplainsOnlyOf("log"));
+}
+
+TEST_F(DoctorAround, logWithoutAFullPath_isTold)
+{
+    SetEnvironmentVariableW(L"VELKVIADD_TRACE", L"add-in.log");
+    EXPECT_THAT(diagnose(), ComplainsOnlyOf("log"));
+}
+
+TEST_F(DoctorAround, logThatAnotherProgramHolds_isTold)
+{
+    switchLogOn(log());
+    const unique_kernel_handle held(
+        CreateFileW(log().c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    EXPECT_THAT(diagnose(), ComplainsOnlyOf("log"));
+}
+
+TEST_F(DoctorAround, logThatIsAFolder_isTold)
+{
+    switchLogOn(folder());
+    EXPECT_THAT(diagnose(), ComplainsOnlyOf("log"));
+}
+
+TEST_F(DoctorAround, logSettingThatIsNoText_isTold)
+{
+    setNumber(HKEY_CURRENT_USER, settings, L"Trace", 1);
+    EXPECT_THAT(diagnose(), ComplainsOnlyOf("log"));
+}
+
+TEST_F(DoctorAround, runningIdeWithTheAddin_isNoComplaint)
+{
+    startIde(addin(), L"answers");
+    const Diagnosis diagnosis = diagnose();
+    EXPECT_THAT(diagnosis, IsHealthy());
+    EXPECT_NE(diagnosis.lines.at("running-addin").whole.find("velktestide.exe"), std::string::npos);
+}
+
+TEST_F(DoctorAround, runningIdeWithoutTheAddin_isTold)
+{
+    startIde(L"-", L"answers");
+    EXPECT_THAT(diagnose(), ComplainsOnlyOf("running-addin"));
+}
+
+TEST_F(DoctorAround, runningIdeWithAnotherCopy_isTold)
+{
+    furnish(base() + L"\\another");
+    startIde(base() + L"\\another\\velkviadd.dll", L"answers");
+    EXPECT_THAT(diagnose(), ComplainsOnlyOf("running-addin"));
+}
+
+TEST_F(DoctorAround, runningIdeThatHangs_isTold)
+{
+    startIde(addin(), L"hangs");
+    EXPECT_THAT(diagnose(), ComplainsOnlyOf("running-answers"));
+}
+
+} // namespace
+} // namespace velk::test

@@ -1,0 +1,27 @@
+#include "backendFunctions.h"
+
+#include "base/text.h"
+
+#include <algorithm>
+
+namespace velk::doctor {
+namespace {
+
+constexpr const char* names[] = {
+#define BACKEND_FUNCTION(name, ...) #name,
+#include "backend/functions.inc"
+#undef BACKEND_FUNCTION
+};
+
+} // namespace
+
+std::vector<std::wstring> missingFunctions(const PeFile& library)
+{
+    std::vector<std::wstring> missing;
+    for (const char* name : names)
+        if (std::find(library.exports.begin(), library.exports.end(), name) == library.exports.end())
+            missing.push_back(toWide(name));
+    return missing;
+}
+
+} // namespace velk::doctor

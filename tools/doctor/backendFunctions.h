@@ -1,0 +1,13 @@
+#pragma once
+
+#include "peFile.h"
+
+#include <string>
+#include <vector>
+
+namespace velk::doctor {
+
+// The functions that the add-in knows and that a library does not export.
+std::vector<std::wstring> missingFunctions(const PeFile& library);
+
+} // namespace velk::doctor

@@ -1,0 +1,20 @@
+#include "examination.h"
+
+#include "gather.h"
+
+namespace velk::doctor {
+
+Report examine(const Options& options)
+{
+    Report report;
+    const Facts facts = gather(options);
+    report.findings = judge(facts);
+    if (!options.isFix)
+        return report;
+    report.mended = mend(report.findings, facts, options);
+    if (!report.mended.empty())
+        report.findings = judge(gather(options));
+    return report;
+}
+
+} // namespace velk::doctor

@@ -1,0 +1,117 @@
+// The add-in's file and the tool's library: the files themselves, and whether they load.
+#include "backend/library_search.h"
+#include "base/module.h"
+#include "base/paths.h"
+#include "child.h"
+#include "dependencies.h"
+#include "files.h"
+#include "gather.h"
+#include "judgements.h"
+
+#include <algorithm>
+#include <product.h>
+
+namespace velk::doctor {
+namespace {
+
+constexpr wchar_t backendName[] = L"velkvsadd.dll";
+constexpr size_t mostHashFile = 65536; // bytes
+
+struct Found {
+    AddinPlace place;
+    std::wstring path;
+};
+
+Found findAddin(const Facts& facts, const Options& options)
+{
+    const std::wstring name = L"" VELK_PRODUCT_FILE;
+    if (!options.addin.empty())
+        return {AddinPlace::named, options.addin};
+    if (auto path = inFolder(module::folder(), name))
+        return {AddinPlace::beside, *path};
+    if (const std::wstring path = registeredPath(facts); !path.empty())
+        return {AddinPlace::registered, path};
+    if (!facts.installed.folderPath.empty())
+        return {AddinPlace::installed, facts.installed.folderPath + L"\\" + name};
+    return {AddinPlace::none, {}};
+}
+
+std::wstring fullPath(const std::wstring& path)
+{
+    wchar_t full[32768];
+    const DWORD length = GetFullPathNameW(path.c_str(), ARRAYSIZE(full), full, nullptr);
+    return length > 0 && length < ARRAYSIZE(full) ? plainPath(full) : path;
+}
+
+void compareBytes(AddinFacts& addin, const std::vector<unsigned char>& bytes)
+{
+    const std::wstring list = parentDir(addin.file.path) + L"\\" VELK_PRODUCT_NAME ".sha256";
+    addin.hasHashFile = isFile(list);
+    if (!addin.hasHashFile)
+        return;
+    std::vector<unsigned char> lines;
+    readBytes(list, mostHashFile, Part::beginning, lines);
+    addin.storedHash = listedHash(std::string(lines.begin(), lines.end()), fileNameOf(addin.file.path));
+    addin.hash = hashOf(bytes);
+}
+
+bool isLoadable(const FileFacts& file)
+{
+    return file.isRead() && file.header.isProgram && file.header.isLibrary && file.header.machine == machine32;
+}
+
+// The folder of the IDE's program, whose libraries the add-in would find, too: of one that runs, else as registered.
+std::wstring ideFolder(const Facts& facts, const Options& options)
+{
+    if (!facts.running.processes.empty())
+        return parentDir(facts.running.processes.front().path);
+    const RegistryValue path =
+        readValue(HKEY_LOCAL_MACHINE, L"Software\\Microsoft\\Windows\\CurrentVersion\\App Paths\\" + options.ide);
+    return path.isText() ? parentDir(plainPath(path.text)) : std::wstring();
+}
+
+} // namespace
+
+void gatherAddin(Facts& facts, const Options& options)
+{
+    const Found found = findAddin(facts, options);
+    AddinFacts& addin = facts.addin;
+    addin.place = found.place;
+    if (found.place == AddinPlace::none)
+        return;
+    std::vector<unsigned char> bytes;
+    addin.file = readProgram(fullPath(found.path), &bytes);
+    if (addin.file.isRead())
+        compareBytes(addin, bytes);
+    if (isLoadable(addin.file))
+        addin.load = runInChild(Step::loadAddin, addin.file.path, options.wait).load;
+}
+
+void gatherBackend(Facts& facts, const Options& options)
+{
+    BackendFacts& backend = facts.backend;
+    const std::wstring addinFolder =
+        facts.addin.file.path.empty() ? module::folder() : parentDir(facts.addin.file.path);
+    std::wstring path;
+    for (const std::wstring& folder : libraryFolders(addinFolder, ideFolder(facts, options))) {
+        const auto isThisOne = [&folder](const SearchPlace& place) { return isSameText(place.folder, folder); };
+        if (std::any_of(backend.places.begin(), backend.places.end(), isThisOne))
+            continue;
+        const auto found = inFolder(folder, backendName);
+        backend.places.push_back({folder, found.has_value()});
+        if (found && path.empty())
+            path = *found;
+    }
+    if (path.empty())
+        return;
+    backend.file = readProgram(fullPath(path));
+    if (!isLoadable(backend.file))
+        return;
+    const ChildResult result = runInChild(Step::askBackend, backend.file.path, options.wait);
+    backend.load = result.load;
+    backend.texts = result.after;
+    if (!backend.load.isLoaded())
+        backend.dependencies = missingDependencies(backend.file);
+}
+
+} // namespace velk::doctor

@@ -1,0 +1,175 @@
+// The log, and the IDEs that are running.
+#include "addin/traceTarget.h"
+#include "base/paths.h"
+#include "base/text.h"
+#include "base/unique_any.h"
+#include "files.h"
+#include "gather.h"
+#include "judgements.h"
+
+#include <tlhelp32.h>
+
+#include <array>
+#include <product.h>
+
+namespace velk::doctor {
+namespace {
+
+constexpr size_t settingRoom = 1024; // characters, as the add-in has it
+constexpr size_t readOfLog = 256 * 1024;
+constexpr size_t mostFailures = 5;
+constexpr UINT answerTime = 3000; // milliseconds
+constexpr std::wstring_view ideVersion = L"6.";
+
+struct snapshot_traits {
+    using Handle = HANDLE;
+    static Handle empty() noexcept { return INVALID_HANDLE_VALUE; }
+    static void close(Handle snapshot) noexcept { CloseHandle(snapshot); }
+};
+using Snapshot = unique_any<snapshot_traits>;
+struct file_traits : snapshot_traits {};
+
+// "2026-11-22 08:00:00.000 where: 53 (0x800A0035) File not found": what tells a failure has a result in brackets.
+bool tellsFailure(const std::wstring& line)
+{
+    constexpr size_t digits = 8;
+    const size_t mark = line.find(L" (0x");
+    return mark != std::wstring::npos && line.size() > mark + 4 + digits && line[mark + 4 + digits] == L')' &&
+           line.substr(mark + 4, digits).find_first_not_of(L"0123456789ABCDEF") == std::wstring::npos;
+}
+
+std::wstring fromUtf8(const std::vector<unsigned char>& bytes)
+{
+    const auto* begin = reinterpret_cast<const char*>(bytes.data());
+    const int count = static_cast<int>(bytes.size());
+    std::wstring text(bytes.size(), L'\0');
+    const int length = MultiByteToWideChar(CP_UTF8, 0, begin, count, text.data(), static_cast<int>(text.size()));
+    text.resize(static_cast<size_t>(length > 0 ? length : 0));
+    return text;
+}
+
+std::vector<std::wstring> lastFailures(const std::wstring& path)
+{
+    std::vector<unsigned char> bytes;
+    readBytes(path, readOfLog, Part::end, bytes);
+    std::wstring rest = fromUtf8(bytes);
+    std::vector<std::wstring> failures;
+    for (size_t begin = 0; begin < rest.size();) {
+        const size_t end = std::min(rest.find(L'\n', begin), rest.size());
+        std::wstring line = rest.substr(begin, end - begin);
+        begin = end + 1;
+        if (line.ends_with(L'\r'))
+            line.pop_back();
+        if (!tellsFailure(line))
+            continue;
+        failures.push_back(std::move(line));
+        if (failures.size() > mostFailures)
+            failures.erase(failures.begin());
+    }
+    return failures;
+}
+
+// Why the log cannot be written; a file that is not there is tried by another one, which goes at once.
+DWORD writeCode(const LogFacts& log)
+{
+    constexpr DWORD everybody = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const std::wstring trial = log.path + L".velkdoctor";
+    const unique_any<file_traits> file(
+        log.isThere || isFolder(log.path)
+            ? CreateFileW(log.path.c_str(), FILE_APPEND_DATA, everybody, nullptr, OPEN_EXISTING, 0, nullptr)
+            : CreateFileW(trial.c_str(), FILE_APPEND_DATA | DELETE, everybody, nullptr, CREATE_NEW,
+                          FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+    return file ? 0 : GetLastError();
+}
+
+void readModules(IdeProcess& process)
+{
+    const Snapshot snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, process.id));
+    MODULEENTRY32W module{};
+    module.dwSize = sizeof module;
+    if (!snapshot || !Module32FirstW(snapshot.get(), &module))
+        return;
+    process.areModulesKnown = true;
+    process.path = module.szExePath;
+    while (Module32NextW(snapshot.get(), &module))
+        if (isSameText(module.szModule, L"" VELK_PRODUCT_FILE))
+            process.addins.push_back(plainPath(module.szExePath));
+}
+
+struct MainWindow {
+    DWORD process;
+    HWND found;
+};
+
+BOOL CALLBACK findMainWindow(HWND window, LPARAM search) noexcept
+{
+    auto& wanted = *reinterpret_cast<MainWindow*>(search);
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    if (process != wanted.process || !IsWindowVisible(window) || GetWindow(window, GW_OWNER))
+        return TRUE;
+    wanted.found = window;
+    return FALSE;
+}
+
+void askWindow(IdeProcess& process)
+{
+    MainWindow search{process.id, nullptr};
+    EnumWindows(findMainWindow, reinterpret_cast<LPARAM>(&search));
+    process.hasWindow = search.found != nullptr;
+    DWORD_PTR result = 0;
+    process.answers = process.hasWindow &&
+                      SendMessageTimeoutW(search.found, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, answerTime, &result) != 0;
+}
+
+// Later IDEs have a program of the same name.
+bool isTheIde(const IdeProcess& process, const Options& options)
+{
+    return options.isIdeNamed || !process.areModulesKnown || fileVersion(process.path).starts_with(ideVersion);
+}
+
+} // namespace
+
+void gatherLog(Facts& facts, const Options&)
+{
+    LogFacts& log = facts.log;
+    std::array<wchar_t, settingRoom> variable{};
+    log.isFromEnvironment =
+        GetEnvironmentVariableW(traceVariable, variable.data(), static_cast<DWORD>(variable.size())) != 0;
+    log.setting = readValue(HKEY_CURRENT_USER, traceKey, traceValue);
+    const std::wstring setting = log.isFromEnvironment ? std::wstring(variable.data()) : log.setting.text;
+    const TraceTarget target = traceTarget(setting);
+    log.path = target.path;
+    log.isFiner = target.isFiner;
+    log.isFullPath = isFullyQualified(log.path);
+    log.hasFolder = isFolder(parentDir(log.path) + L"\\");
+    log.isThere = isFile(log.path);
+    if (!log.isFullPath || !log.hasFolder)
+        return;
+    log.writeCode = writeCode(log);
+    if (log.isThere)
+        log.failures = lastFailures(log.path);
+}
+
+void gatherRunning(Facts& facts, const Options& options)
+{
+    facts.running.program = options.ide;
+    const Snapshot snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
+    PROCESSENTRY32W entry{};
+    entry.dwSize = sizeof entry;
+    for (BOOL isMore = snapshot ? Process32FirstW(snapshot.get(), &entry) : FALSE; isMore;
+         isMore = Process32NextW(snapshot.get(), &entry)) {
+        if (!isSameText(entry.szExeFile, options.ide))
+            continue;
+        IdeProcess process;
+        process.id = entry.th32ProcessID;
+        process.path = entry.szExeFile;
+        readModules(process);
+        if (!isTheIde(process, options))
+            continue;
+        askWindow(process);
+        facts.running.processes.push_back(std::move(process));
+    }
+}
+
+} // namespace velk::doctor

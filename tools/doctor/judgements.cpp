@@ -1,0 +1,83 @@
+// The words that the judgements share.
+#include "judgements.h"
+
+#include "base/error.h"
+#include "base/text.h"
+
+namespace velk::doctor {
+
+const wchar_t registerByHand[] =
+    L"Run velkdoctor --fix as administrator, or regsvr32 on the add-in in a 32-bit command prompt as administrator.";
+
+Verdict good(std::wstring text, std::vector<std::wstring> details)
+{
+    return {State::good, std::move(text), {}, std::move(details), Remedy::none};
+}
+
+Verdict note(std::wstring text, std::vector<std::wstring> details)
+{
+    return {State::note, std::move(text), {}, std::move(details), Remedy::none};
+}
+
+Verdict skipped(std::wstring why)
+{
+    return {State::skipped, std::move(why), {}, {}, Remedy::none};
+}
+
+Verdict warning(std::wstring text, std::wstring wayOut, std::vector<std::wstring> details)
+{
+    return {State::warning, std::move(text), std::move(wayOut), std::move(details), Remedy::none};
+}
+
+Verdict wrong(std::wstring text, std::wstring wayOut, std::vector<std::wstring> details)
+{
+    return {State::wrong, std::move(text), std::move(wayOut), std::move(details), Remedy::none};
+}
+
+Verdict withRemedy(Verdict verdict, Remedy remedy)
+{
+    verdict.remedy = remedy;
+    return verdict;
+}
+
+std::wstring quoted(const std::wstring& text)
+{
+    return L"\"" + shownText(text) + L"\"";
+}
+
+bool isSameText(const std::wstring& one, const std::wstring& other) noexcept
+{
+    constexpr LCID invariant = MAKELCID(MAKELANGID(LANG_INVARIANT, SUBLANG_NEUTRAL), SORT_DEFAULT);
+    return CompareStringW(invariant, NORM_IGNORECASE, one.data(), static_cast<int>(one.size()), other.data(),
+                          static_cast<int>(other.size())) == CSTR_EQUAL;
+}
+
+std::wstring systemText(DWORD code)
+{
+    return Error::fromWin32(code).description() + L" (" + numberText(static_cast<int32_t>(code)) + L")";
+}
+
+std::wstring childText(const ChildFacts& child)
+{
+    using enum ChildFacts::Outcome;
+    wchar_t code[16];
+    wsprintfW(code, L"0x%08lX", child.code);
+    const std::wstring at = child.stage.empty() ? L"." : L" at " + child.stage + L".";
+    switch (child.outcome) {
+    case crashed:
+        return L"it crashed with " + std::wstring(code) + at;
+    case hung:
+        return L"it did not come back" + at;
+    case ended:
+        return L"it ended the whole process with exit code " + std::wstring(code) + at;
+    case notStarted:
+        return L"the process for it could not be started: " + systemText(child.code);
+    case notRun:
+        return L"it was not tried.";
+    default:
+        break;
+    }
+    return child.systemCode == 0 ? L"it loads." : L"Windows says: " + systemText(child.systemCode);
+}
+
+} // namespace velk::doctor

@@ -348,14 +348,14 @@ long RZ_CALL RZSetCurrentFolder(long handle, long kind)
 
 static void describe(const Thing *thing)
 {
-    char *const text = say(RZ_TEXT_MESSAGE, thing->name, "");
+    char *const text = say(RZ_TEXT_MESSAGE, "", "");
     int lines = !IS_ROUTINE(thing) ? 0 : thing == &things[longRoutine] ? 40 : 2;
-    add(text, longestText, "\n");
     add(text, longestText, thing == things ? path : thing->comment);
     while (lines-- > 0)
         add(text, longestText, "\n-- look at what the customer wants, take it out of the stock, write down what was "
                                "taken; order what is not there");
-    add(text, longestText, "\nEND");
+    add(text, longestText, "\nEND OF ");
+    add(text, longestText, thing->name);
 }
 
 static void change(long handle, int isOnNow)
@@ -380,7 +380,7 @@ long RZ_CALL RZObjectDoAction(long handle, long action)
     else if (IS_ROUTINE(thing) && action == RZ_ACTION_BUILD)
         change(handle, 0);
     else if (IS_ROUTINE(thing) && action == RZ_ACTION_DROP && !asked)
-        add(say(RZ_TEXT_COMMAND, "Drop from its database: ", "IDE_QUESTION#67#Drop"), longestText,
+        add(say(RZ_TEXT_COMMAND, "Drop this from its database: ", "IDE_QUESTION#67#Drop"), longestText,
             things[(asked = handle) - project].name);
     else
         return 0;

@@ -113,8 +113,10 @@ HWND topWindow(const std::wstring& className)
 
 std::wstring textOf(HWND window)
 {
-    std::wstring text(textRoom, L'\0');
-    const LRESULT length = SendMessageW(window, WM_GETTEXT, textRoom, reinterpret_cast<LPARAM>(text.data()));
+    const LRESULT room = SendMessageW(window, WM_GETTEXTLENGTH, 0, 0) + 1;
+    std::wstring text(static_cast<size_t>(room), L'\0');
+    const LRESULT length =
+        SendMessageW(window, WM_GETTEXT, static_cast<WPARAM>(room), reinterpret_cast<LPARAM>(text.data()));
     text.resize(static_cast<size_t>(length));
     return text;
 }

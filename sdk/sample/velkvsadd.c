@@ -2,7 +2,6 @@
    database for, this one looks up. The numbers are those of the rules in backend-contract.md. */
 #include <string.h>
 #include <windows.h>
-
 #include "../velkbackend.h"
 
 /* ---- What there is. The handle of a thing is the open project's and its place here ------------------------------- */
@@ -251,12 +250,11 @@ long RZ_CALL RZProjectGet(long handle, trzProject *record)
 
 long RZ_CALL RZConnectionGet(long handle, trzConnection *record)
 {
-    const Thing *const thing = thingOf(handle, RZ_KIND_CONNECTION);
-    if (!thing)
+    if (!thingOf(handle, RZ_KIND_CONNECTION))
         return 0;
     record->lHdl = handle;
-    record->bConnected = isOn[thing - things];
-    set(record->strDatabase, thing->name);
+    record->bConnected = isOn[handle - project];
+    set(record->strDatabase, things[handle - project].name);
     record->lProceduresHdl = handle + 1;
     record->lFunctionsHdl = handle + 2;
     record->lTriggersHdl = handle + 3;
@@ -265,7 +263,7 @@ long RZ_CALL RZConnectionGet(long handle, trzConnection *record)
     return 1;
 }
 
-/* ---- Folders: their enumerations, and the records of what is in them ---------------------------------------------- */
+/* ---- Folders: their enumerations, and the records of what is in them --------------------------------------------- */
 
 /* Several may be open at a time (E5); the seventeenth takes the place of the first. */
 static struct Enumeration {
@@ -274,10 +272,10 @@ static struct Enumeration {
 } enumerations[16];
 static long lastEnumeration = 800000;
 
-static struct Enumeration *enumerationOf(long handle)
+static struct Enumeration *enumerationOf(long handle, long kind)
 {
     struct Enumeration *const open = &enumerations[(unsigned long)handle % 16];
-    return project && handle && open->handle == handle ? open : NULL;
+    return handle && open->handle == handle && thingOf(open->folder, kind) ? open : NULL;
 }
 
 static long begin(long folder, long kind, long *unread, long *enumeration)
@@ -291,9 +289,9 @@ static long begin(long folder, long kind, long *unread, long *enumeration)
 }
 
 /* The next object's handle; 0 at the end, and from then on (E3). */
-static long nextOf(long enumeration)
+static long nextOf(long enumeration, long kind)
 {
-    struct Enumeration *const open = enumerationOf(enumeration);
+    struct Enumeration *const open = enumerationOf(enumeration, kind);
     while (open && open->place < thingCount) {
         const int place = open->place++;
         if (things[place].kind % 2 == 0 && project + things[place].parent == open->folder && !isGone[place])
@@ -302,9 +300,9 @@ static long nextOf(long enumeration)
     return 0;
 }
 
-static long close(long enumeration)
+static long close(long enumeration, long kind)
 {
-    struct Enumeration *const open = enumerationOf(enumeration);
+    struct Enumeration *const open = enumerationOf(enumeration, kind);
     if (open)
         open->handle = 0;
     return open != NULL;
@@ -326,8 +324,11 @@ static long close(long enumeration)
         return 1;                                                                                                      \
     }                                                                                                                  \
     long RZ_CALL RZ##Kind##EnumBegin(long folder, long *a, long *b) { return begin(folder, number - 1, a, b); }        \
-    long RZ_CALL RZ##Kind##EnumNext(long open, trz##Kind *record) { return RZ##Kind##Get(nextOf(open), record); }      \
-    long RZ_CALL RZ##Kind##EnumEnd(long open) { return close(open); }
+    long RZ_CALL RZ##Kind##EnumNext(long a, trz##Kind *record)                                                         \
+    {                                                                                                                  \
+        return RZ##Kind##Get(nextOf(a, number - 1), record);                                                           \
+    }                                                                                                                  \
+    long RZ_CALL RZ##Kind##EnumEnd(long a) { return close(a, number - 1); }
 
 FOLDER(Procedure, RZ_KIND_PROCEDURE, set(record->strParameters, thing->detail); set(record->strLanguage, "SQL"))
 FOLDER(Function, RZ_KIND_FUNCTION, set(record->strResult, thing->detail); set(record->strLanguage, "SQL"))
@@ -347,14 +348,14 @@ long RZ_CALL RZSetCurrentFolder(long handle, long kind)
 
 static void describe(const Thing *thing)
 {
-    char *const text = say(RZ_TEXT_MESSAGE, thing->name, "");
+    char *const text = say(RZ_TEXT_MESSAGE, "", "");
     int lines = !IS_ROUTINE(thing) ? 0 : thing == &things[longRoutine] ? 40 : 2;
-    add(text, longestText, "\n");
     add(text, longestText, thing == things ? path : thing->comment);
     while (lines-- > 0)
         add(text, longestText, "\n-- look at what the customer wants, take it out of the stock, write down what was "
                                "taken; order what is not there");
-    add(text, longestText, "\nEND");
+    add(text, longestText, "\nEND OF ");
+    add(text, longestText, thing->name);
 }
 
 static void change(long handle, int isOnNow)
@@ -379,14 +380,13 @@ long RZ_CALL RZObjectDoAction(long handle, long action)
     else if (IS_ROUTINE(thing) && action == RZ_ACTION_BUILD)
         change(handle, 0);
     else if (IS_ROUTINE(thing) && action == RZ_ACTION_DROP && !asked)
-        add(say(RZ_TEXT_COMMAND, "Drop from its database: ", "IDE_QUESTION#67#Drop"), longestText,
+        add(say(RZ_TEXT_COMMAND, "Drop this from its database: ", "IDE_QUESTION#67#Drop"), longestText,
             things[(asked = handle) - project].name);
     else
         return 0;
     return 1;
 }
 
-/* The answer to the question that waits for one; a question may also never be answered (P3). */
 long RZ_CALL RZButtonDoAction(char *text, long answer)
 {
     if (!asked)

@@ -26,9 +26,31 @@ Mended told(std::wstring text, const std::function<void()>& step)
     return {text + L": this failed, " + failure->description() + (isDenied ? rightsNeeded : L"") + L".", false};
 }
 
+// Without the rights for all of it nothing is begun: what fails half-way would be taken back with what was right.
+void throwUnlessWritable(const std::wstring& place)
+{
+    unique_key key;
+    const LONG status = RegOpenKeyExW(HKEY_LOCAL_MACHINE, place.c_str(), 0, KEY_READ | KEY_WRITE, key.put());
+    if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND)
+        throw Error::fromWin32(static_cast<DWORD>(status));
+}
+
+void throwUnlessRegistrationIsWritable()
+{
+    for (const wchar_t* list : {L"Software\\Classes", L"Software\\Classes\\CLSID", L"Software\\Classes\\TypeLib",
+                                interfacesPlace, L"Software\\Microsoft", ideRoot, addinKey})
+        throwUnlessWritable(list);
+    throwUnlessWritable(libraryPlace());
+    for (const PublishedName& name : publishedNames()) {
+        throwUnlessWritable(classPlace(name.clsid));
+        throwUnlessWritable(progIdPlace(name.progId));
+    }
+}
+
 // What the user chose in the Add-In Manager outlives a registration.
 void registerAgain(const Facts& facts, const Options& options)
 {
+    throwUnlessRegistrationIsWritable();
     const ChildResult result = runInChild(Step::registerAddin, facts.addin.file.path, options.wait);
     if (result.after.outcome != ChildFacts::Outcome::done) {
         const bool isLoaded = result.load.isLoaded();
@@ -58,6 +80,7 @@ void removeTypeLibrary(HKEY root)
 
 void removeRegistration()
 {
+    throwUnlessRegistrationIsWritable();
     registry::removeTree(HKEY_LOCAL_MACHINE, addinKey);
     registry::removeEmptyUpTo(HKEY_LOCAL_MACHINE, ideRoot, ideRootStop);
     removeTypeLibrary(HKEY_LOCAL_MACHINE);

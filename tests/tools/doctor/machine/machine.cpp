@@ -44,6 +44,17 @@ void snapshot(HKEY root, const std::wstring& path, std::set<std::wstring>& lines
         snapshot(root, path + L"\\" + name, lines);
 }
 
+// Those of our type library, which outlive its own key.
+void removeInterfaces(HKEY root)
+{
+    constexpr size_t most = 100000;
+    for (const std::wstring& name : doctor::keysBelow(root, doctor::interfacesPlace, most)) {
+        const std::wstring path = std::wstring(doctor::interfacesPlace) + L"\\" + name;
+        if (doctor::readValue(root, path + L"\\TypeLib").text == doctor::typeLibraryId())
+            registry::removeTree(root, path);
+    }
+}
+
 std::string fieldOf(const std::string& line, const std::string& name)
 {
     const std::string mark = "\"" + name + "\": \"";
@@ -133,6 +144,7 @@ void DoctorTest::unregister()
             remove(root, doctor::progIdPlace(name.progId));
         }
         remove(root, doctor::libraryPlace());
+        removeInterfaces(root);
         remove(root, L"Software\\Microsoft\\VisualStudio");
         remove(root, L"Software\\Classes\\velkviadd.Older");
     }
@@ -261,9 +273,23 @@ void DoctorTest::startIde(const std::wstring& loaded, const std::wstring& manner
 std::set<std::wstring> DoctorTest::registry()
 {
     std::set<std::wstring> lines;
-    for (const HKEY root : {HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER})
-        for (const wchar_t* path : {L"Software\\Classes", L"Software\\Microsoft\\VisualStudio", L"Software\\Velk"})
-            snapshot(root, path, lines);
+    for (const HKEY root : {HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER}) {
+        for (const doctor::PublishedName& name : doctor::publishedNames()) {
+            snapshot(root, doctor::classPlace(name.clsid), lines);
+            snapshot(root, doctor::progIdPlace(name.progId), lines);
+        }
+        snapshot(root, doctor::libraryPlace(), lines);
+        snapshot(root, L"Software\\Microsoft\\VisualStudio", lines);
+        snapshot(root, L"Software\\Velk", lines);
+    }
+    return lines;
+}
+
+std::set<std::wstring> DoctorTest::wholeRegistry()
+{
+    std::set<std::wstring> lines = registry();
+    snapshot(HKEY_LOCAL_MACHINE, L"Software\\Classes", lines);
+    snapshot(HKEY_CURRENT_USER, L"Software\\Classes", lines);
     return lines;
 }
 

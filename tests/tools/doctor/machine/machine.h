@@ -64,8 +64,10 @@ protected:
     // An IDE that has loaded a library ("-": none), and "answers" or "hangs".
     void startIde(const std::wstring& loaded, const std::wstring& manner);
 
-    // All keys and values below the places that the doctor may write to.
+    // All keys and values of the add-in's registration; the same with all other classes of the machine, which takes
+    // seconds.
     static std::set<std::wstring> registry();
+    static std::set<std::wstring> wholeRegistry();
 
 private:
     static void forgetEverything();

@@ -1,9 +1,8 @@
 // What is registered, and what reads strangely there.
+#include "deniedKey.h"
 #include "doctor/publishedNames.h"
 #include "doctor/registrationPlaces.h"
 #include "machine.h"
-
-#include <aclapi.h>
 
 namespace velk::test {
 namespace {
@@ -14,28 +13,6 @@ std::wstring server(size_t index)
 {
     return doctor::classPlace(doctor::publishedNames().at(index).clsid) + L"\\InprocServer32";
 }
-
-// Takes all rights on a key from everybody while it lives.
-class DeniedKey {
-public:
-    explicit DeniedKey(const std::wstring& path) : m_name(L"MACHINE\\" + path)
-    {
-        ACL nobody{};
-        InitializeAcl(&nobody, sizeof nobody, ACL_REVISION);
-        set(&nobody);
-    }
-    DeniedKey(const DeniedKey&) = delete;
-    DeniedKey& operator=(const DeniedKey&) = delete;
-    ~DeniedKey() { set(nullptr); } // everybody may do everything
-
-private:
-    void set(ACL* rights)
-    {
-        SetNamedSecurityInfoW(m_name.data(), SE_REGISTRY_KEY, DACL_SECURITY_INFORMATION, nullptr, nullptr, rights,
-                              nullptr);
-    }
-    std::wstring m_name;
-};
 
 TEST_F(DoctorTest, addinThatIsNotRegistered_isOneComplaint)
 {

@@ -1,6 +1,7 @@
 #include "serverview/CellTips.h"
 
 #include "base/boundary.h"
+#include "window/list_headers.h"
 
 namespace velk {
 namespace {
@@ -34,18 +35,6 @@ POINT mouse() noexcept
 bool isInFront() noexcept
 {
     return GetWindowThreadProcessId(GetForegroundWindow(), nullptr) == GetCurrentThreadId();
-}
-
-// Of the arrow in a header, with the room beside it.
-int markWidth(HWND header, int column) noexcept
-{
-    HDITEMW item{};
-    item.mask = HDI_FORMAT | HDI_BITMAP;
-    SendMessageW(header, HDM_GETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
-    BITMAP picture{};
-    if (!(item.fmt & HDF_BITMAP) || !GetObjectW(item.hbm, sizeof picture, &picture))
-        return 0;
-    return picture.bmWidth + 2 * 3 * GetSystemMetrics(SM_CXEDGE);
 }
 
 } // namespace
@@ -89,7 +78,7 @@ CellTips::Looks CellTips::looksOfHeader(int column) const
     m_list.view().send(LVM_GETCOLUMNW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&asked));
     looks.text.resize(wcslen(looks.text.c_str()));
     SendMessageW(header(), HDM_GETITEMRECT, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&looks.place));
-    looks.place.right -= markWidth(header(), column);
+    looks.place.right -= headerMarkWidth(m_list.view(), column);
     InflateRect(&looks.place, -marginOf(column, true), 0);
     return looks;
 }

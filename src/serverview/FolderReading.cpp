@@ -2,8 +2,6 @@
 
 #include "serverview/publishedView.h"
 
-#include <algorithm>
-
 namespace velk {
 namespace {
 
@@ -12,11 +10,6 @@ constexpr DWORD untilTold = 300;
 constexpr DWORD betweenNumbers = 100;
 constexpr DWORD betweenKeyLooks = 50;
 constexpr DWORD betweenSignsOfLife = 1000; // the system waits for five seconds
-
-// A look at the clock is for many objects of a quick tool, and for each of a slow one.
-constexpr size_t longestStride = 256;
-constexpr DWORD quick = 5;
-constexpr DWORD slow = 20;
 
 // The key is meant for us in the view alone, and while nobody else is in front: no message tells this thread of a
 // window that came there meanwhile.
@@ -56,10 +49,8 @@ FolderReading::~FolderReading()
         notice.setContents(m_hasSucceeded ? FolderContents::read : FolderContents::unreadable);
 }
 
-void FolderReading::look() noexcept
+void FolderReading::look(DWORD now) noexcept
 {
-    const DWORD now = readingSenses().now();
-    planNextLook(now - m_lastLook);
     m_lastLook = now;
     if (now - m_begun >= untilTold && (!m_isTold || now - m_told >= betweenNumbers))
         tell(now);
@@ -69,15 +60,6 @@ void FolderReading::look() noexcept
         m_keyLook = now;
         lookAtKey();
     }
-}
-
-void FolderReading::planNextLook(DWORD passed) noexcept
-{
-    if (passed < quick)
-        m_stride = std::min(m_stride * 2, longestStride);
-    else if (passed >= slow)
-        m_stride = std::max<size_t>(m_stride / 4, 1);
-    m_nextLook = m_objects + m_stride;
 }
 
 void FolderReading::lookAtKey() noexcept

@@ -29,8 +29,9 @@ public:
     // One more object has come. Leaves the house at times: the view may be gone afterwards.
     void count() noexcept
     {
-        if (++m_objects >= m_nextLook)
-            look();
+        ++m_objects;
+        if (const DWORD now = readingSenses().now(); now != m_lastLook)
+            look(now);
     }
     // Whether the user ended it, or its rows are not wanted any more.
     bool isOver() const noexcept { return m_isStopped || isForNobody(); }
@@ -39,8 +40,7 @@ public:
 
 private:
     bool isForNobody() const noexcept { return m_life.isOver() || m_filling.isOvertaken(); }
-    void look() noexcept;
-    void planNextLook(DWORD passed) noexcept;
+    void look(DWORD now) noexcept;
     void lookAtKey() noexcept;
     void tell(DWORD now) noexcept;
     void showLife(DWORD now) noexcept;
@@ -53,9 +53,7 @@ private:
     DWORD m_told = 0; // when the number was shown
     DWORD m_shownLife;
     size_t m_objects = 0;
-    size_t m_nextLook = 1;
-    size_t m_stride = 1; // objects from one look at the clock to the next
-    bool m_wasKeyDown;   // since the begin: only what is pressed meanwhile is meant for us
+    bool m_wasKeyDown; // since the begin: only what is pressed meanwhile is meant for us
     bool m_isStopped = false;
     bool m_isTold = false;
     bool m_hasSucceeded = false;

@@ -12,6 +12,7 @@ void KeptTree::begin(ProjectView before)
     m_toExpand = m_view.expanded;
     m_toSelect = m_view.selected;
     m_hasUserSelected = false;
+    m_selectedAgain.clear();
 }
 
 std::optional<KeptNode> KeptTree::nameOf(const TreeNode* node) const
@@ -35,11 +36,12 @@ bool KeptTree::isCollapsed(const std::wstring& connection) const
 
 void KeptTree::connectionCame(const std::wstring& key, bool isConnected)
 {
-    if (m_parts.life.isOver() || (m_toExpand.empty() && !m_toSelect))
+    if (m_parts.life.isOver() || (m_toExpand.empty() && !m_toSelect && m_selectedAgain.empty()))
         return;
     TreeView& tree = *m_parts.serverTreeView;
     if (!tree.has(key))
         return;
+    collapseSelectedAgain();
     restoreExpansion(tree.parentOf(key));
     restoreExpansion(&tree.node(key));
     // What comes expands the selected node, whoever selected it.
@@ -60,6 +62,17 @@ void KeptTree::restoreExpansion(const TreeNode* node)
         return;
     if (const auto known = m_toExpand.find(name->connection); known != m_toExpand.end())
         m_parts.serverTreeView->expand(std::wstring(node->key), known->second);
+}
+
+// What comes expands the selected node; nobody asked for that of a connection that was selected for the user.
+void KeptTree::collapseSelectedAgain()
+{
+    TreeView& tree = *m_parts.serverTreeView;
+    const TreeNode* const selected = tree.selected();
+    const std::optional<KeptNode> name = nameOf(selected);
+    if (name && name->kind == kindConnection && selected->key == m_selectedAgain &&
+        !m_view.expanded.contains(name->connection))
+        tree.expand(m_selectedAgain, false);
 }
 
 void KeptTree::restoreSelection(const TreeNode& connection, bool isConnected)
@@ -85,6 +98,7 @@ void KeptTree::restoreSelection(const TreeNode& connection, bool isConnected)
 void KeptTree::select(const std::wstring& key)
 {
     m_toSelect.reset();
+    m_selectedAgain = key;
     // The tool is told of the folder, and this may be gone when it comes back.
     const std::shared_ptr<bool> isRestoring = m_isRestoring;
     *isRestoring = true;
@@ -102,15 +116,21 @@ void KeptTree::onSelected(const NMTREEVIEWW& notification)
     const std::optional<KeptNode> name = nameOf(m_parts.serverTreeView->selected());
     if (!name || (name->kind == kindProject && !isUsers))
         return;
-    m_hasUserSelected = true;
-    m_toSelect.reset();
-    std::erase_if(m_toExpand, [](const auto& node) { return node.first.empty(); });
+    onUsed();
     m_toExpand.erase(name->connection);
     if (m_view.selected == name)
         return;
     m_view.select(*name);
     if (m_listener)
         m_listener();
+}
+
+void KeptTree::onUsed() noexcept
+{
+    m_hasUserSelected = true;
+    m_toSelect.reset();
+    m_selectedAgain.clear();
+    std::erase_if(m_toExpand, [](const auto& node) { return node.first.empty(); });
 }
 
 void KeptTree::onExpanded(const NMTREEVIEWW& notification)

@@ -30,18 +30,22 @@ public:
     // The tree's notifications of what the user, or somebody else from outside, did in it.
     void onSelected(const NMTREEVIEWW& notification);
     void onExpanded(const NMTREEVIEWW& notification);
+    // He did something with a node that the tree does not tell as his: its menu, which selects it.
+    void onUsed() noexcept;
 
 private:
     std::optional<KeptNode> nameOf(const TreeNode* node) const;
     bool isCollapsed(const std::wstring& connection) const;
     void restoreExpansion(const TreeNode* node);
     void restoreSelection(const TreeNode& connection, bool isConnected);
+    void collapseSelectedAgain();
     void select(const std::wstring& key);
 
     ViewParts& m_parts;
     ProjectView m_view;
     std::map<std::wstring, bool> m_toExpand; // as the user left it before, by connection
     std::optional<KeptNode> m_toSelect;
+    std::wstring m_selectedAgain;   // the node that was, by its key, until the user uses the tree; empty: none
     bool m_hasUserSelected = false; // since the project came
     std::shared_ptr<bool> m_isRestoring = std::make_shared<bool>(false);
     std::function<void()> m_listener;

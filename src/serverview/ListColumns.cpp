@@ -183,7 +183,7 @@ void ListColumns::fitToContents(size_t column, const RowModel& rows)
 {
     if (!isShown(column))
         return;
-    int width = m_view.widthOf(m_headers[column]);
+    int width = m_view.widthOf(m_headers[column]) + headerMarkWidth(m_view, numberOf(column));
     for (const Row* row : widestRows(rows, column, TextWidths(m_font), TextWidths(m_boldFont)))
         width = std::max(width, widthOfCell(*row, column, shownTextOf(*row, column)));
     m_view.setColumnWidth(numberOf(column), width);

@@ -27,9 +27,10 @@ uint64_t now() noexcept
     return uint64_t{time.dwHighDateTime} << 32 | time.dwLowDateTime;
 }
 
-bool keep(const std::wstring& name, const std::wstring& text) noexcept
+template <class Write>
+void keep(const Write& write) noexcept
 {
-    return swallow(where, L"the view is not kept", [&] { viewStore::setValue(name, text); });
+    swallow(where, L"the view is not kept", write);
 }
 
 } // namespace
@@ -86,13 +87,13 @@ void ViewKeeper::write() noexcept
     if (std::exchange(m_isWaiting, false))
         KillTimer(m_owner, timerId);
     if (std::exchange(m_isTreeWidthNew, false))
-        keep(treeWidthName, keptTreeWidth(m_treeWidth));
+        keep([this] { viewStore::setValue(treeWidthName, keptTreeWidth(m_treeWidth)); });
     if (std::exchange(m_isFilterNew, false))
-        keep(filterName, keptFlag(m_isFilterOpen));
-    swallow(where, L"the columns are not kept", [this] {
-        for (const int32_t folderKind : std::exchange(m_newColumns, {}))
-            keep(columnsName(folderKind), m_parts.serverDetailsView->columns().given(folderKind));
-    });
+        keep([this] { viewStore::setValue(filterName, keptFlag(m_isFilterOpen)); });
+    for (const int32_t folderKind : std::exchange(m_newColumns, {}))
+        keep([&] {
+            viewStore::setValue(columnsName(folderKind), m_parts.serverDetailsView->columns().given(folderKind));
+        });
     writeProject();
 }
 

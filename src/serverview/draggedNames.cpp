@@ -7,18 +7,25 @@
 namespace velk {
 namespace {
 
-// Words that mean something of their own in the SQL of all widespread databases, in order.
+// Words that mean something of their own in the SQL of a widespread database, in order. Quotes do no harm: the name is
+// as the database has it.
 // clang-format off
 constexpr std::wstring_view sqlWords[] = {
-    L"ALL", L"ALTER", L"AND", L"ANY", L"AS", L"ASC", L"BETWEEN", L"BY", L"CALL", L"CASE", L"CAST", L"CHECK", L"COLUMN",
-    L"COMMIT", L"CONSTRAINT", L"CREATE", L"CROSS", L"CURRENT", L"CURRENT_DATE", L"CURRENT_TIME", L"CURRENT_TIMESTAMP",
-    L"CURRENT_USER", L"CURSOR", L"DECLARE", L"DEFAULT", L"DELETE", L"DESC", L"DISTINCT", L"DROP", L"ELSE", L"END",
-    L"EXCEPT", L"EXECUTE", L"EXISTS", L"FALSE", L"FETCH", L"FOR", L"FOREIGN", L"FROM", L"FULL", L"FUNCTION", L"GRANT",
-    L"GROUP", L"HAVING", L"IN", L"INDEX", L"INNER", L"INSERT", L"INTERSECT", L"INTO", L"IS", L"JOIN", L"KEY", L"LEFT",
-    L"LIKE", L"NATURAL", L"NOT", L"NULL", L"OF", L"ON", L"OR", L"ORDER", L"OUTER", L"PRIMARY", L"PROCEDURE",
-    L"REFERENCES", L"REVOKE", L"RIGHT", L"ROLLBACK", L"SELECT", L"SESSION_USER", L"SET", L"SOME", L"TABLE", L"THEN",
-    L"TO", L"TRIGGER", L"TRUE", L"UNION", L"UNIQUE", L"UPDATE", L"USER", L"USING", L"VALUES", L"VIEW", L"WHEN",
-    L"WHERE", L"WITH",
+    L"ALL", L"ALTER", L"ANALYSE", L"ANALYZE", L"AND", L"ANY", L"ARRAY", L"AS", L"ASC", L"ASYMMETRIC", L"BETWEEN",
+    L"BOTH", L"BY", L"CALL", L"CASE", L"CAST", L"CHECK", L"COLLATE", L"COLUMN", L"COMMIT", L"CONNECT", L"CONSTRAINT",
+    L"CREATE", L"CROSS", L"CURRENT", L"CURRENT_DATE", L"CURRENT_ROLE", L"CURRENT_SCHEMA", L"CURRENT_TIME",
+    L"CURRENT_TIMESTAMP", L"CURRENT_USER", L"CURSOR", L"DATE", L"DECLARE", L"DEFAULT", L"DEFERRABLE", L"DELETE",
+    L"DESC", L"DISTINCT", L"DO", L"DROP", L"ELSE", L"ELSEIF", L"END", L"EXCEPT", L"EXCEPTION", L"EXCLUDE", L"EXECUTE",
+    L"EXISTS", L"FALSE", L"FETCH", L"FOR", L"FOREIGN", L"FREEZE", L"FROM", L"FULL", L"FUNCTION", L"GLOBAL", L"GRANT",
+    L"GROUP", L"HAVING", L"ILIKE", L"IN", L"INDEX", L"INITIALLY", L"INNER", L"INSERT", L"INTERSECT", L"INTO", L"IS",
+    L"ISNULL", L"JOIN", L"KEY", L"LATERAL", L"LEADING", L"LEFT", L"LEVEL", L"LIKE", L"LIMIT", L"LOCAL", L"LOCALTIME",
+    L"LOCALTIMESTAMP", L"LOCK", L"MINUS", L"MODIFY", L"NATURAL", L"NOT", L"NOTNULL", L"NULL", L"NUMBER", L"OF",
+    L"OFFSET", L"ON", L"ONLY", L"OPTION", L"OR", L"ORDER", L"OUT", L"OUTER", L"OVER", L"OVERLAPS", L"PARTITION",
+    L"PLACING", L"PRIMARY", L"PRIOR", L"PROCEDURE", L"PUBLIC", L"REFERENCES", L"RETURN", L"RETURNING", L"REVOKE",
+    L"RIGHT", L"ROLLBACK", L"ROW", L"ROWS", L"SELECT", L"SESSION_USER", L"SET", L"SIMILAR", L"SOME", L"START",
+    L"SYMMETRIC", L"SYNONYM", L"SYSDATE", L"TABLE", L"TABLESAMPLE", L"THEN", L"TO", L"TOP", L"TRAILING", L"TRIGGER",
+    L"TRUE", L"TRUNCATE", L"UNION", L"UNIQUE", L"UPDATE", L"USER", L"USING", L"VALUES", L"VARIADIC", L"VERBOSE",
+    L"VIEW", L"WHEN", L"WHERE", L"WHILE", L"WINDOW", L"WITH",
 };
 // clang-format on
 static_assert(std::is_sorted(std::begin(sqlWords), std::end(sqlWords)));
@@ -30,7 +37,7 @@ bool isDigit(wchar_t character) noexcept
 
 bool isOfAName(wchar_t character) noexcept
 {
-    return IsCharAlphaW(character) || isDigit(character) || character == L'_' || character == L'$' || character == L'#';
+    return IsCharAlphaW(character) || isDigit(character) || character == L'_';
 }
 
 bool isSqlWord(std::wstring_view name)

@@ -203,10 +203,13 @@ void svrViewCtl::onContextMenu(HWND pane, LPARAM place) noexcept
     const POINT onScreen{static_cast<short>(LOWORD(place)), static_cast<short>(HIWORD(place))};
     const bool isByKeyboard = place == -1;
     swallow(L"svrViewCtl menu", L"no menu opens; what its items do tells its own failures", [&] {
-        if (m_headerMenu.isMeant(pane, isByKeyboard))
+        if (m_headerMenu.isMeant(pane, isByKeyboard)) {
             m_headerMenu.open(hwnd(), onScreen, isByKeyboard);
-        else
-            m_contextMenus.open(hwnd(), pane, onScreen, isByKeyboard);
+            return;
+        }
+        if (pane == m_parts.serverTreeView->hwnd())
+            m_keeper.tree().onUsed();
+        m_contextMenus.open(hwnd(), pane, onScreen, isByKeyboard);
     });
 }
 

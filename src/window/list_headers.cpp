@@ -25,6 +25,17 @@ std::wstring headerOf(const ListView& list, int column)
     return text.c_str();
 }
 
+int headerMarkWidth(const ListView& list, int column) noexcept
+{
+    HDITEMW item{};
+    item.mask = HDI_FORMAT | HDI_BITMAP;
+    SendMessageW(headerOf(list), HDM_GETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
+    BITMAP picture{};
+    if (!(item.fmt & HDF_BITMAP) || !GetObjectW(item.hbm, sizeof picture, &picture))
+        return 0;
+    return picture.bmWidth + 2 * 3 * GetSystemMetrics(SM_CXEDGE);
+}
+
 void setColumnsFromLeft(const ListView& list, const std::vector<int>& columns)
 {
     std::vector<int> order = columns;

@@ -12,6 +12,8 @@ namespace velk {
 std::vector<int> columnsFromLeft(const ListView& list);
 std::wstring headerOf(const ListView& list, int column);
 void setColumnsFromLeft(const ListView& list, const std::vector<int>& columns);
+// The width of the arrow in a column's header, with the room beside it, in pixels; 0 without one.
+int headerMarkWidth(const ListView& list, int column) noexcept;
 // The column at a place of the screen (pixels); -1 for none.
 int columnAt(const ListView& list, POINT place) noexcept;
 

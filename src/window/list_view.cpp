@@ -233,6 +233,8 @@ void ListView::selectRow(int row) const noexcept
         setState(*this, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
     else if (const int focused = focusedRow(); focused >= 0)
         setState(*this, focused, LVIS_FOCUSED, 0);
+    // The control keeps the number of the row that Shift selects from, whatever stands there by now.
+    ListSelection(*this).setAnchor(row);
 }
 
 void ListView::focusRow(int row) const noexcept

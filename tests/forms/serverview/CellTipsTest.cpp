@@ -188,5 +188,15 @@ TEST_F(CellTipsTest, list_leavesItsOwnTipsAwayAndTheTreeKeepsIts)
     EXPECT_EQ(GetWindowLongW(tree().hwnd(), GWL_STYLE) & TVS_NOTOOLTIPS, 0);
 }
 
+TEST_F(CellTipsTest, headerOfAFittedColumnThatOrdersTheRows_isNotCutOff)
+{
+    list().sortBy(1);
+    shownRows();
+    fitColumn(list(), 1);
+    moveToHeader(1);
+    rest();
+    EXPECT_EQ(tipText(), L"(none)") << list().view().columnWidth(1);
+}
+
 } // namespace
 } // namespace velk

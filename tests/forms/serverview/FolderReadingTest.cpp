@@ -315,13 +315,24 @@ TEST_F(FolderReadingTest, messagesThatWait_areNotCarriedOutMeanwhile)
     EXPECT_TRUE(PeekMessageW(&waiting, nullptr, WM_CLOSE, WM_CLOSE, PM_REMOVE));
 }
 
-TEST_F(FolderReadingTest, quickObjects_areNotEachALookAtTheClock)
+TEST_F(FolderReadingTest, toolThatBecomesSlow_isStillStoppedByEscapeAtOnce)
+{
+    backend.folders[24].clear();
+    giveViews(1000);
+    step = 0;
+    whenAsked[512] = [this] { step = 50; };
+    pressEscapeAt(560);
+    fillViews();
+    EXPECT_EQ(shownRows(), 560);
+}
+
+TEST_F(FolderReadingTest, quickObjects_areNotEachALookAtTheKey)
 {
     static int looks;
     looks = 0;
-    readingSenses().now = []() noexcept {
+    readingSenses().isKeyDown = [](int) noexcept {
         ++looks;
-        return now();
+        return false;
     };
     step = 0;
     backend.folders[24].clear();

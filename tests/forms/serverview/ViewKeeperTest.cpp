@@ -5,6 +5,7 @@
 #include "serverview/ViewKeeper.h"
 #include "serverview/viewStore.h"
 #include "support/keptView.h"
+#include "support/outOfMemory.h"
 
 #include <memory>
 
@@ -324,6 +325,67 @@ TEST_F(ViewKeeperTest, filterStrip_isKept)
     life->filterStrip().open();
     end();
     EXPECT_EQ(viewStore::value(L"FilterStrip"), L"1;1");
+}
+
+TEST_F(ViewKeeperTest, userWhoAskedForTheProjectsMenu_isLeftThere)
+{
+    begin();
+    bringProject();
+    livingTree().select(L"K24");
+    end();
+    begin();
+    addFolderNode(L"", L"5", L"K1", L"orders", L"True");
+    projectHasCome({.lHdl = 1, .strName = L"orders", .strPath = path});
+    setMenuPresenter([](const std::vector<MenuLine>&, POINT) { return 0; });
+    // A right click on the project, as its menu begins.
+    livingTree().select(L"K1");
+    SendMessageW(life->hwnd(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(livingTree().hwnd()), -1);
+    bringConnection(10, L"ORDERS", true);
+    EXPECT_EQ(selectedKey(), L"K1");
+}
+
+TEST_F(ViewKeeperTest, writingWithoutMemory_isNotTheEndOfTheProcess)
+{
+    begin();
+    dragSplitter(300);
+    {
+        const test::OutOfMemory none;
+        SendMessageW(life->hwnd(), WM_TIMER, 0x4B50, 0);
+    }
+    SUCCEED();
+}
+
+TEST_F(ViewKeeperTest, connectionThatTheUserAddsToACollapsedProject_isBroughtToLightAsTheToolAsks)
+{
+    begin();
+    bringProject();
+    toggle(L"K1");
+    toggle(L"K1"); // collapsed
+    end();
+    begin();
+    bringProject();
+    ASSERT_FALSE(test::isExpanded(livingTree(), L"K1"));
+    // The user chooses Add Connection in the project's menu; the tool brings it and has its parent expanded.
+    setMenuPresenter([](const std::vector<MenuLine>&, POINT) { return 0; });
+    livingTree().select(L"K1");
+    SendMessageW(life->hwnd(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(livingTree().hwnd()), -1);
+    bringConnection(50, L"NEW", true);
+    EXPECT_TRUE(test::isExpanded(livingTree(), L"K1"));
+}
+
+TEST_F(ViewKeeperTest, selectedConnectionThatWasNeverExpanded_isNotExpandedInTheNextLife)
+{
+    begin();
+    bringProject();
+    bringConnection(50, L"OTHER", true);
+    livingTree().select(L"K10");
+    ASSERT_FALSE(test::isExpanded(livingTree(), L"K10"));
+    end();
+    begin();
+    bringProject();
+    bringConnection(50, L"OTHER", true);
+    EXPECT_EQ(selectedKey(), L"K10");
+    EXPECT_FALSE(test::isExpanded(livingTree(), L"K10"));
 }
 
 } // namespace

@@ -91,7 +91,7 @@ Function Unpack
   SetOutPath "$Payload"
   File /r "${FILES}/*.*"
   WriteUninstaller "$Payload\${UNINSTALLER}"
-  SetOutPath "$PLUGINSDIR"
+  SetOutPath "$TEMP" ; a folder in which a program is cannot go
   Push "$Payload\${UNINSTALLER}"
   Call HashOf
   Pop $0
@@ -382,7 +382,6 @@ Function ChangeAll
   Call WriteEntry
   StrCpy $IsChanging 0
   FileClose $Journal
-  SetOutPath "$TEMP" ; a folder in which a program is cannot go
   RMDir /r "$New"
   RMDir /r /REBOOTOK "$Old"
 FunctionEnd

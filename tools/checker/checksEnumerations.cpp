@@ -1,0 +1,286 @@
+// Level 6: enumerations and handles.
+#include "checker/bench.h"
+#include "checker/checks.h"
+#include "checker/texts.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+namespace velk::check {
+namespace {
+
+struct Folder {
+    int32_t handle;
+    const FolderKind* kind;
+};
+
+bool isTold(const Session& session, int32_t folder)
+{
+    const auto& heard = session.heard();
+    return std::any_of(heard.begin(), heard.end(), [&](const Heard& one) {
+        return one.notify.type == typeContents && one.notify.handle == folder;
+    });
+}
+
+std::vector<Folder> foldersOf(Bench& bench)
+{
+    std::vector<Folder> folders;
+    std::set<int32_t> known{0}; // H1 and H2 tell of folders that have no handle of their own
+    for (const HeardConnection& connection : bench.opened().connections())
+        for (size_t index = 0; index < folderKindCount; ++index)
+            if (known.insert(connection.folders[index]).second && isTold(bench.opened(), connection.folders[index]))
+                folders.push_back({connection.folders[index], &folderKinds()[index]});
+    if (folders.empty())
+        throw NotChecked{"no folder's contents were told"};
+    return folders;
+}
+
+// One enumeration, step by step.
+class Steps {
+public:
+    Steps(Bench& bench, const Folder& folder)
+        : m_bench(bench), m_kind(*folder.kind), m_begin(bench.calls.enumBegin(m_kind.begin, folder.handle))
+    {
+    }
+    bool hasBegun() const { return m_begin.answer != 0; }
+    // The handle of the next object; 0 at the end.
+    int32_t next()
+    {
+        WireRecord record = m_kind.record();
+        const int32_t answer = m_bench.calls.fill(m_kind.next, m_begin.enumeration, record);
+        return answer == 0 ? 0 : record.number("lHdl");
+    }
+    std::vector<int32_t> all()
+    {
+        std::vector<int32_t> handles;
+        RepeatedHandles repeated;
+        while (const int32_t handle = hasBegun() ? next() : 0) {
+            m_isEndless = repeated.areTooMany(handle) || handles.size() == most;
+            if (m_isEndless)
+                break;
+            handles.push_back(handle);
+        }
+        return handles;
+    }
+    bool isEndless() const { return m_isEndless; }
+    void end() { m_bench.calls.plain(m_kind.end, m_begin.enumeration); }
+
+private:
+    static constexpr size_t most = 1'000'000; // the caller gives up then
+    Bench& m_bench;
+    const FolderKind& m_kind;
+    EnumBegin m_begin;
+    bool m_isEndless = false;
+};
+
+std::vector<int32_t> handlesOf(Bench& bench, const Folder& folder)
+{
+    Steps steps(bench, folder);
+    std::vector<int32_t> handles = steps.all();
+    steps.end();
+    return handles;
+}
+
+std::string shownHandles(const std::vector<int32_t>& handles)
+{
+    std::string text = std::to_string(handles.size()) + " objects:";
+    constexpr size_t most = 8;
+    for (size_t index = 0; index < handles.size() && index < most; ++index)
+        text += " " + std::to_string(handles[index]);
+    return text + (handles.size() > most ? " ..." : "");
+}
+
+// In which order they come is left to the library.
+void checkSame(Bench& bench, Rule rule, std::vector<int32_t> expected, std::vector<int32_t> seen)
+{
+    std::sort(expected.begin(), expected.end());
+    std::sort(seen.begin(), seen.end());
+    if (expected != seen)
+        bench.probe.found(rule, shownHandles(expected), shownHandles(seen));
+}
+
+// Folders with something in them, and what that is.
+std::vector<std::pair<Folder, std::vector<int32_t>>> filledFolders(Bench& bench)
+{
+    std::vector<std::pair<Folder, std::vector<int32_t>>> filled;
+    for (const Folder& folder : foldersOf(bench)) {
+        Steps steps(bench, folder);
+        auto handles = steps.all();
+        steps.end();
+        if (!handles.empty() && !steps.isEndless())
+            filled.emplace_back(folder, std::move(handles));
+    }
+    if (filled.empty())
+        throw NotChecked{"no folder of the project has an object"};
+    return filled;
+}
+
+} // namespace
+
+void checkEnumerable(Bench& bench)
+{
+    for (const Folder& folder : foldersOf(bench)) {
+        Steps steps(bench, folder);
+        if (!steps.hasBegun())
+            bench.probe.found(Rule::E1, "an answer that is not 0 for a folder whose contents were told", "0");
+        steps.all();
+        steps.end();
+    }
+}
+
+void checkEnumerationEnds(Bench& bench)
+{
+    for (const Folder& folder : foldersOf(bench)) {
+        Steps steps(bench, folder);
+        const std::vector<int32_t> handles = steps.all();
+        if (steps.isEndless())
+            bench.probe.found(Rule::E2, "0 when there is no object left",
+                              std::to_string(handles.size()) + " objects and no end, the last is " +
+                                  std::to_string(handles.back()));
+        steps.end();
+    }
+}
+
+void checkEndStays(Bench& bench)
+{
+    for (const auto& [folder, handles] : filledFolders(bench)) {
+        Steps steps(bench, folder);
+        steps.all();
+        for (int again = 0; again < 2; ++again)
+            if (const int32_t handle = steps.next(); handle != 0)
+                bench.probe.found(Rule::E3, "0 after the end", "object " + std::to_string(handle));
+        steps.end();
+    }
+}
+
+void checkStartsOver(Bench& bench)
+{
+    for (const auto& [folder, handles] : filledFolders(bench))
+        checkSame(bench, Rule::E4, handles, handlesOf(bench, folder));
+}
+
+void checkSideBySide(Bench& bench)
+{
+    const auto filled = filledFolders(bench);
+    for (size_t index = 0; index < filled.size(); ++index) {
+        const auto& [folder, handles] = filled[index];
+        const auto& [otherFolder, otherHandles] = filled[(index + 1) % filled.size()];
+        Steps one(bench, folder);
+        Steps same(bench, folder);
+        Steps other(bench, otherFolder);
+        std::vector<int32_t> seen[3];
+        for (bool isMore = true; isMore;) {
+            isMore = false;
+            Steps* const all[] = {&one, &same, &other};
+            const size_t lengths[] = {handles.size(), handles.size(), otherHandles.size()};
+            for (size_t which = 0; which < std::size(all); ++which)
+                if (const int32_t handle = seen[which].size() < lengths[which] ? all[which]->next() : 0) {
+                    seen[which].push_back(handle);
+                    isMore = true;
+                }
+        }
+        one.end();
+        same.end();
+        other.end();
+        checkSame(bench, Rule::E5, handles, seen[0]);
+        checkSame(bench, Rule::E5, handles, seen[1]);
+        checkSame(bench, Rule::E5, otherHandles, seen[2]);
+    }
+}
+
+void checkEndedEarly(Bench& bench)
+{
+    for (const auto& [folder, handles] : filledFolders(bench)) {
+        Steps unused(bench, folder);
+        unused.end();
+        Steps early(bench, folder);
+        if (early.hasBegun())
+            early.next();
+        else
+            bench.probe.found(Rule::E6, "an answer that is not 0, after another was ended early", "0");
+        early.end();
+        checkSame(bench, Rule::E6, handles, handlesOf(bench, folder));
+    }
+}
+
+void checkSameFetched(Bench& bench)
+{
+    constexpr size_t mostOfAFolder = 50;
+    for (const Folder& folder : foldersOf(bench)) {
+        size_t count = 0;
+        for (const RecordCopy& object : bench.opened().enumerate(folder.handle, folder.kind->folder)) {
+            if (++count > mostOfAFolder)
+                break;
+            WireRecord record = folder.kind->record();
+            const int32_t answer = bench.calls.fill(folder.kind->get, object.number("lHdl"), record);
+            const RecordCopy fetched(record);
+            std::string difference = answer == 0 ? "the answer is 0" : "";
+            for (const char* const field : {"strSchema", "strName"})
+                if (answer != 0 && object.text(field) != fetched.text(field))
+                    difference = std::string(field) + " was " + shown(object.text(field)) + " and is " +
+                                 shown(fetched.text(field));
+            if (!difference.empty())
+                bench.probe.found(Rule::E7, "the object that was enumerated", difference);
+        }
+    }
+}
+
+void checkNoZeroHandle(Bench& bench)
+{
+    Session& session = bench.opened();
+    const auto check = [&](int32_t handle, const std::string& what) {
+        if (handle == 0)
+            bench.probe.found(Rule::H1, {what, ""}, "a handle that is not 0", "0");
+    };
+    for (const Heard& heard : session.heard())
+        check(heard.notify.handle, "a notification of type " + std::to_string(heard.notify.type));
+    for (const HeardConnection& connection : session.connections())
+        for (size_t index = 0; index < folderKindCount; ++index)
+            check(connection.folders[index], std::string("trzConnection.") + folderKinds()[index].field);
+    for (const Folder& folder : foldersOf(bench))
+        for (const RecordCopy& object : session.enumerate(folder.handle, folder.kind->folder))
+            check(object.number("lHdl"), rowOf(folder.kind->next).name);
+}
+
+void checkHandlesDiffer(Bench& bench)
+{
+    Session& session = bench.opened();
+    std::map<int32_t, std::string> known;
+    const auto add = [&](int32_t handle, const std::string& what) {
+        const auto [place, isNew] = known.emplace(handle, what);
+        if (!isNew && handle != 0)
+            bench.probe.found(Rule::H2, {what, ""}, "a handle of its own",
+                              std::to_string(handle) + ", as " + place->second);
+    };
+    add(session.project(), "the project");
+    for (const HeardConnection& connection : std::vector(session.connections())) {
+        add(connection.handle, "connection " + std::to_string(connection.handle));
+        for (size_t index = 0; index < folderKindCount; ++index)
+            add(connection.folders[index], std::string("trzConnection.") + folderKinds()[index].field);
+    }
+    for (const auto& [folder, handles] : filledFolders(bench))
+        for (const int32_t handle : handles)
+            add(handle, "an object of kind " + std::to_string(folder.kind->object()));
+}
+
+void checkOwnHandle(Bench& bench)
+{
+    constexpr size_t mostOfAFolder = 50;
+    Session& session = bench.opened();
+    const auto check = [&](const Fetch& fetch, int32_t handle) {
+        WireRecord record = fetch.record();
+        if (bench.calls.fill(fetch.function, handle, record) != 0 && record.number("lHdl") != handle)
+            bench.probe.found(Rule::H3, "lHdl " + std::to_string(handle), std::to_string(record.number("lHdl")));
+    };
+    check(*fetchOfKind(kindProject), session.project());
+    for (const HeardConnection& connection : std::vector(session.connections()))
+        check(*fetchOfKind(kindConnection), connection.handle);
+    for (const Folder& folder : foldersOf(bench)) {
+        const std::vector<int32_t> handles = handlesOf(bench, folder);
+        for (size_t index = 0; index < handles.size() && index < mostOfAFolder; ++index)
+            check(*fetchOfKind(folder.kind->object()), handles[index]);
+    }
+}
+
+} // namespace velk::check

@@ -1,0 +1,197 @@
+// The parent: starts a child for each level, watches over it, and starts another where one ended before its time.
+#include "checker/checker.h"
+
+#include "checker/checks.h"
+#include "checker/files.h"
+#include "checker/head.h"
+#include "checker/pad.h"
+#include "checker/texts.h"
+#include "checker/watch.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <memory>
+
+namespace velk::check {
+namespace {
+
+using Listener = std::function<void(const std::string&)>;
+
+// The rows of the table that are to be checked at a level.
+std::vector<int16_t> rowsOf(const Request& request, int level)
+{
+    std::vector<int16_t> rows;
+    const auto all = checkRows();
+    for (size_t row = 0; row < all.size(); ++row)
+        if (rowOf(all[row].rule).level == level && (!request.only || *request.only == all[row].rule))
+            rows.push_back(static_cast<int16_t>(row));
+    return rows;
+}
+
+// One level: as many children as it takes until each of its rules was looked at.
+class LevelRun {
+public:
+    LevelRun(const Request& request, int level, const std::wstring& project, Report& report, const Listener& listener)
+        : m_request(request), m_level(level), m_report(report), m_listener(listener), m_rows(rowsOf(request, level))
+    {
+        std::copy_n(request.library.c_str(), std::min(request.library.size() + 1, std::size(m_pad->library)),
+                    m_pad->library);
+        std::copy_n(project.c_str(), std::min(project.size() + 1, std::size(m_pad->project)), m_pad->project);
+        m_pad->level = level;
+        m_pad->seed = request.seed;
+        m_pad->patience = request.patience;
+        m_pad->sessions = request.sessions;
+        m_pad->steps = request.steps;
+        m_pad->ruleCount = static_cast<int32_t>(m_rows.size());
+        std::copy(m_rows.begin(), m_rows.end(), m_pad->rules);
+    }
+
+    void run()
+    {
+        while (m_pad->first < m_pad->ruleCount) {
+            m_pad->isInCall = 0;
+            m_pad->hasEnded = 0;
+            m_pad->messageBytes = 0;
+            m_pad->progress[0] = '\0';
+            const ChildEnd end = watchChild(m_pad, m_request.longestCall, m_listener);
+            takeMessages();
+            if (end.kind == ChildEnd::done)
+                return;
+            noteDeath(end);
+            if (++m_deaths >= mostDeaths)
+                return giveUp();
+        }
+    }
+
+private:
+    static constexpr int mostDeaths = 12; // of one level: what killed so many will kill the next
+
+    const CheckRow& current() const
+    {
+        const auto row = static_cast<size_t>(std::clamp(LONG{m_pad->current}, LONG{0}, LONG{m_pad->ruleCount} - 1));
+        return checkRows()[static_cast<size_t>(m_rows[row])];
+    }
+
+    void takeMessages()
+    {
+        for (PadMessage& message : unpacked({m_pad->messages, static_cast<size_t>(m_pad->messageBytes)}))
+            take(message);
+    }
+
+    void take(PadMessage& message)
+    {
+        auto& texts = message.texts;
+        const auto rule = texts.empty() ? std::nullopt : ruleOf(texts[0]);
+        if (message.kind == 'F' && rule && texts.size() == 5)
+            m_report.add({*rule, m_level, texts[1], texts[2], texts[3], texts[4]});
+        else if (message.kind == 'D' && rule && !m_report.isBroken(*rule))
+            m_report[*rule] = {Outcome::holds, ""};
+        else if (message.kind == 'N' && rule && texts.size() == 2 && !m_report.isBroken(*rule))
+            m_report[*rule] = {Outcome::notChecked, texts[1]};
+        else if (message.kind == 'T' && texts.size() == 3)
+            m_report.addSlow({texts[0], texts[1], std::atoll(texts[2].c_str())});
+    }
+
+    // What ended the child counts for a rule; the next child goes on behind it.
+    void noteDeath(const ChildEnd& end)
+    {
+        const CheckRow& row = current();
+        const std::string call = m_pad->isInCall ? m_pad->call : "(between calls)";
+        const std::string arguments = m_pad->isInCall ? m_pad->arguments : std::string("after ") + m_pad->call;
+        const auto add = [&](Rule usual, const char* expected, const std::string& seen) {
+            m_report.add({row.blamed.value_or(usual), m_level, call, arguments, expected, seen});
+        };
+        if (end.kind == ChildEnd::hung)
+            add(Rule::F9, "the call comes back",
+                "it did not within " + std::to_string(m_request.longestCall / 1000) + " s");
+        else if (end.kind == ChildEnd::threadEnded)
+            add(Rule::F8, "the call comes back", "the thread ended in it");
+        else if (end.kind == ChildEnd::died && end.code != childTold)
+            add(isCrash(end.code) ? Rule::F7 : Rule::F8, "the call comes back",
+                "the process ended with code " + hexadecimal(end.code));
+        if (m_report[row.rule].outcome == Outcome::notRun)
+            m_report[row.rule] = {Outcome::notChecked, "the process ended in " + call};
+        if (m_pad->begun > 0)
+            m_pad->skip = m_pad->begun;
+        else
+            m_pad->skip = 0;
+        m_pad->first = m_pad->begun > 0 ? m_pad->current : m_pad->current + 1;
+    }
+
+    // An exception's code, which an ended process has when nobody could tell of it.
+    static bool isCrash(DWORD code) { return (code & 0xF0000000) == 0xC0000000; }
+
+    void giveUp()
+    {
+        for (const int16_t row : m_rows) {
+            const Rule rule = checkRows()[static_cast<size_t>(row)].rule;
+            if (m_report[rule].outcome == Outcome::notRun)
+                m_report[rule] = {Outcome::notChecked, "the library ended too many processes"};
+        }
+    }
+
+    const Request& m_request;
+    int m_level;
+    Report& m_report;
+    const Listener& m_listener;
+    std::vector<int16_t> m_rows;
+    Pad m_pad;
+    int m_deaths = 0;
+};
+
+void checkLevel(const Request& request, int level, const std::wstring& project, Report& report,
+                const Listener& listener)
+{
+    listener("level " + std::to_string(level) + ": " + levelTitle(level));
+    const DWORD began = GetTickCount();
+    LevelRun(request, level, project, report, listener).run();
+    LevelReport one;
+    one.level = level;
+    one.seconds = (GetTickCount() - began) / 1000.0;
+    for (const int16_t row : rowsOf(request, level))
+        one.outcome = std::max(one.outcome, report[checkRows()[static_cast<size_t>(row)].rule].outcome);
+    for (const Finding& finding : report.findings)
+        if (finding.level == level)
+            one.outcome = Outcome::broken;
+    report.levels.push_back(one);
+}
+
+void leaveOut(const Request& request, int level, const std::string& why, Report& report)
+{
+    for (const int16_t row : rowsOf(request, level))
+        report[checkRows()[static_cast<size_t>(row)].rule] = {Outcome::notChecked, why};
+    report.levels.push_back({level, Outcome::notChecked, 0});
+}
+
+} // namespace
+
+Report checkLibrary(const Request& asked, const std::function<void(const std::string&)>& listener)
+{
+    Request request = asked;
+    request.library = wholePath(asked.library);
+    request.project = asked.project.empty() ? L"" : wholePath(asked.project);
+    Report report;
+    report.head = headOf(request.library);
+    report.head.project = toUtf8(request.project);
+    report.head.seed = request.seed;
+    std::unique_ptr<ProjectCopy> copy;
+    for (int level = request.firstLevel; level <= request.lastLevel; ++level) {
+        if (rowsOf(request, level).empty())
+            continue;
+        if (report.isBroken(Rule::F1) || report.isBroken(Rule::F2)) {
+            leaveOut(request, level, "the library cannot be loaded", report);
+            continue;
+        }
+        if (level > lastReadingLevel && !copy && !request.project.empty())
+            copy = std::make_unique<ProjectCopy>(request.project);
+        if (level > lastReadingLevel && copy && !copy->trouble().empty()) {
+            leaveOut(request, level, copy->trouble(), report);
+            continue;
+        }
+        const bool isCopied = level > lastReadingLevel && copy;
+        checkLevel(request, level, isCopied ? copy->projectFile() : request.project, report, listener);
+    }
+    return report;
+}
+
+} // namespace velk::check

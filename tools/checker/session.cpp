@@ -1,0 +1,189 @@
+#include "checker/session.h"
+
+#include "checker/texts.h"
+
+namespace velk::check {
+namespace {
+
+constexpr unsigned long manyPatiences = 30;
+
+} // namespace
+
+int32_t Session::begin(const std::string& projectFile)
+{
+    m_step = "beginning";
+    m_isPromised = false;
+    m_projectFile = projectFile;
+    return m_calls.initialize(projectFile);
+}
+
+int32_t Session::end()
+{
+    m_step = "end";
+    m_known.clear();
+    return m_calls.terminate();
+}
+
+void Session::open()
+{
+    const size_t backslash = m_projectFile.rfind('\\');
+    open(backslash == std::string::npos ? "" : m_projectFile.substr(0, backslash),
+         backslash == std::string::npos ? m_projectFile : m_projectFile.substr(backslash + 1));
+}
+
+void Session::open(const std::string& folder, const std::string& file)
+{
+    m_step = "opening of the project";
+    m_openAnswer = m_calls.access(folder, file, modeOpen);
+    if (m_openAnswer != 0)
+        listen([this](const Heard&) { return project() != 0; });
+    listen();
+}
+
+void Session::openQuickly(const std::function<bool()>& isEnough)
+{
+    m_step = "opening of the project";
+    const size_t backslash = m_projectFile.rfind('\\');
+    m_openAnswer = m_calls.access(m_projectFile.substr(0, backslash), m_projectFile.substr(backslash + 1), modeOpen);
+    listen([&](const Heard&) { return project() != 0 && isEnough(); });
+}
+
+// The contents, or a text that says why they do not come.
+bool Session::listenForContents(int32_t folder)
+{
+    return listen([=](const Heard& one) {
+        const bool isContents = one.notify.type == typeContents && one.notify.handle == folder;
+        return isContents ||
+               (one.notify.type == typeText && one.first.record && one.first.record->number("lTextType") == 3);
+    });
+}
+
+bool Session::select(int32_t folder, int32_t kind)
+{
+    m_step = "selection of folder " + std::to_string(folder);
+    m_calls.plain(Fn::RZSetCurrentFolder, folder, kind);
+    return listenForContents(folder);
+}
+
+bool Session::refresh(int32_t folder)
+{
+    m_step = "refreshing of folder " + std::to_string(folder);
+    m_calls.plain(Fn::RZObjectDoAction, folder, actionRefresh);
+    return listenForContents(folder);
+}
+
+// Whether a connection opens or closes is the library's business; when it does, that is told.
+bool Session::switchConnection(int32_t connection, int32_t action)
+{
+    m_step =
+        (action == actionConnect ? "opening of connection " : "closing of connection ") + std::to_string(connection);
+    const bool wasConnected = isConnectedNow(connection);
+    if (m_calls.plain(Fn::RZObjectDoAction, connection, action) == 0 && wasConnected == isConnectedNow(connection))
+        return true;
+    const bool isHeard = listen([=](const Heard& one) {
+        return one.notify.type == typeChanged && one.notify.kind == kindConnection && one.notify.handle == connection;
+    });
+    return isHeard || wasConnected == isConnectedNow(connection);
+}
+
+bool Session::isConnectedNow(int32_t connection)
+{
+    WireRecord record = fetchOfKind(kindConnection)->record();
+    return m_calls.fill(Fn::RZConnectionGet, connection, record) != 0 && record.flag("bConnected") != 0;
+}
+
+bool Session::close()
+{
+    m_step = "closing of the project";
+    const int32_t closed = project();
+    if (m_calls.plain(Fn::RZObjectDoAction, closed, actionClose) == 0)
+        return true;
+    return listen([=](const Heard& one) {
+        return one.notify.type == typeRemoved && one.notify.kind == kindProject && one.notify.handle == closed;
+    });
+}
+
+int32_t Session::act(int32_t handle, int32_t action)
+{
+    m_step = "action " + std::to_string(action) + " of " + std::to_string(handle);
+    return m_calls.plain(Fn::RZObjectDoAction, handle, action);
+}
+
+bool Session::listen(const std::function<bool(const Heard&)>& isEnough)
+{
+    const DWORD began = GetTickCount();
+    while (GetTickCount() - began < m_patience * manyPatiences && !m_isEndless)
+        if (!hearOne())
+            waitLittle();
+        else if (isEnough(m_heard.back()))
+            return true;
+    return false;
+}
+
+void Session::listen()
+{
+    for (DWORD last = GetTickCount(); GetTickCount() - last < m_patience && !m_isEndless;)
+        if (hearOne())
+            last = GetTickCount();
+        else
+            waitLittle();
+}
+
+bool Session::hearOne()
+{
+    Heard heard;
+    heard.step = m_step;
+    heard.notify = m_calls.next();
+    heard.call = m_probe.lastCall;
+    const bool isThere = heard.notify.answer != 0;
+    if (m_isPromised && !isThere)
+        m_brokenPromises.push_back(m_step);
+    m_isPromised = isThere && heard.notify.more != 0;
+    if (!isThere) {
+        if (m_empty.size() < mostAtOnce)
+            m_empty.push_back(heard.notify);
+        m_withoutPause = 0;
+        return false;
+    }
+    m_isEndless = ++m_withoutPause > mostAtOnce;
+    fetch(m_calls, m_probe, fetching, heard);
+    m_known.learn(heard);
+    if (answersQuestions)
+        answerQuestion(heard);
+    m_heard.push_back(std::move(heard));
+    return true;
+}
+
+void Session::waitLittle()
+{
+    MSG message{};
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+        DispatchMessageW(&message);
+    constexpr DWORD little = 3; // milliseconds
+    Sleep(little);
+}
+
+void Session::answerQuestion(const Heard& heard)
+{
+    if (isQuestion(heard))
+        m_calls.button("User response", harmlessAnswer(heard.last().record->text("strButtons")));
+}
+
+std::vector<RecordCopy> Session::enumerate(int32_t folder, int32_t kind)
+{
+    constexpr size_t most = 1'000'000;
+    const FolderKind& of = folderKindOf(kind);
+    std::vector<RecordCopy> objects;
+    const EnumBegin begin = m_calls.enumBegin(of.begin, folder);
+    RepeatedHandles repeated; // E2 tells of an enumeration without an end
+    while (begin.answer != 0 && objects.size() < most) {
+        WireRecord record = of.record();
+        if (m_calls.fill(of.next, begin.enumeration, record) == 0 || repeated.areTooMany(record.number("lHdl")))
+            break;
+        objects.emplace_back(record);
+    }
+    m_calls.plain(of.end, begin.enumeration);
+    return objects;
+}
+
+} // namespace velk::check

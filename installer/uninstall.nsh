@@ -61,8 +61,9 @@ FunctionEnd
 
 Section "un.$(unAddin)" unAddin
   SectionIn RO
+  SetDetailsPrint none
   SetOutPath "$TEMP" ; a folder in which a program is cannot go
-  !insertmacro Log "$(^Name) ${VERSION}: $INSTDIR"
+  !insertmacro Log "${TITLE} ${VERSION}: $INSTDIR"
   Call un.RemoveOwnFolder
   Call un.Unregister
   ReadRegStr $R4 HKLM "${ENTRY}" "FolderMade"

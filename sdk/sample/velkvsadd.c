@@ -40,13 +40,12 @@ static long project;           /* the handle of the open one; 0: none is open */
 static long lastProject;       /* handles are never given out again for something else (H2) */
 static char path[1024];        /* of the project */
 static short isOn[thingCount]; /* connections: connected; routines: changed since they were built */
-static short isGone[thingCount];
 
 /* What a live handle stands for; null for a dead one, and for one of another kind (H4). */
 static const Thing *thingOf(long handle, long kind)
 {
     const unsigned long place = (unsigned long)handle - (unsigned long)project;
-    if (!project || place >= thingCount || isGone[place] || (kind && things[place].kind != kind))
+    if (!project || place >= thingCount || (kind && things[place].kind != kind))
         return NULL;
     return &things[place];
 }
@@ -124,9 +123,9 @@ typedef struct Note {
 } Note;
 
 static Note notes[mostNotes];
-static int next, count;        /* of those that wait */
-static long lastText = 900000; /* texts have handles of their own */
-static long asked;             /* the routine of the question that waits for its answer; none has to come (P3) */
+static int next, count;      /* of those that wait */
+static long lastText = 900000;
+static long asked, filtered; /* folders: the one of the question that waits for its answer (P3), and of a Yes */
 
 static Note *tell(long type, long kind, long handle)
 {
@@ -206,8 +205,8 @@ long RZ_CALL RZInitialize(long ideType, char *projectFile, char *empty)
 
 long RZ_CALL RZTerminate(void)
 {
-    project = asked = hasSession = count = 0;
-    memset(notes, 0, sizeof notes);
+    project = asked = filtered = hasSession = count = 0;
+    notes[(next + mostNotes - 1) % mostNotes].notify.lNotifyType = 0; /* its text is dead, too */
     return 1;
 }
 
@@ -215,7 +214,7 @@ static void closeProject(void)
 {
     if (project)
         about(RZ_NOTIFY_REMOVED, project);
-    project = asked = 0;
+    project = asked = filtered = 0;
 }
 
 long RZ_CALL RZProjectDoAccess(char *first, char *second, long mode)
@@ -226,7 +225,6 @@ long RZ_CALL RZProjectDoAccess(char *first, char *second, long mode)
     closeProject();
     project = lastProject += 1000;
     memset(isOn, 0, sizeof isOn);
-    memset(isGone, 0, sizeof isGone);
     isOn[1] = isOn[longRoutine] = RZ_TRUE;
     path[0] = '\0';
     add(path, sizeof path, first);
@@ -294,7 +292,8 @@ static long nextOf(long enumeration, long kind)
     struct Enumeration *const open = enumerationOf(enumeration, kind);
     while (open && open->place < thingCount) {
         const int place = open->place++;
-        if (things[place].kind % 2 == 0 && project + things[place].parent == open->folder && !isGone[place])
+        if (things[place].kind % 2 == 0 && project + things[place].parent == open->folder &&
+            (open->folder != filtered || isOn[place]))
             return project + place;
     }
     return 0;
@@ -379,22 +378,21 @@ long RZ_CALL RZObjectDoAction(long handle, long action)
         about(RZ_NOTIFY_FOLDER_CONTENTS, handle);
     else if (IS_ROUTINE(thing) && action == RZ_ACTION_BUILD)
         change(handle, 0);
-    else if (IS_ROUTINE(thing) && action == RZ_ACTION_DROP && !asked)
-        add(say(RZ_TEXT_COMMAND, "Drop this from its database: ", "IDE_QUESTION#67#Drop"), longestText,
-            things[(asked = handle) - project].name);
-    else
+    else if (IS_FOLDER(thing) && action == RZ_ACTION_FILTER && !asked) {
+        asked = handle;
+        say(RZ_TEXT_COMMAND, "Show only what has changed?", "IDE_QUESTION#672#Filter");
+    } else
         return 0;
     return 1;
 }
 
 long RZ_CALL RZButtonDoAction(char *text, long answer)
 {
-    if (!asked)
-        return 0;
-    if (answer == RZ_ANSWER_YES && thingOf(asked, 0)) {
-        about(RZ_NOTIFY_REMOVED, asked);
-        isGone[asked - project] = RZ_TRUE;
-    }
+    const long folder = asked;
     asked = 0;
-    return 1;
+    if (folder && answer != RZ_ANSWER_CANCEL) {
+        filtered = answer == RZ_ANSWER_YES ? folder : 0;
+        about(RZ_NOTIFY_FOLDER_CONTENTS, folder);
+    }
+    return folder != 0;
 }

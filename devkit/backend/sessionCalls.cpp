@@ -61,14 +61,17 @@ int32_t RZTerminate(Desk& desk)
 int32_t RZGetNotification(Desk& desk, wire::trzNotify* record, int16_t* more)
 {
     desk.rules.begin(L"RZGetNotification");
-    if (!desk.rules.mayUseSession() || !desk.rules.checkGiven(record && more))
+    if (!desk.rules.checkGiven(record && more))
+        return 0;
+    *record = {};
+    *more = 0; // without a session, too: the caller goes on while it is set
+    if (!desk.rules.mayUseSession())
         return 0;
     bool moreWait = false;
     const auto next = desk.session->next(moreWait);
-    *record = {};
-    *more = next && moreWait ? int16_t{-1} : int16_t{0};
     if (!next)
         return 0;
+    *more = moreWait ? int16_t{-1} : int16_t{0};
     *record = {static_cast<int32_t>(next->type), next->project, next->connection, next->kind, next->handle};
     return 1;
 }

@@ -46,7 +46,8 @@ void checkMemoryGrowth(Bench& bench)
     const size_t most = bytesLetPass * static_cast<size_t>(growth.sessions);
     const size_t heap = grown(growth, &Counts::heapBytes);
     const size_t pages = grown(growth, &Counts::privateBytes);
-    if (heap > most || pages > most + pagesLetPass)
+    const bool hasStacks = grown(growth, &Counts::threads) > 0; // G3 tells of threads, whose stacks are pages
+    if (heap > most || (!hasStacks && pages > most + pagesLetPass))
         bench.probe.found(Rule::G2, sessions(growth), "at most " + std::to_string(most) + " bytes more",
                           std::to_string(heap) + " bytes more in the heaps, " + std::to_string(pages) + " of pages");
 }

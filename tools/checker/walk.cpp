@@ -40,7 +40,7 @@ void Walk::oneStep()
         {200, &Walk::hear},       {150, &Walk::select},      {100, &Walk::text},   {100, &Walk::fetch},
         {100, &Walk::enumerate},  { 60, &Walk::properties},  { 50, &Walk::refresh}, {40, &Walk::leaveEnumeration},
         { 40, &Walk::source},     { 20, &Walk::filter},      { 15, &Walk::switchConnection},
-        { 10, &Walk::save},       {  5, &Walk::reopen},      {  2, &Walk::again},
+        { 10, &Walk::save},       {  1, &Walk::reopen},      {  1, &Walk::again},
     };
     // clang-format on
     unsigned all = 0;

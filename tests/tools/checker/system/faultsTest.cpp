@@ -1,0 +1,105 @@
+#include "checkerRun.h"
+
+#include "checker/files.h"
+#include "checker/rules.h"
+
+#include <algorithm>
+#include <gmock/gmock.h>
+#include <memory>
+
+namespace velk::test {
+namespace {
+
+struct Fault {
+    const wchar_t* name;
+    const char* rule;
+};
+
+constexpr Fault faults[] = {
+#define FAULT(name, rule, functions, what) {L"" #name, #rule},
+#include "tests/sdk/faults.inc"
+#undef FAULT
+};
+
+constexpr wchar_t allLevels[] = L"VELK_FAULTS_AT_ALL_LEVELS";
+
+// The levels that find a fault: that of its rule. A call that breaks the rules of all calls may be made further up
+// only. All of them, when the environment wants that: then nothing else may be found from the first to the last,
+// either.
+std::wstring levelsOf(const Fault& fault)
+{
+    if (GetEnvironmentVariableW(allLevels, nullptr, 0) > 0)
+        return L"10";
+    const std::string rule = fault.rule;
+    if (rule >= "F5" && rule <= "F9")
+        return L"1-4";
+    const std::wstring level = std::to_wstring(check::rowOf(*check::ruleOf(rule)).level);
+    return level + L"-" + level;
+}
+
+std::unique_ptr<CheckerRun> begin(const Fault& fault)
+{
+    static const bool isProjectThere = check::writeFile(fullPath(L"project.rzv"), "[project]\n");
+    EXPECT_TRUE(isProjectThere);
+    const std::wstring name = fault.name;
+    return std::make_unique<CheckerRun>(L"fault-" + name,
+                                        L"--patience 50 --timeout 5 --sessions 40 --steps 900 --level " +
+                                            levelsOf(fault) + L" \"" + fullPath(VELK_FAULTY) + L"\\" + name +
+                                            L"\\velkvsadd.dll\" \"" + fullPath(L"project.rzv") + L"\"");
+}
+
+// The runs that are asked for one after the other: the next ones are under way meanwhile.
+class Runs {
+public:
+    CheckerRun& of(size_t index)
+    {
+        constexpr size_t ahead = 2;
+        while (m_next < std::size(faults) && m_next <= index + ahead) {
+            if (m_next >= index)
+                m_runs[m_next] = begin(faults[m_next]);
+            ++m_next;
+        }
+        if (!m_runs[index])
+            m_runs[index] = begin(faults[index]);
+        return *m_runs[index];
+    }
+
+private:
+    std::unique_ptr<CheckerRun> m_runs[std::size(faults)];
+    size_t m_next = 0;
+};
+
+class Faults : public testing::TestWithParam<size_t> {};
+
+TEST_P(Faults, faultyLibrary_isFoundByItsRuleAndNoOther)
+{
+    static Runs runs;
+    const Fault& fault = faults[GetParam()];
+    if (std::string(fault.rule) == "C3")
+        GTEST_SKIP() << "only a code page of two bytes shows it";
+    const std::string report = runs.of(GetParam()).report();
+    EXPECT_THAT(foundRules(report), testing::ElementsAre(fault.rule)) << report;
+    EXPECT_EQ(runs.of(GetParam()).exitCode(), 1u);
+}
+
+std::string nameOf(const testing::TestParamInfo<size_t>& info)
+{
+    const std::wstring name = faults[info.param].name;
+    return std::string(name.begin(), name.end());
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Faults, testing::Range(size_t{0}, std::size(faults)), nameOf);
+
+TEST(TwoByteCodePage, textCutInsideACharacter_isFoundByItsRule)
+{
+    CPINFO page{};
+    GetCPInfo(CP_ACP, &page);
+    if (page.MaxCharSize < 2)
+        GTEST_SKIP() << "of another code page";
+    const auto found = std::find_if(std::begin(faults), std::end(faults),
+                                    [](const Fault& fault) { return std::string(fault.rule) == "C3"; });
+    EXPECT_THAT(foundRules(begin(*found)->report()), testing::ElementsAre("C3"));
+}
+
+} // namespace
+} // namespace velk::test

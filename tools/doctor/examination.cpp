@@ -9,6 +9,7 @@ Report examine(const Options& options)
     Report report;
     const Facts facts = gather(options);
     report.findings = judge(facts);
+    report.isAdministrator = facts.system.isAdministrator;
     if (!options.isFix)
         return report;
     report.mended = mend(report.findings, facts, options);

@@ -1,3 +1,4 @@
+// Tested in tests/tools/doctor/machine/fixTest.cpp.
 #include "examination.h"
 
 #include "gather.h"

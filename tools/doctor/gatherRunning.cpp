@@ -1,4 +1,5 @@
 // The log, and the IDEs that are running.
+// Tested in tests/tools/doctor/machine/surroundingsTest.cpp.
 #include "addin/traceTarget.h"
 #include "base/paths.h"
 #include "base/text.h"

@@ -1,4 +1,5 @@
 // The add-in's own file.
+// Tested in tests/tools/doctor/machine/addinTest.cpp.
 #include "base/paths.h"
 #include "base/text.h"
 #include "judgements.h"

@@ -1,4 +1,5 @@
 // What stands in the registry of the add-in itself.
+// Tested in tests/tools/doctor/machine/registrationTest.cpp.
 #include "addin/registrationKeys.h"
 #include "base/text.h"
 #include "judgements.h"

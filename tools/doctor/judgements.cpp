@@ -1,4 +1,5 @@
 // The words that the judgements share.
+// Tested in tests/tools/doctor/checksTest.cpp.
 #include "judgements.h"
 
 #include "base/error.h"

@@ -1,4 +1,5 @@
 // The doctor: lines where it was started from a console or its output goes somewhere, a window otherwise.
+// Tested in tests/tools/doctor/machine/programTest.cpp.
 #include "base/boundary.h"
 #include "base/win32.h"
 #include "child.h"

@@ -1,3 +1,4 @@
+// Tested in tests/tools/doctor/doctorWindowTest.cpp.
 #include "statePictures.h"
 
 #include "base/error.h"

@@ -132,12 +132,6 @@ TEST(ChecksTest, childThatCouldNotBeStarted_isTold)
     EXPECT_EQ(found.complaints, Ids{L"backend-load"});
 }
 
-TEST(ChecksTest, dependencyThatAManifestBrings_isNoneWhenTheLibraryLoads)
-{
-    const Found found = withBroken([](Facts& facts) { facts.backend.dependencies = {}; });
-    EXPECT_EQ(found.complaints, Ids{});
-}
-
 TEST(ChecksTest, utf8AsCodePage_isTold)
 {
     EXPECT_EQ(withBroken([](Facts& facts) { facts.language.codePage = 65001; }).complaints, Ids{L"code-page"});
@@ -157,6 +151,20 @@ TEST(ChecksTest, eastAsianCodePageWithoutItsFonts_isTold)
 TEST(ChecksTest, systemWithoutOdbc_isTold)
 {
     EXPECT_EQ(withBroken([](Facts& facts) { facts.odbc.hasManager = false; }).complaints, Ids{L"odbc"});
+}
+
+TEST(ChecksTest, driverOfTheSample_isNamed)
+{
+    const auto withDriver = [](const wchar_t* name) {
+        return withBroken([=](Facts& facts) {
+            facts.odbc.drivers.resize(1);
+            facts.odbc.drivers[0].name = name;
+            facts.odbc.drivers[0].file.state = RegistryValue::State::text;
+        });
+    };
+    EXPECT_THAT(withDriver(L"sqlite3").of(L"odbc").text, HasSubstr(L"use sqlite3"));
+    EXPECT_THAT(withDriver(L"Another").of(L"odbc").text, HasSubstr(L"none of them"));
+    EXPECT_EQ(withDriver(L"Another").complaints, Ids{});
 }
 
 TEST(ChecksTest, ideThatCannotBeLookedInto_isNoComplaint)

@@ -287,7 +287,7 @@ def main():
         save_in_16_colours(strip, HERE / file)
     for number, face in FACES.items():
         face().save(HERE / f"face{number}.bmp")
-    icon().save(HERE / "about.ico", sizes=[(16, 16), (32, 32)])
+    icon().save(HERE / "about.ico", sizes=[(16, 16), (32, 32)], bitmap_format="bmp")  # XP reads no other
     welcome().save(HERE / "welcome.gif")
 
 

@@ -4,6 +4,7 @@
 #include "checker/session.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 

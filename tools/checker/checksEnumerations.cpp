@@ -4,6 +4,7 @@
 #include "checker/texts.h"
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 #include <set>
 
@@ -257,15 +258,23 @@ void checkHandlesDiffer(Bench& bench)
             bench.probe.found(Rule::H2, {what, ""}, "a handle of its own",
                               std::to_string(handle) + ", as " + place->second);
     };
-    add(session.project(), "the project");
-    for (const HeardConnection& connection : std::vector(session.connections())) {
-        add(connection.handle, "connection " + std::to_string(connection.handle));
-        for (size_t index = 0; index < folderKindCount; ++index)
-            add(connection.folders[index], std::string("trzConnection.") + folderKinds()[index].field);
-    }
+    const auto addProject = [&] {
+        add(session.project(), "the project");
+        for (const HeardConnection& connection : std::vector(session.connections())) {
+            add(connection.handle, "connection " + std::to_string(connection.handle));
+            for (size_t index = 0; index < folderKindCount; ++index)
+                add(connection.folders[index], std::string("trzConnection.") + folderKinds()[index].field);
+        }
+    };
+    addProject();
     for (const auto& [folder, handles] : filledFolders(bench))
         for (const int32_t handle : handles)
             add(handle, "an object of kind " + std::to_string(folder.kind->object()));
+    session.close();
+    if (session.project() != 0)
+        return;
+    session.open(); // what is gone keeps its handle for itself
+    addProject();
 }
 
 void checkOwnHandle(Bench& bench)

@@ -224,6 +224,7 @@ void checkQueueEnds(Bench& bench)
 
 void checkCleanBeginning(Bench& bench)
 {
+    checkEnds(bench.script());
     Session& first = bench.newSession();
     first.begin(bench.projectFile());
     first.listen([](const Heard& one) { return isCommand(one, "RZ_INIT_COMPLETE"); });

@@ -4,6 +4,7 @@
 #include "checker/texts.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace velk::check {
 namespace {

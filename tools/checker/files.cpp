@@ -5,6 +5,7 @@
 #include "base/unique_any.h"
 
 #include <functional>
+#include <iterator>
 
 namespace velk::check {
 namespace {

@@ -1,5 +1,7 @@
 #include "checker/kinds.h"
 
+#include <iterator>
+
 namespace velk::check {
 namespace {
 

@@ -4,7 +4,7 @@
 #include "checker/settings.h"
 #include "checker/texts.h"
 
-#include <array>
+#include <iterator>
 #include <vector>
 
 namespace velk::check {

@@ -2,6 +2,7 @@
 
 #include "checker/texts.h"
 
+#include <algorithm>
 #include <cwchar>
 #include <optional>
 

@@ -1,5 +1,6 @@
 #include "checker/report.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace velk::check {

@@ -146,7 +146,9 @@ bool Session::hearOne()
         return false;
     }
     m_isEndless = ++m_withoutPause > mostAtOnce;
-    fetch(m_calls, m_probe, fetching, heard);
+    Fetching how = fetching;
+    how.isTwice = how.isTwice && m_withoutPause < mostFetchedTwice; // an endless row of them ends sooner
+    fetch(m_calls, m_probe, how, heard);
     m_known.learn(heard);
     if (answersQuestions)
         answerQuestion(heard);

@@ -58,6 +58,7 @@ public:
     const std::vector<HeardConnection>& connections() const noexcept { return m_known.connections(); }
 
 private:
+    static constexpr size_t mostFetchedTwice = 500;
     static constexpr size_t mostAtOnce = 10'000;
 
     bool listenForContents(int32_t folder);

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cwchar>
+#include <iterator>
 
 namespace velk::check {
 namespace {

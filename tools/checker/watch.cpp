@@ -5,6 +5,7 @@
 #include "checker/texts.h"
 
 #include <cwchar>
+#include <iterator>
 #include <stdexcept>
 
 namespace velk::check {

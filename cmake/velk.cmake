@@ -28,16 +28,28 @@ target_link_options(velk_settings INTERFACE
   -static -static-libgcc -static-libstdc++ -Wl,--no-insert-timestamp -fstack-protector-strong
   -Wl,--nxcompat -Wl,--dynamicbase $<$<CONFIG:Release>:-Wl,--gc-sections>)
 set(CMAKE_CXX_FLAGS_DEBUG "-Og -g1")
-# Small, but for what runs once a row or a record (velk_fast); no symbols in what is shipped: the linker's map has them.
+# Small, but for what runs once a row or a record (velk_fast). What is shipped has its symbols beside it (velk_shipped).
 set(CMAKE_C_FLAGS_RELEASE "-Os -g0 -DNDEBUG")
 set(CMAKE_CXX_FLAGS_RELEASE "-Os -g0 -DNDEBUG")
-set(velk_strip -s)
-if(VELK_SYMBOLS) # ./package takes them out of what it ships
-  set(CMAKE_C_FLAGS_RELEASE "-Os -g -DNDEBUG")
-  set(CMAKE_CXX_FLAGS_RELEASE "-Os -g -DNDEBUG")
-  set(velk_strip)
-endif()
 set(CMAKE_SHARED_LIBRARY_PREFIX "")
+
+# velk_with_symbols(<target>): the release, too, can tell the source of an address.
+function(velk_with_symbols target)
+  target_compile_options(${target} PRIVATE $<$<AND:$<CONFIG:Release>,$<COMPILE_LANGUAGE:C,CXX>>:-g>)
+endfunction()
+
+# velk_shipped(<target>): a program or DLL that leaves the house. The release's has no symbols: they are in a file beside
+# it, whose name and checksum it bears. Without "preserve" the tool would write the time of day into the header.
+function(velk_shipped target)
+  velk_with_symbols(${target})
+  if(CMAKE_BUILD_TYPE STREQUAL Release)
+    set(symbols $<TARGET_FILE:${target}>.debug)
+    add_custom_command(TARGET ${target} POST_BUILD VERBATIM
+      COMMAND ${CMAKE_OBJCOPY} --preserve-dates --only-keep-debug $<TARGET_FILE:${target}> ${symbols}
+      COMMAND ${CMAKE_OBJCOPY} --preserve-dates --strip-all $<TARGET_FILE:${target}>
+      COMMAND ${CMAKE_OBJCOPY} --preserve-dates --add-gnu-debuglink=${symbols} $<TARGET_FILE:${target}>)
+  endif()
+endfunction()
 
 # velk_floor(<name> [floors it stands on...]): a static library of all sources of the current folder.
 function(velk_floor name)
@@ -45,6 +57,7 @@ function(velk_floor name)
   add_library(velk_${name} STATIC ${sources})
   target_include_directories(velk_${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
   target_link_libraries(velk_${name} PUBLIC velk_settings)
+  velk_with_symbols(velk_${name})
   # Everything of the product runs on one thread.
   target_compile_options(velk_${name} PRIVATE $<$<AND:$<CONFIG:Release>,$<COMPILE_LANGUAGE:CXX>>:-fno-threadsafe-statics>)
   foreach(below IN LISTS ARGN)

@@ -91,7 +91,7 @@ Function Unpack
   SetOutPath "$Payload"
   File /r "${FILES}/*.*"
   WriteUninstaller "$Payload\${UNINSTALLER}"
-  SetOutPath "$PLUGINSDIR"
+  SetOutPath "$TEMP" ; a folder in which a program is cannot go
   Push "$Payload\${UNINSTALLER}"
   Call HashOf
   Pop $0
@@ -182,6 +182,7 @@ FunctionEnd
 
 Function StageAll
   StrCpy $Step $(stepCopy)
+  !insertmacro Log $Step
   StrCpy $R0 $INSTDIR
   Call MakeWholeFolder
   !insertmacro EndIfFailed ${COPY_FAILED}
@@ -292,6 +293,7 @@ FunctionEnd
 
 Function ReplaceAll
   StrCpy $Step $(stepReplace)
+  !insertmacro Log $Step
   FileOpen $Journal "$PLUGINSDIR\journal" w
   Call PutAsideLeftovers
   !insertmacro EachFolder MakeInstalledFolder
@@ -332,6 +334,7 @@ FunctionEnd
 
 Function WriteEntry
   StrCpy $Step $(stepEntry)
+  !insertmacro Log $Step
   ${GetSize} "$Payload" "/S=0K" $0 $1 $2
   ClearErrors
   WriteRegStr HKLM "${ENTRY}" "DisplayName" "${TITLE}"
@@ -382,7 +385,7 @@ Function ChangeAll
   Call WriteEntry
   StrCpy $IsChanging 0
   FileClose $Journal
-  SetOutPath "$TEMP" ; a folder in which a program is cannot go
+  SetDetailsPrint none
   RMDir /r "$New"
   RMDir /r /REBOOTOK "$Old"
 FunctionEnd

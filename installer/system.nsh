@@ -12,6 +12,7 @@
 !define ERROR_ALREADY_EXISTS 183
 !define ERROR_DISK_FULL 112
 !define SYSTEM_TEXT 0x1200 ; the system's own, as it is
+!define AT_NEXT_START 4
 !define PROV_RSA_AES 24
 !define CRYPT_VERIFYCONTEXT 0xF0000000
 !define CALG_SHA_256 0x800C

@@ -61,8 +61,10 @@ FunctionEnd
 
 Section "un.$(unAddin)" unAddin
   SectionIn RO
+  SetDetailsPrint none
   SetOutPath "$TEMP" ; a folder in which a program is cannot go
-  !insertmacro Log "$(^Name) ${VERSION}: $INSTDIR"
+  !insertmacro Log "${TITLE} ${VERSION}: $INSTDIR"
+  Call un.RemoveOwnFolder
   Call un.Unregister
   ReadRegStr $R4 HKLM "${ENTRY}" "FolderMade"
   DeleteRegKey HKLM "${ENTRY}"
@@ -85,6 +87,17 @@ Section /o "un.$(unSettings)" unSettings
   DeleteRegKey HKCU "${SETTINGS}"
   DeleteRegKey /ifempty HKCU "Software\Velk"
 SectionEnd
+
+; The installer system lets the uninstaller run as a copy in a folder of its own, and has that copy go when Windows starts
+; next. The folder is to go with it.
+Function un.RemoveOwnFolder
+  ${GetFileName} "$EXEDIR" $0
+  StrCpy $0 $0 4
+  ${If} $0 == "~nsu"
+    System::Call 'kernel32::MoveFileExW(w "$EXEPATH", p 0, i ${AT_NEXT_START})'
+    System::Call 'kernel32::MoveFileExW(w "$EXEDIR", p 0, i ${AT_NEXT_START})'
+  ${EndIf}
+FunctionEnd
 
 Function un.onInit
   ${GetParameters} $Parameters

@@ -1,7 +1,8 @@
 ; The installer. scripts/make-setup calls makensis on it, with
 ;   VERSION  of the package, OUTPUT  the program to make
 ;   FILES    the folder of the files to install; among them the list of their checksums
-;   MANIFEST the same files as macros: EachFile and EachFolder, and LONGEST, the length of the longest name
+;   MANIFEST the same files as macros: EachFile and EachFolder; LONGEST, the length of the longest name; and NEEDED_KB, the
+;            room that they take
 Unicode true
 ManifestDPIAware true
 SetDateSave off
@@ -14,8 +15,9 @@ OutFile "${OUTPUT}"
 
 !define TITLE "Velk Development Add-In for Visual Interdev"
 !define PUBLISHER "Velk"
-Name "${TITLE}"
+Name "Velk Development Add-In"
 Caption "${TITLE} ${VERSION}"
+UninstallCaption "${TITLE} ${VERSION}"
 BrandingText "velkviadd ${VERSION}"
 VIProductVersion "${VERSION}.0"
 VIAddVersionKey "ProductName" "Velk Development Add-In"
@@ -39,9 +41,11 @@ Var IsRepair  ; 1 if this very version is installed
 Var Installed ; version that is installed, or nothing
 Var Parameters
 
-; Tells the user, and those who asked for a log.
+; Tells the user, and those who asked for a log. What the script's own commands say of themselves is of no use to either.
 !macro Log TEXT
+  SetDetailsPrint both
   DetailPrint "${TEXT}"
+  SetDetailsPrint none
   ${If} $Log != ""
     FileWriteUTF16LE $Log "${TEXT}$\r$\n"
   ${EndIf}
@@ -115,9 +119,10 @@ Function FindInstalled
     Return
   ${EndIf}
   Call RegisteredFile
-  ${If} $0 != ""
-  ${AndIf} ${FileExists} "$0"
-    ${GetParent} "$0" $Found
+  ${GetParent} "$0" $1
+  ${If} ${FileExists} "$0"
+  ${AndIf} ${FileExists} "$1\${LIBRARY}"
+    StrCpy $Found $1
     StrCpy $FoundBy $(foundInstalled)
     ClearErrors
     GetDLLVersion "$0" $1 $2
@@ -193,10 +198,11 @@ Function .onInit
 FunctionEnd
 
 Section
+  AddSize ${NEEDED_KB}
   ${If} $Found != $INSTDIR
     StrCpy $FoundBy ""
   ${EndIf}
-  !insertmacro Log "$(^Name) ${VERSION}: $INSTDIR"
+  !insertmacro Log "${TITLE} ${VERSION}: $INSTDIR"
   Call ChangeAll
   !insertmacro Log $(done)
   SetErrorLevel ${DONE}

@@ -14,6 +14,7 @@ Var FolderText ; above the folder: how it was found
 !define MUI_WELCOMEPAGE_TEXT $(welcome)
 !insertmacro MUI_PAGE_WELCOME
 
+!define MUI_PAGE_HEADER_SUBTEXT $(folderHead)
 !define MUI_DIRECTORYPAGE_TEXT_TOP $FolderText
 !define MUI_PAGE_CUSTOMFUNCTION_PRE beforeFolder
 !define MUI_PAGE_CUSTOMFUNCTION_LEAVE afterFolder
@@ -27,6 +28,8 @@ Var FolderText ; above the folder: how it was found
 
 !insertmacro MUI_UNPAGE_CONFIRM
 !define MUI_UNFINISHPAGE_NOAUTOCLOSE
+!define MUI_COMPONENTSPAGE_NODESC
+!define MUI_PAGE_CUSTOMFUNCTION_SHOW un.afterComponents
 !insertmacro MUI_UNPAGE_COMPONENTS
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_UNPAGE_FINISH
@@ -72,4 +75,11 @@ Function afterFolder
   ${AndIf} ${Cmd} 'MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 $(askWithout) IDNO'
     Abort
   ${EndIf}
+FunctionEnd
+
+; The system's line on how much room is needed says nothing here.
+Function un.afterComponents
+  FindWindow $0 "#32770" "" $HWNDPARENT
+  GetDlgItem $0 $0 1023
+  ShowWindow $0 ${SW_HIDE}
 FunctionEnd

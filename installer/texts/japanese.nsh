@@ -21,6 +21,7 @@ ${Text} foundRegistered "インストールされたプログラムの登録か�
 ${Text} foundInstalled "アドインはここにインストールされています。"
 ${Text} foundGiven "起動時に指定されました。"
 ${Text} welcome "このコンピューターの Visual InterDev 6 IDE に、Rozel ツールのアドインを組み込みます。$\r$\n$\r$\n続ける前に IDE を終了してください。$\r$\n$\r$\n$_CLICK"
+${Text} folderHead "アドインはツールと同じフォルダーに置きます。"
 ${Text} folderFound "アドインは Rozel ツールのライブラリ ${LIBRARY} のフォルダーに入ります: $Found。$FoundBy 別のフォルダーを選ぶこともできます。"
 ${Text} folderNotFound "Rozel ツールが見つかりません。PATH からも、インストールされたプログラムからも、ライブラリ ${LIBRARY} に到達できません。それがあるフォルダーを選んでください。ツールがまだインストールされていない場合は、先にインストールしてください。"
 ${Text} folderRepair "バージョン ${VERSION} がこのフォルダーにインストールされています。不足しているファイルやインストール時と異なるファイルを元に戻し、アドインを登録し直します。"

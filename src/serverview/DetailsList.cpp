@@ -72,15 +72,17 @@ void DetailsList::remove(int32_t handle)
     const Row* row = m_rows.find(handle);
     if (!row)
         throw Error(errorElementNotFound);
-    ShownRows::Place& place = m_shown.beginChange();
     const auto leave = [&](std::optional<int32_t>& left) {
         const Row* heir = left == handle ? m_rows.neighbourOf(*row) : nullptr;
         if (left == handle)
             left = heir ? std::optional(heir->handle()) : std::nullopt;
     };
-    leave(place.focused);
-    leave(place.top);
-    place.selected.remove(handle);
+    // What may come with its handle is another object.
+    for (ShownRows::Place* const place : {&m_shown.beginChange(), &m_placeBeforeFilter}) {
+        leave(place->focused);
+        leave(place->top);
+        place->selected.remove(handle);
+    }
     m_rows.remove(handle);
 }
 
@@ -126,10 +128,11 @@ void DetailsList::setFilter(const std::wstring& text)
     const bool isFirst = m_filter.text().empty();
     const bool isSelected = m_view.selectedRow() >= 0;
     ShownRows::Place& place = m_shown.beginChange();
+    ShownRows::Place before = isFirst ? place : ShownRows::Place();
     m_rows.setFilter(std::move(filter));
     m_filter.setText(std::move(kept));
     if (isFirst)
-        m_placeBeforeFilter = place;
+        m_placeBeforeFilter = std::move(before);
     else if (text.empty() && !isSelected)
         place = std::exchange(m_placeBeforeFilter, {});
     m_shown.leaveHiddenRows();

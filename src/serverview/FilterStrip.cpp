@@ -2,8 +2,8 @@
 
 #include "base/boundary.h"
 #include "base/grouped_number.h"
-#include "base/unique_any.h"
 #include "ui/ownTexts.h"
+#include "window/line_height.h"
 
 #include <product.h>
 
@@ -22,23 +22,12 @@ constexpr WPARAM longestText = 1000;
 constexpr int editHeight = 12;
 constexpr int margin = 2;
 constexpr int leastEditWidth = 60;
-constexpr int unitsOfALine = 8;
 
 std::wstring foundText(const std::wstring& found, const std::wstring& all)
 {
     std::wstring text = ownTexts::filterFound;
     text.replace(text.find(L"%1"), 2, found);
     return text.replace(text.find(L"%2"), 2, all);
-}
-
-int lineHeightOf(HFONT font) noexcept
-{
-    const unique_screen_dc screen(GetDC(nullptr));
-    const HGDIOBJ before = SelectObject(screen.get(), font ? font : GetStockObject(SYSTEM_FONT));
-    TEXTMETRICW metrics{};
-    GetTextMetricsW(screen.get(), &metrics);
-    SelectObject(screen.get(), before);
-    return metrics.tmHeight;
 }
 
 bool isHeld(int key) noexcept
@@ -146,7 +135,7 @@ void FilterStrip::takeRoom()
 
 int FilterStrip::units(int vertical) const noexcept
 {
-    return MulDiv(vertical, m_lineHeight, unitsOfALine);
+    return verticalUnits(vertical, m_lineHeight);
 }
 
 void FilterStrip::layOut() const noexcept

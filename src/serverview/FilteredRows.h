@@ -31,8 +31,8 @@ public:
         if (m_filtered)
             m_filtered->isStale = true;
     }
-    // Whether what is left is as somebody saw it the last time.
-    bool isKnown() const noexcept { return m_filtered && !m_filtered->isStale; }
+    // What is left, as long as it is as somebody saw it the last time; none otherwise.
+    Rows known() const noexcept { return m_filtered && !m_filtered->isStale ? Rows(m_filtered->shown) : Rows(); }
     // In the place of a row that is left, and has changed.
     void replace(size_t place, Row& changed) noexcept { m_filtered->shown[place] = &changed; }
     // Whether a row would be hidden and is not, or the other way round.

@@ -1,6 +1,8 @@
 // Tested in tests/forms/serverview/FolderReadingTest.cpp.
 #include "serverview/ListFoot.h"
 
+#include "window/line_height.h"
+
 namespace velk {
 
 void ListFoot::say(const std::wstring& text)
@@ -20,9 +22,10 @@ void ListFoot::followFont() noexcept
 {
     if (!m_line)
         return;
-    m_line->setFont(reinterpret_cast<HFONT>(m_list.send(WM_GETFONT)));
-    constexpr int unitsOfALine = 6; // half as much again as its characters are wide, and some room
-    m_splitter.setFoot(m_isShown ? m_line->hwnd() : nullptr, m_list.dialogUnits(2 * unitsOfALine));
+    const auto font = reinterpret_cast<HFONT>(m_list.send(WM_GETFONT));
+    m_line->setFont(font);
+    constexpr int height = 11; // a line, and some room
+    m_splitter.setFoot(m_isShown ? m_line->hwnd() : nullptr, verticalUnits(height, lineHeightOf(font)));
 }
 
 } // namespace velk

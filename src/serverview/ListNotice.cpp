@@ -7,6 +7,7 @@
 #include "serverview/viewAPIs.h"
 #include "ui/ownTexts.h"
 #include "window/grey_text.h"
+#include "window/list_headers.h"
 
 namespace velk {
 namespace {
@@ -120,6 +121,17 @@ void ListNotice::refresh() noexcept
         if (text() != m_painted)
             m_list.view().redraw();
     });
+}
+
+void ListNotice::onListMessage(UINT message, LPARAM lParam) noexcept
+{
+    const std::optional<NMHEADERW> header = headerNotification(m_list.view(), message, lParam);
+    const UINT code = header ? header->hdr.code : 0;
+    const bool isOfAColumn = code == HDN_ITEMCHANGEDW || code == HDN_ITEMCHANGEDA;
+    const bool isWidth = isOfAColumn && header->pitem && (header->pitem->mask & HDI_WIDTH) != 0;
+    // What the list moves of its area would take a part of the text along.
+    if (message == WM_SIZE || message == WM_HSCROLL || isWidth)
+        wrapAnew();
 }
 
 void ListNotice::wrapAnew() noexcept

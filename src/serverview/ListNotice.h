@@ -36,8 +36,8 @@ public:
 
     // Something else that the text depends on may have changed: the selection, a connection.
     void refresh() noexcept;
-    // The list was given another size: the text is wrapped anew.
-    void wrapAnew() noexcept;
+    // A message that the list is about to get.
+    void onListMessage(UINT message, LPARAM lParam) noexcept;
     // What the list answers when it is asked about its drawing, and what is to be added to that.
     LRESULT onCustomDraw(const NMLVCUSTOMDRAW& draw, LRESULT answerOfList) noexcept;
 
@@ -45,6 +45,7 @@ private:
     ListSituation situation() const;
     std::wstring text() const;
     RECT area() const noexcept;
+    void wrapAnew() noexcept;
 
     TreeView& m_tree;
     DetailsList& m_list;

@@ -72,12 +72,11 @@ FilteredRows::Rows RowModel::shown() const noexcept
     return m_filtered.of({m_rows.data(), m_placed});
 }
 
-// They stand in the order of the slots that they have noted, where these are what they say.
-std::optional<size_t> RowModel::placeAmongShown(const Row& row) const noexcept
+// They stand in the order of the slots that they have noted, where these are what they say. Gaps do no harm there.
+std::optional<size_t> RowModel::placeAmong(FilteredRows::Rows rows, const Row& row) const noexcept
 {
-    if (row.isHidden())
+    if (rows.empty() || row.isHidden())
         return std::nullopt;
-    const FilteredRows::Rows rows = shown();
     if (m_movedUp != 0 || m_movedDown != 0)
         number();
     const auto found = std::lower_bound(rows.begin(), rows.end(), row.m_slot,
@@ -89,7 +88,7 @@ std::optional<size_t> RowModel::placeAmongShown(const Row& row) const noexcept
 std::optional<size_t> RowModel::placeOf(const Row& row) const noexcept
 {
     if (m_filtered.isOn())
-        return placeAmongShown(row);
+        return placeAmong(shown(), row);
     closeGaps();
     const size_t slot = slotOf(row);
     return slot < m_placed ? std::optional(slot) : std::nullopt;
@@ -172,7 +171,7 @@ const Row* RowModel::change(int32_t handle, const Dress& dress)
     if (!areTextsNew && row->looks() == dress.looks)
         return nullptr;
     if (areTextsNew) {
-        const std::optional<size_t> place = m_filtered.isKnown() ? placeAmongShown(*row) : std::nullopt;
+        const std::optional<size_t> place = placeAmong(m_filtered.known(), *row); // gaps stay: one for each change
         const size_t slot = slotOf(*row); // may number the rows anew, which the copy is to know
         Row::Owner changed = row->renamed(dress.name, dress.tag);
         m_rows[slot] = changed.get();

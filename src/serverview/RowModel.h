@@ -75,7 +75,7 @@ public:
 
 private:
     FilteredRows::Rows shown() const noexcept;
-    std::optional<size_t> placeAmongShown(const Row& row) const noexcept;
+    std::optional<size_t> placeAmong(FilteredRows::Rows rows, const Row& row) const noexcept;
     size_t slotOf(const Row& row) const noexcept;
     void number() const noexcept;
     void closeGaps() const noexcept;

@@ -9,6 +9,7 @@
 #include "serverview/publishedView.h"
 #include "serverview/viewAPIs.h"
 #include "ui/messageBox.h"
+#include "ui/ownTexts.h"
 
 namespace velk {
 namespace {
@@ -45,8 +46,6 @@ private:
     int32_t m_last = 0;
 };
 
-constexpr wchar_t endlessFolder[] = L"The tool does not come to the end of this folder. What has come so far is shown.";
-
 // False when the objects did not come to an end.
 template <const auto& begin, auto next, const auto& end, auto add>
 bool addAll(const Session& session, int32_t folderHandle)
@@ -80,7 +79,7 @@ template <const auto& begin, auto next, const auto& end, auto add>
 void fill(const FolderKindRow&, const Session& session, int32_t folderHandle)
 {
     if (!addAll<begin, next, end, add>(session, folderHandle) && !session.isOver())
-        showMessage(endlessFolder);
+        showMessage(ownTexts::endlessFolder);
 }
 
 // clang-format off

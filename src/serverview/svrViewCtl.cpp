@@ -70,13 +70,10 @@ void svrViewCtl::UserControl_Initialize()
     m_foot = std::make_unique<ListFoot>(m_parts.list(), *m_splitter);
     m_parts.notice = std::make_unique<ListNotice>(*m_parts.serverTreeView, *m_parts.serverDetailsView, *m_foot);
     m_tips = std::make_unique<CellTips>(hwnd(), *m_parts.serverDetailsView);
-    m_parts.list().watch().setWitness([this](UINT message) {
-        if (message == WM_SIZE)
-            m_parts.notice->wrapAnew();
-        m_tips->onMessage(message);
-    });
+    m_parts.list().watch().setWitness([this](UINT message) { m_tips->onMessage(message); });
     m_parts.list().removeColumns();
     m_parts.list().watch().setFilter([this](UINT message, WPARAM, LPARAM lParam) {
+        m_parts.notice->onListMessage(message, lParam);
         return answerHeader(*m_parts.serverDetailsView, message, lParam);
     });
     m_look.setPictures(GetSystemMetrics(SM_CXSMICON));

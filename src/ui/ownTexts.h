@@ -7,6 +7,8 @@ namespace velk::ownTexts {
 inline constexpr wchar_t openManySources[] = L"Open the sources of %1 objects?"; // Yes, No
 inline constexpr wchar_t clipboardIsHeld[] =
     L"Nothing was copied, because another program has the clipboard open. Try again.";
+inline constexpr wchar_t endlessFolder[] =
+    L"The tool does not come to the end of this folder. What has come so far is shown.";
 
 // In the strip above the list.
 inline constexpr wchar_t filterCue[] = L"Filter";         // in its edit, while that is empty

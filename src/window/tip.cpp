@@ -5,6 +5,7 @@
 #include "base/module.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace velk {
 namespace {
@@ -37,11 +38,31 @@ RECT workAreaAt(const RECT& place) noexcept
 
 } // namespace
 
+Tip::~Tip()
+{
+    if (!isThere())
+        static_cast<void>(m_window.release()); // somebody else may have the handle by now
+}
+
+bool Tip::isThere() const noexcept
+{
+    return m_window && IsWindow(m_window.get());
+}
+
+// It goes with the frame that the owner stood in when it was made, and stands over no other: a view that is docked
+// elsewhere gets another one.
 void Tip::make()
 {
+    const HWND frame = GetAncestor(m_owner, GA_ROOT);
+    if (isThere() && frame == m_frame)
+        return;
+    if (!isThere())
+        static_cast<void>(m_window.release());
+    m_isShown = false;
     m_window.reset(CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, 0,
                                    0, 0, 0, m_owner, nullptr, module::instance(), nullptr));
     throwLastErrorUnless(static_cast<bool>(m_window));
+    m_frame = frame;
     TOOLINFOW tool = toolOf(m_owner);
     wchar_t nothing[] = L"";
     tool.lpszText = nothing;
@@ -50,8 +71,7 @@ void Tip::make()
 
 void Tip::show(std::wstring text, HFONT font, RECT place)
 {
-    if (!m_window)
-        make();
+    make();
     const HWND tip = m_window.get();
     const RECT screen = workAreaAt(place);
     SendMessageW(tip, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
@@ -79,9 +99,8 @@ void Tip::keepOnScreen(const RECT& screen) const noexcept
 
 void Tip::hide() noexcept
 {
-    if (!m_isShown)
+    if (!std::exchange(m_isShown, false) || !isThere())
         return;
-    m_isShown = false;
     TOOLINFOW tool = toolOf(m_owner);
     tell(m_window.get(), TTM_TRACKACTIVATE, FALSE, &tool);
 }

@@ -11,6 +11,9 @@ class Tip {
 public:
     // The owner is above the windows that the tip stands over, or is one of them.
     explicit Tip(HWND owner) noexcept : m_owner(owner) {}
+    Tip(const Tip&) = delete;
+    Tip& operator=(const Tip&) = delete;
+    ~Tip();
 
     // Shows a text in a font over a place of the screen, where the text begins; moved as far as the screen wants it.
     void show(std::wstring text, HFONT font, RECT place);
@@ -18,10 +21,12 @@ public:
     bool isShown() const noexcept { return m_isShown; }
 
 private:
-    void make();
+    bool isThere() const noexcept;
+    void make(); // unless it is there
     void keepOnScreen(const RECT& screen) const noexcept;
 
     HWND m_owner;
+    HWND m_frame = nullptr; // the owner's, when it was made
     unique_window m_window; // made when it is shown the first time
     bool m_isShown = false;
 };

@@ -1,3 +1,4 @@
+// Tested in tests/tools/doctor/checksTest.cpp.
 #include "backendFunctions.h"
 
 #include "base/text.h"

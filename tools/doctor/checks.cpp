@@ -41,6 +41,8 @@ constexpr CheckRow rows[] = {
     {L"fonts",                L"Fonts",                     L"language",     judgeFonts},
     {L"log",                  L"Log",                       L"log",          judgeLog},
     {L"log-failures",         L"Failures in the log",       L"log",          judgeLogFailures},
+    {L"host-members",         L"Members of the IDE",        L"log",          judgeHostMembers},
+    {L"host-bars",            L"Command bars of the IDE",   L"log",          judgeHostBars},
     {L"running-addin",        L"Running IDE",               L"running",      judgeRunningAddin},
     {L"running-answers",      L"Running IDE answers",       L"running",      judgeRunningAnswers},
 };

@@ -1,3 +1,4 @@
+// Tested in tests/tools/doctor/machine/backendTest.cpp.
 #include "child.h"
 
 #include "backend/ansi.h"

@@ -1,3 +1,4 @@
+// Tested in tests/tools/doctor/machine/backendTest.cpp.
 #include "dependencies.h"
 
 #include "backend/library_search.h"

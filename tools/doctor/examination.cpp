@@ -1,3 +1,4 @@
+// Tested in tests/tools/doctor/machine/fixTest.cpp.
 #include "examination.h"
 
 #include "gather.h"
@@ -9,6 +10,7 @@ Report examine(const Options& options)
     Report report;
     const Facts facts = gather(options);
     report.findings = judge(facts);
+    report.isAdministrator = facts.system.isAdministrator;
     if (!options.isFix)
         return report;
     report.mended = mend(report.findings, facts, options);

@@ -141,6 +141,7 @@ struct LogFacts {
     bool isFullPath = false, hasFolder = false, isThere = false;
     DWORD writeCode = 0;                // why it cannot be written; 0 when it can
     std::vector<std::wstring> failures; // the last lines that tell one
+    std::vector<std::wstring> host;     // what the last connection found of the IDE; empty: not told
 };
 
 struct IdeProcess {

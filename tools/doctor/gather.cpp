@@ -1,3 +1,4 @@
+// Tested in tests/tools/doctor/machine/addinTest.cpp.
 #include "gather.h"
 
 #include "base/boundary.h"

@@ -1,4 +1,5 @@
 // The add-in's file and the tool's library: the files themselves, and whether they load.
+// Tested in tests/tools/doctor/machine/backendTest.cpp.
 #include "backend/library_search.h"
 #include "base/module.h"
 #include "base/paths.h"

@@ -1,4 +1,5 @@
 // What is registered of the add-in: its classes, names and type library, its key in the IDE's list, its installation.
+// Tested in tests/tools/doctor/machine/registrationTest.cpp.
 #include "addin/registrationKeys.h"
 #include "files.h"
 #include "gather.h"

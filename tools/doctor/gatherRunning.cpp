@@ -1,4 +1,5 @@
 // The log, and the IDEs that are running.
+// Tested in tests/tools/doctor/machine/surroundingsTest.cpp.
 #include "addin/traceTarget.h"
 #include "base/paths.h"
 #include "base/text.h"
@@ -6,6 +7,7 @@
 #include "files.h"
 #include "gather.h"
 #include "judgements.h"
+#include "logLines.h"
 
 #include <tlhelp32.h>
 
@@ -38,34 +40,14 @@ bool tellsFailure(const std::wstring& line)
            line.substr(mark + 4, digits).find_first_not_of(L"0123456789ABCDEF") == std::wstring::npos;
 }
 
-std::wstring fromUtf8(const std::vector<unsigned char>& bytes)
-{
-    const auto* begin = reinterpret_cast<const char*>(bytes.data());
-    const int count = static_cast<int>(bytes.size());
-    std::wstring text(bytes.size(), L'\0');
-    const int length = MultiByteToWideChar(CP_UTF8, 0, begin, count, text.data(), static_cast<int>(text.size()));
-    text.resize(static_cast<size_t>(length > 0 ? length : 0));
-    return text;
-}
-
 std::vector<std::wstring> lastFailures(const std::wstring& path)
 {
-    std::vector<unsigned char> bytes;
-    readBytes(path, readOfLog, Part::end, bytes);
-    std::wstring rest = fromUtf8(bytes);
     std::vector<std::wstring> failures;
-    for (size_t begin = 0; begin < rest.size();) {
-        const size_t end = std::min(rest.find(L'\n', begin), rest.size());
-        std::wstring line = rest.substr(begin, end - begin);
-        begin = end + 1;
-        if (line.ends_with(L'\r'))
-            line.pop_back();
-        if (!tellsFailure(line))
-            continue;
-        failures.push_back(std::move(line));
-        if (failures.size() > mostFailures)
-            failures.erase(failures.begin());
-    }
+    for (std::wstring& line : logLines(path, readOfLog))
+        if (tellsFailure(line))
+            failures.push_back(std::move(line));
+    if (failures.size() > mostFailures)
+        failures.erase(failures.begin(), failures.end() - mostFailures);
     return failures;
 }
 
@@ -147,8 +129,10 @@ void gatherLog(Facts& facts, const Options&)
     if (!log.isFullPath || !log.hasFolder)
         return;
     log.writeCode = writeCode(log);
-    if (log.isThere)
-        log.failures = lastFailures(log.path);
+    if (!log.isThere)
+        return;
+    log.failures = lastFailures(log.path);
+    log.host = lastReportOfHost(log.path);
 }
 
 void gatherRunning(Facts& facts, const Options& options)

@@ -1,4 +1,5 @@
 // SourceSafe, ODBC, code page and fonts.
+// Tested in tests/tools/doctor/machine/surroundingsTest.cpp.
 #include "backend/library_search.h"
 #include "base/error.h"
 #include "base/paths.h"

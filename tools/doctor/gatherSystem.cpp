@@ -1,4 +1,5 @@
 // Windows, its registry's halves, and the rights of the user.
+// Tested in tests/tools/doctor/machine/addinTest.cpp.
 #include "addin/registrationKeys.h"
 #include "base/text.h"
 #include "gather.h"

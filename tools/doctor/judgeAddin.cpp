@@ -1,4 +1,5 @@
 // The add-in's own file.
+// Tested in tests/tools/doctor/machine/addinTest.cpp.
 #include "base/paths.h"
 #include "base/text.h"
 #include "judgements.h"
@@ -58,9 +59,10 @@ Verdict judgeAddinFile(const Facts& facts)
                          L": not beside the doctor, nor where it is registered or installed.",
                      L"Run the installer.");
     if (!file.isThere) {
-        Verdict verdict = wrong(L"The file is not there: " + quoted(file.path) + placeText(facts.addin.place) + L".",
-                                L"Run the installer again; or velkdoctor --fix as administrator to remove what still "
-                                L"points to the file.");
+        Verdict verdict =
+            wrong(L"The file is not there: " + quoted(file.path) + placeText(facts.addin.place) + L".",
+                  L"Run the installer again; or let the doctor (Fix, or velkdoctor --fix, as administrator) "
+                  L"remove what still points to the file.");
         const bool pointsThere = isSameText(registeredPath(facts), file.path);
         return withRemedy(std::move(verdict), pointsThere ? Remedy::removeRegistration : Remedy::none);
     }

@@ -1,4 +1,5 @@
 // The tool's library.
+// Tested in tests/tools/doctor/machine/backendTest.cpp.
 #include "backend/library.h"
 #include "backendFunctions.h"
 #include "base/text.h"

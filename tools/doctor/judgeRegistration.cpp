@@ -1,4 +1,5 @@
 // What stands in the registry of the add-in itself.
+// Tested in tests/tools/doctor/machine/registrationTest.cpp.
 #include "addin/registrationKeys.h"
 #include "base/text.h"
 #include "judgements.h"
@@ -171,7 +172,7 @@ Verdict judgeUsersRegistration(const Facts& facts)
     if (!dead.empty())
         return withRemedy(
             wrong(L"The user has a registration of their own, which goes first and leads nowhere: " + list(dead) + L".",
-                  L"Run velkdoctor --fix as that user to remove it.", dead),
+                  L"Let the doctor remove it (Fix, or velkdoctor --fix, as that user).", dead),
             Remedy::removeUsersRegistration);
     if (!alive.empty())
         return warning(L"The user has a registration of their own, which goes before the machine's: " + list(alive) +

@@ -1,4 +1,5 @@
 // The log, and an IDE that is running now.
+// Tested in tests/tools/doctor/machine/surroundingsTest.cpp.
 #include "addin/traceTarget.h"
 #include "base/text.h"
 #include "judgements.h"

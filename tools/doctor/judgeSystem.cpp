@@ -1,4 +1,5 @@
 // Windows itself, and what the add-in finds on it: SourceSafe, ODBC, languages.
+// Tested in tests/tools/doctor/checksTest.cpp.
 #include "base/text.h"
 #include "judgements.h"
 
@@ -23,6 +24,17 @@ std::wstring windowsText(const SystemFacts& system)
     if (!system.wine.empty())
         text += L", by Wine " + shownText(system.wine);
     return text + L".";
+}
+
+// Which of the drivers are there that the sample projects use.
+std::wstring sampleText(const OdbcFacts& odbc)
+{
+    std::wstring found;
+    for (const wchar_t* name : {L"SQLite3", L"PostgreSQL Unicode"})
+        for (const auto& driver : odbc.drivers)
+            if (isSameText(driver.name, name))
+                found += (found.empty() ? L"" : L", ") + driver.name;
+    return found.empty() ? L"none of them is one that the sample projects use" : L"the sample projects use " + found;
 }
 
 } // namespace
@@ -114,7 +126,8 @@ Verdict judgeOdbc(const Facts& facts)
                        L"Repair or remove that driver by its own setup.", std::move(details));
     if (odbc.drivers.empty())
         return note(L"ODBC is there, without any 32-bit driver; the sample projects need one for their database.");
-    return good(L"ODBC is there; 32-bit drivers: " + numberText(static_cast<int32_t>(odbc.drivers.size())) + L".",
+    return good(L"ODBC is there; 32-bit drivers: " + numberText(static_cast<int32_t>(odbc.drivers.size())) + L"; " +
+                    sampleText(odbc) + L".",
                 std::move(details));
 }
 

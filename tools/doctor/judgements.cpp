@@ -1,4 +1,5 @@
 // The words that the judgements share.
+// Tested in tests/tools/doctor/checksTest.cpp.
 #include "judgements.h"
 
 #include "base/error.h"
@@ -7,7 +8,8 @@
 namespace velk::doctor {
 
 const wchar_t registerByHand[] =
-    L"Run velkdoctor --fix as administrator, or regsvr32 on the add-in in a 32-bit command prompt as administrator.";
+    L"Let the doctor put it right (Fix, or velkdoctor --fix, as administrator), or run regsvr32 on the add-in in a "
+    L"32-bit command prompt as administrator.";
 
 Verdict good(std::wstring text, std::vector<std::wstring> details)
 {

@@ -39,6 +39,8 @@ Verdict judgeCodePage(const Facts& facts);
 Verdict judgeFonts(const Facts& facts);
 Verdict judgeLog(const Facts& facts);
 Verdict judgeLogFailures(const Facts& facts);
+Verdict judgeHostMembers(const Facts& facts);
+Verdict judgeHostBars(const Facts& facts);
 
 Verdict judgeRunningAddin(const Facts& facts);
 Verdict judgeRunningAnswers(const Facts& facts);

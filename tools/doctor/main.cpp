@@ -1,7 +1,9 @@
 // The doctor: lines where it was started from a console or its output goes somewhere, a window otherwise.
+// Tested in tests/tools/doctor/machine/programTest.cpp.
 #include "base/boundary.h"
 #include "base/win32.h"
 #include "child.h"
+#include "doctorWindow.h"
 #include "examination.h"
 #include "options.h"
 #include "output.h"
@@ -23,15 +25,21 @@ std::vector<std::wstring> arguments()
     return list;
 }
 
+// What needs no look at the machine; empty when that is wanted.
+std::wstring textOf(const Options& options)
+{
+    if (!options.error.empty())
+        return L"velkdoctor: " + options.error + L"; --help tells more\r\n";
+    if (options.isHelp)
+        return helpText();
+    return options.isVersion ? std::wstring(L"velkdoctor ") + productVersion + L"\r\n" : std::wstring();
+}
+
 int answer(const Options& options, const Output& output)
 {
-    if (!options.error.empty()) {
-        output.write(L"velkdoctor: " + options.error + L"; --help tells more\r\n");
-        return exitUsage;
-    }
-    if (options.isHelp || options.isVersion) {
-        output.write(options.isHelp ? helpText() : std::wstring(L"velkdoctor ") + productVersion + L"\r\n");
-        return exitGood;
+    if (const std::wstring text = textOf(options); !text.empty()) {
+        output.write(text);
+        return options.error.empty() ? exitGood : exitUsage;
     }
     const Report report = examine(options);
     output.write(options.isJson ? jsonOf(report)
@@ -42,12 +50,20 @@ int answer(const Options& options, const Output& output)
 int run(const std::vector<std::wstring>& list)
 {
     const Options options = readOptions(list);
-    const Output output;
-    if (output.isThere() || options.isConsole || options.isJson)
-        return answer(options, output);
-    const Report report = examine(options);
-    MessageBoxW(nullptr, linesOf(report, Details::ofComplaints).c_str(), L"velkdoctor", MB_OK);
-    return exitCodeOf(report);
+    const bool wantsLines =
+        options.isConsole || options.isJson || options.isHelp || options.isVersion || !options.error.empty();
+    if (!options.isWindow || wantsLines) {
+        const Output output;
+        if (output.isThere() || options.isConsole || options.isJson)
+            return answer(options, output);
+    }
+    const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES};
+    InitCommonControlsEx(&controls);
+    if (wantsLines) {
+        MessageBoxW(nullptr, textOf(options).c_str(), L"velkdoctor", MB_OK);
+        return options.error.empty() ? exitGood : exitUsage;
+    }
+    return DoctorWindow(options, examine).run();
 }
 
 } // namespace

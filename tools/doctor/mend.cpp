@@ -1,3 +1,4 @@
+// Tested in tests/tools/doctor/machine/fixTest.cpp.
 #include "mend.h"
 
 #include "addin/registrationKeys.h"

@@ -1,3 +1,4 @@
+// Tested in tests/tools/doctor/machine/programTest.cpp.
 #include "output.h"
 
 #include "base/win32.h"

@@ -1,3 +1,4 @@
+// Tested in tests/tools/doctor/machine/registrationTest.cpp.
 #include "publishedNames.h"
 
 #include "base/win32.h"

@@ -1,3 +1,4 @@
+// Tested in tests/tools/doctor/machine/absurdTest.cpp.
 #include "registryValue.h"
 
 #include "base/text.h"

@@ -13,6 +13,7 @@ namespace velk::doctor {
 struct Report {
     std::vector<Mended> mended; // what --fix did
     std::vector<Finding> findings;
+    bool isAdministrator = false;
 };
 
 ExitCode exitCodeOf(const Report& report) noexcept;

@@ -198,5 +198,39 @@ TEST_F(CellTipsTest, headerOfAFittedColumnThatOrdersTheRows_isNotCutOff)
     EXPECT_EQ(tipText(), L"(none)") << list().view().columnWidth(1);
 }
 
+TEST_F(CellTipsTest, viewThatIsDockedInAnotherFrame_hasItsTipsWhenTheFirstFrameIsGone)
+{
+    moveTo(0, 0);
+    rest();
+    ASSERT_EQ(tipText(), name);
+    const HWND other =
+        CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPED, 0, 0, 1200, 600, nullptr, nullptr, nullptr, nullptr);
+    SetParent(view.hwnd(), other);
+    ShowWindow(other, SW_SHOW);
+    SetForegroundWindow(other);
+    DestroyWindow(std::exchange(host, other));
+    moveTo(1, 0);
+    moveTo(0, 0);
+    rest();
+    EXPECT_EQ(tipText(), name);
+}
+
+TEST_F(CellTipsTest, viewThatIsDockedInAnotherFrame_hasItsTips)
+{
+    moveTo(0, 0);
+    rest();
+    ASSERT_EQ(tipText(), name);
+    const HWND other =
+        CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPED, 0, 0, 1200, 600, nullptr, nullptr, nullptr, nullptr);
+    SetParent(view.hwnd(), other);
+    ShowWindow(other, SW_SHOW);
+    SetForegroundWindow(other);
+    moveTo(1, 0);
+    moveTo(0, 0);
+    rest();
+    EXPECT_EQ(tipText(), name);
+    DestroyWindow(other);
+}
+
 } // namespace
 } // namespace velk

@@ -341,5 +341,31 @@ TEST_F(FolderReadingTest, quickObjects_areNotEachALookAtTheKey)
     EXPECT_LT(looks, 30);
 }
 
+TEST_F(FolderReadingTest, lineBelowTheList_isAsHighAsItsTextInANarrowFont)
+{
+    LOGFONTW narrow{};
+    narrow.lfHeight = -30;
+    narrow.lfWidth = 5;
+    lstrcpyW(narrow.lfFaceName, L"Tahoma");
+    const unique_font font(CreateFontIndirectW(&narrow));
+    list().setFont(font.get());
+    pressEscapeAt(9);
+    fillViews();
+    ASSERT_NE(foot(), L"");
+    LONG height = 0;
+    for (HWND child = nullptr; (child = FindWindowExW(view.hwnd(), child, L"STATIC", nullptr)) != nullptr;)
+        if (child != view.splitPane() && IsWindowVisible(child)) {
+            RECT place{};
+            GetWindowRect(child, &place);
+            height = place.bottom - place.top;
+        }
+    const unique_screen_dc dc(GetDC(nullptr));
+    const HGDIOBJ before = SelectObject(dc.get(), font.get());
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(dc.get(), &metrics);
+    SelectObject(dc.get(), before);
+    EXPECT_GE(height, metrics.tmHeight);
+}
+
 } // namespace
 } // namespace velk

@@ -12,14 +12,6 @@ TEST_F(ListNoticeTest, nothingSelected_isToldInGreyByTheListItself)
     EXPECT_EQ(GetWindow(list().view().hwnd(), GW_CHILD), reinterpret_cast<HWND>(list().view().send(LVM_GETHEADER)));
 }
 
-TEST_F(ListNoticeTest, paintingWithoutMemory_tellsNothingAndTheNextOneDoes)
-{
-    const auto [seen, wasFelt] = paintedWithoutMemory();
-    EXPECT_TRUE(wasFelt);
-    EXPECT_EQ(seen, picture(L""));
-    EXPECT_EQ(painted(), picture(ownTexts::nothingSelected));
-}
-
 TEST_F(ListNoticeTest, projectAndConnection_tellToSelectAFolder)
 {
     tree().select(L"K1");
@@ -165,6 +157,34 @@ TEST_F(ListNoticeTest, narrowerList_wrapsTheTextAnew)
     view.resize(500, 400);
     EXPECT_TRUE(isToBePainted());
     EXPECT_EQ(painted(), picture(ownTexts::nothingSelected));
+}
+
+TEST_F(ListNoticeTest, textInAListThatIsScrolledSideways_staysWhole)
+{
+    tree().select(L"K24");
+    fillViews();
+    list().view().setColumnWidth(0, 2000);
+    paint();
+    ASSERT_EQ(onScreen(), picture(ownTexts::noObjects));
+    list().view().send(WM_HSCROLL, SB_PAGERIGHT);
+    paint();
+    EXPECT_EQ(onScreen(), picture(ownTexts::noObjects));
+}
+
+TEST_F(ListNoticeTest, textInAListWhoseColumnIsMadeNarrower_staysWhole)
+{
+    tree().select(L"K24");
+    fillViews();
+    list().view().setColumnWidth(0, 400);
+    list().view().redraw();
+    paint();
+    EXPECT_EQ(onScreen() == picture(ownTexts::noObjects), true) << "before";
+    list().view().setColumnWidth(0, 150);
+    paint();
+    EXPECT_EQ(onScreen() == picture(ownTexts::noObjects), true) << "afterwards";
+    list().view().redraw();
+    paint();
+    EXPECT_EQ(onScreen() == picture(ownTexts::noObjects), true) << "drawn anew";
 }
 
 } // namespace

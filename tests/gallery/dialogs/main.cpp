@@ -3,10 +3,12 @@
 #include "backend/texts.h"
 #include "base/error.h"
 #include "devkit/ide/screenshot.h"
+#include "doctor.h"
 #include "model/conLstCtl.h"
 #include "scc/frmVSSLogin.h"
 #include "serverview/svrViewCtl.h"
 #include "serverview/viewAPIs.h"
+#include "shots.h"
 #include "support/fakeManager.h"
 #include "ui/RZfrmAbout.h"
 #include "ui/splashscrnFrm.h"
@@ -28,15 +30,7 @@ void pump(DWORD time)
     }
 }
 
-void shoot(HWND window, const std::wstring& file)
-{
-    ShowWindow(window, SW_SHOW);
-    pump(300);
-    devkit::writeScreenshot(window, file);
-    ShowWindow(window, SW_HIDE);
-}
-
-void shoot(Dialog& form, const std::wstring& file)
+void shootForm(Dialog& form, const std::wstring& file)
 {
     form.fit();
     shoot(form.hwnd(), file);
@@ -52,9 +46,9 @@ void connectionDialogs(const std::wstring& folder)
     conLstCtl form;
     form.setIMgr(IntegrationMgr(com_ptr<_IntegrationMgr>(manager.get())));
     form.setupGUI(L"RZConnection", false);
-    shoot(form, folder + L"\\connection.png");
+    shootForm(form, folder + L"\\connection.png");
     form.setupGUI(L"RZCommand", true);
-    shoot(form, folder + L"\\command.png");
+    shootForm(form, folder + L"\\command.png");
 }
 
 void login(const std::wstring& folder)
@@ -64,7 +58,7 @@ void login(const std::wstring& folder)
     form.setText(frmVSSLogin::txtUserName, L"ann");
     form.setText(frmVSSLogin::txtPassword, L"secret");
     form.setText(frmVSSLogin::DBCombo, L"Main");
-    shoot(form, folder + L"\\login.png");
+    shootForm(form, folder + L"\\login.png");
 }
 
 void splash(const std::wstring& folder)
@@ -80,7 +74,7 @@ void about(const std::wstring& folder)
 {
     RZfrmAbout form;
     form.Form_Load();
-    shoot(form, folder + L"\\about.png");
+    shootForm(form, folder + L"\\about.png");
 }
 
 void serverView(const std::wstring& folder)
@@ -107,6 +101,15 @@ void serverView(const std::wstring& folder)
 }
 
 } // namespace
+
+void shoot(HWND window, const std::wstring& file)
+{
+    ShowWindow(window, SW_SHOW);
+    pump(300);
+    devkit::writeScreenshot(window, file);
+    ShowWindow(window, SW_HIDE);
+}
+
 } // namespace velk
 
 int main()
@@ -126,6 +129,7 @@ int main()
         login(folder);
         splash(folder);
         about(folder);
+        doctorWindows(folder);
         serverView(folder);
     } catch (const Error&) {
         return 1;

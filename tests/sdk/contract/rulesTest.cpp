@@ -82,6 +82,40 @@ TEST(Rules, thatBindTheLibrary_areEachBrokenByAFaultyOne)
     EXPECT_EQ(broken, bound);
 }
 
+// A figure of the contract that is a constant of the product: both say the same.
+struct Figure {
+    const char* said;
+    const char* file;
+    const char* constant;
+};
+
+// clang-format off
+constexpr Figure figures[] = {
+    {"A timer of 100 ms calls",                 "notify/notificationThreadFrm.cpp", "timerInterval = 100;"},
+    {"A tick that has taken 100 ms",            "notify/notificationThreadFrm.cpp", "longestTick = 100;"},
+    {"up to 30 boxes deep",                     "notify/notificationThreadFrm.cpp", "deepest = 30;"},
+    {"after 1,000 in a row or a second",        "notify/notificationThreadFrm.cpp", "first{1000, 1000};"},
+    {"the next time after 50 or 50 ms",         "notify/notificationThreadFrm.cpp", "further{50, 50};"},
+    {"After 1,000,000 objects",                 "serverview/folderKinds.cpp",       "mostObjects = 1'000'000;"},
+    {"or 1,000 times the same handle in a row", "serverview/folderKinds.cpp",       "mostAgain = 1'000;"},
+    {"After the third fault in a session",      "backend/library.cpp",              "mostFaults = 3;"},
+    {"A counted string of 1024 NULs",           "backend/texts.cpp",                "capacity = 1024;"},
+    {"One to five;",                            "notify/promptLook.cpp",            "mostFields = 5;"},
+};
+// clang-format on
+
+class Figures : public testing::TestWithParam<Figure> {};
+
+TEST_P(Figures, ofTheContract_isAConstantOfTheProduct)
+{
+    std::string contract = sourceText("backend-contract.md");
+    std::replace(contract.begin(), contract.end(), '\n', ' ');
+    EXPECT_THAT(contract, testing::HasSubstr(GetParam().said));
+    EXPECT_THAT(sourceText(GetParam().file), testing::HasSubstr(GetParam().constant));
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Figures, testing::ValuesIn(figures));
+
 TEST(Faults, areInFunctionsThatAreCalled)
 {
     std::set<std::string> called;

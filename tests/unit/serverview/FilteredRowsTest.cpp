@@ -129,6 +129,20 @@ TEST_F(FilteredRowsTest, changedRow_staysComesOrGoesWithItsNewTexts)
     EXPECT_EQ(handlesOf(rows), (Handles{2, 5}));
 }
 
+TEST_F(FilteredRowsTest, rowsChangedAfterHiddenOnesWent_areShownAsTheyAre)
+{
+    rows.setFilter(filterOf(L"ta"));
+    EXPECT_EQ(rows.size(), 2u);
+    rows.remove(2);
+    rename(5, L"tango");
+    rows.remove(3);
+    rename(1, L"tap");
+    rename(5, L"delta");
+    EXPECT_EQ(handlesOf(rows), (Handles{1, 5}));
+    EXPECT_EQ(rows.at(0).name(), L"tap");
+    EXPECT_EQ(rows.at(1).name(), L"delta");
+}
+
 TEST_F(FilteredRowsTest, changeThatHidesOrShows_isKnownBefore)
 {
     const auto hidesOrShows = [this](int32_t handle, const wchar_t* name) {

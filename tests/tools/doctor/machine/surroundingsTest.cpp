@@ -81,6 +81,24 @@ TEST_F(DoctorAround, logThatIsOn_isNoComplaintAndItsFailuresAreANote)
     EXPECT_NE(diagnosis.lines.at("log").text.find("every call"), std::string::npos);
 }
 
+TEST_F(DoctorAround, ideWithoutAMember_isToldByItsLog)
+{
+    switchLogOn(log() + L";2");
+    fill(log(),
+         "2026-11-22 08:00:01.000 host members: DTE has CommandBars Events; lacks MainWindow Solution Windows\r\n"
+         "2026-11-22 08:00:01.000 host bars: 13 \"Add-Ins\"; the entry goes to 13\r\n");
+    const Diagnosis diagnosis = diagnose();
+    EXPECT_THAT(diagnosis, ComplainsOnlyOf("host-members"));
+    EXPECT_NE(diagnosis.lines.at("host-bars").text.find("Add-Ins"), std::string::npos);
+}
+
+TEST_F(DoctorAround, ideWithoutTheBarOfTheEntry_isToldByItsLog)
+{
+    switchLogOn(log() + L";2");
+    fill(log(), "2026-11-22 08:00:01.000 host bars: 1 \"Menu Bar\"; the entry goes to 13\r\n");
+    EXPECT_THAT(diagnose(), ComplainsOnlyOf("host-bars"));
+}
+
 TEST_F(DoctorAround, logThatIsNotThereYet_staysSo)
 {
     switchLogOn(log());

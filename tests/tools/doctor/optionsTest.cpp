@@ -1,0 +1,52 @@
+#include "doctor/options.h"
+
+#include "doctor/exitCodes.h"
+
+#include <gmock/gmock.h>
+
+namespace velk::doctor {
+namespace {
+
+using testing::HasSubstr;
+
+TEST(OptionsTest, nothing_isAllDefaults)
+{
+    const Options options = readOptions({});
+    EXPECT_EQ(options.error, L"");
+    EXPECT_EQ(options.ide, L"devenv.exe");
+    EXPECT_FALSE(options.isIdeNamed || options.isFix || options.isJson || options.isConsole);
+    EXPECT_EQ(options.wait, 20u);
+}
+
+TEST(OptionsTest, allOfThem_areRead)
+{
+    const Options options =
+        readOptions({L"--json", L"--fix", L"--details", L"--dll", L"C:\\a b.dll", L"--ide", L"x.exe", L"--wait", L"5"});
+    EXPECT_EQ(options.error, L"");
+    EXPECT_TRUE(options.isJson && options.isFix && options.hasDetails && options.isIdeNamed);
+    EXPECT_EQ(options.addin, L"C:\\a b.dll");
+    EXPECT_EQ(options.ide, L"x.exe");
+    EXPECT_EQ(options.wait, 5u);
+}
+
+TEST(OptionsTest, whatIsNotUnderstood_isTold)
+{
+    EXPECT_THAT(readOptions({L"--bogus"}).error, HasSubstr(L"--bogus"));
+    EXPECT_THAT(readOptions({L"--dll"}).error, HasSubstr(L"--dll needs a value"));
+    EXPECT_THAT(readOptions({L"--dll", L""}).error, HasSubstr(L"--dll needs a value"));
+    for (const wchar_t* seconds : {L"0", L"ten", L"-1", L"10000", L"99999999999"})
+        EXPECT_THAT(readOptions({L"--wait", seconds}).error, HasSubstr(L"--wait")) << seconds;
+}
+
+TEST(OptionsTest, help_hasEveryOptionAndExitCode)
+{
+    const std::wstring text = helpText();
+    for (const wchar_t* option : {L"--console", L"--window", L"--json", L"--details", L"--fix", L"--dll", L"--ide",
+                                  L"--wait", L"--version", L"--help"})
+        EXPECT_THAT(text, HasSubstr(option));
+    for (const ExitCodeRow& row : exitCodeRows)
+        EXPECT_THAT(text, HasSubstr(row.help));
+}
+
+} // namespace
+} // namespace velk::doctor

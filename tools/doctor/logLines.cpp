@@ -1,0 +1,60 @@
+#include "logLines.h"
+
+#include "base/win32.h"
+#include "files.h"
+
+#include <algorithm>
+
+namespace velk::doctor {
+namespace {
+
+constexpr size_t wholeLog = 2 * 1024 * 1024; // the add-in begins it anew before that
+constexpr std::wstring_view membersBegin = L"host members: ";
+constexpr std::wstring_view barsBegin = L"host bars: ";
+constexpr std::wstring_view reportBegin = L"host members: DTE ";
+
+std::wstring fromUtf8(const std::vector<unsigned char>& bytes)
+{
+    const auto* begin = reinterpret_cast<const char*>(bytes.data());
+    const int count = static_cast<int>(bytes.size());
+    std::wstring text(bytes.size(), L'\0');
+    const int length = MultiByteToWideChar(CP_UTF8, 0, begin, count, text.data(), static_cast<int>(text.size()));
+    text.resize(static_cast<size_t>(length > 0 ? length : 0));
+    return text;
+}
+
+} // namespace
+
+std::vector<std::wstring> logLines(const std::wstring& path, size_t mostBytes)
+{
+    std::vector<unsigned char> bytes;
+    readBytes(path, mostBytes, Part::end, bytes);
+    const std::wstring text = fromUtf8(bytes);
+    std::vector<std::wstring> lines;
+    for (size_t begin = 0; begin < text.size();) {
+        const size_t end = std::min(text.find(L'\n', begin), text.size());
+        std::wstring line = text.substr(begin, end - begin);
+        begin = end + 1;
+        if (line.ends_with(L'\r'))
+            line.pop_back();
+        lines.push_back(std::move(line));
+    }
+    return lines;
+}
+
+std::vector<std::wstring> lastReportOfHost(const std::wstring& path)
+{
+    std::vector<std::wstring> report;
+    for (const std::wstring& file : {path + L".old", path})
+        for (const std::wstring& line : logLines(file, wholeLog)) {
+            const size_t at = std::min(line.find(membersBegin), line.find(barsBegin));
+            if (at == std::wstring::npos)
+                continue;
+            if (line.compare(at, reportBegin.size(), reportBegin) == 0)
+                report.clear();
+            report.push_back(line.substr(at));
+        }
+    return report;
+}
+
+} // namespace velk::doctor

@@ -275,6 +275,7 @@ void checkHandlesDiffer(Bench& bench)
         return;
     session.open(); // what is gone keeps its handle for itself
     addProject();
+    bench.endSession(); // nothing was told of the folders of this one
 }
 
 void checkOwnHandle(Bench& bench)

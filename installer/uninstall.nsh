@@ -59,6 +59,20 @@ Function un.Unregister
   Abort $(failed)
 FunctionEnd
 
+; The entry under Programs, if it is this installation's: an uninstaller that was copied elsewhere has none. $R4: the
+; topmost folder that the installation made, or nothing.
+Function un.RemoveEntry
+  StrCpy $R4 ""
+  ReadRegStr $0 HKLM "${ENTRY}" "InstallLocation"
+  GetFullPathName $1 "$0\${UNINSTALLER}"
+  GetFullPathName $2 "$INSTDIR\${UNINSTALLER}"
+  ${If} $0 != ""
+  ${AndIf} $1 == $2
+    ReadRegStr $R4 HKLM "${ENTRY}" "FolderMade"
+    DeleteRegKey HKLM "${ENTRY}"
+  ${EndIf}
+FunctionEnd
+
 Section "un.$(unAddin)" unAddin
   SectionIn RO
   SetDetailsPrint none
@@ -66,8 +80,7 @@ Section "un.$(unAddin)" unAddin
   !insertmacro Log "${TITLE} ${VERSION}: $INSTDIR"
   Call un.RemoveOwnFolder
   Call un.Unregister
-  ReadRegStr $R4 HKLM "${ENTRY}" "FolderMade"
-  DeleteRegKey HKLM "${ENTRY}"
+  Call un.RemoveEntry
   !insertmacro EachFile RemoveFile
   !insertmacro RemoveFile "${CHECKSUMS}"
   !insertmacro RemoveFile "${UNINSTALLER}"

@@ -35,6 +35,7 @@ constexpr CheckRow rows[] = {
     {L"backend-needs",        L"Tool's library, needs",     L"backend",      judgeBackendDependencies},
     {L"backend-load",         L"Tool's library loads",      L"backend",      judgeBackendLoad},
     {L"backend-texts",        L"Tool's texts",              L"backend",      judgeTexts},
+    {L"backend-contract",     L"Tool's library, contract",  L"backend",      judgeContract},
     {L"sourcesafe",           L"SourceSafe",                L"sourcesafe",   judgeSourceSafe},
     {L"odbc",                 L"ODBC",                      L"odbc",         judgeOdbc},
     {L"code-page",            L"Code page",                 L"language",     judgeCodePage},

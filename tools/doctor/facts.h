@@ -95,12 +95,19 @@ struct Dependency {
     bool isMissing = false;
     uint16_t machine = 0; // of the file that would be loaded
 };
+// The library held against its contract.
+struct ContractFacts {
+    bool isChecked = false;
+    size_t rulesKept = 0;
+    std::vector<std::wstring> broken;
+};
 struct BackendFacts {
     std::vector<SearchPlace> places;
     FileFacts file;                       // the first that was found
     std::vector<Dependency> dependencies; // those that cannot be loaded
     ChildFacts load;
     ChildFacts texts;
+    ContractFacts contract;
 };
 
 struct SourceSafeFacts {

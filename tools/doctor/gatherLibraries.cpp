@@ -4,6 +4,7 @@
 #include "base/module.h"
 #include "base/paths.h"
 #include "child.h"
+#include "contract.h"
 #include "dependencies.h"
 #include "files.h"
 #include "gather.h"
@@ -111,6 +112,8 @@ void gatherBackend(Facts& facts, const Options& options)
     const ChildResult result = runInChild(Step::askBackend, backend.file.path, options.wait);
     backend.load = result.load;
     backend.texts = result.after;
+    if (options.isContract && !backend.texts.answer.empty())
+        backend.contract = checkContract(backend.file.path, options.wait);
     if (!backend.load.isLoaded())
         backend.dependencies = missingDependencies(backend.file);
 }

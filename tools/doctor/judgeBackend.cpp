@@ -133,4 +133,17 @@ Verdict judgeTexts(const Facts& facts)
     return good(L"It answers: number 100 is " + quoted(backend.texts.answer) + L".");
 }
 
+Verdict judgeContract(const Facts& facts)
+{
+    const ContractFacts& contract = facts.backend.contract;
+    if (!contract.isChecked)
+        return skipped(
+            L"Looked at with --contract only, and once the library answers: it begins sessions of the tool.");
+    if (!contract.broken.empty())
+        return warning(L"The library breaks its contract with the add-in: " + shownText(contract.broken.front()) + L".",
+                       L"Tell the tool's maker; velkcheck has the whole report.", contract.broken);
+    return good(L"It keeps the " + numberText(static_cast<int32_t>(contract.rulesKept)) +
+                L" rules that can be looked at without a project.");
+}
+
 } // namespace velk::doctor

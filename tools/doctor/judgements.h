@@ -32,6 +32,7 @@ Verdict judgeBackendFunctions(const Facts& facts);
 Verdict judgeBackendDependencies(const Facts& facts);
 Verdict judgeBackendLoad(const Facts& facts);
 Verdict judgeTexts(const Facts& facts);
+Verdict judgeContract(const Facts& facts);
 
 Verdict judgeSourceSafe(const Facts& facts);
 Verdict judgeOdbc(const Facts& facts);

@@ -2,6 +2,7 @@
 // Tested in tests/tools/doctor/machine/programTest.cpp.
 #include "base/boundary.h"
 #include "base/win32.h"
+#include "checker/child.h"
 #include "child.h"
 #include "doctorWindow.h"
 #include "examination.h"
@@ -74,6 +75,11 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int) noexcept
     using namespace velk;
     int code = doctor::exitFailed;
     swallow(L"velkdoctor", L"the exit code tells it", [&] {
+        // The checker of the contract starts this program once more, too.
+        if (const auto done = check::runAsChild()) {
+            code = *done;
+            return;
+        }
         const std::vector<std::wstring> list = doctor::arguments();
         if (doctor::isChild(list))
             doctor::beChild(list);

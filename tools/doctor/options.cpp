@@ -39,6 +39,7 @@ constexpr Switch switches[] = {
     {L"--window",  &Options::isWindow,   L"show the window, whatever the doctor was started from"},
     {L"--json",    &Options::isJson,     L"write one JSON object instead of lines"},
     {L"--details", &Options::hasDetails, L"write what stands behind each line, too"},
+    {L"--contract", &Options::isContract, L"hold the tool's library against its contract, which begins sessions"},
     {L"--fix",     &Options::isFix,      L"put right what can be put right safely, then look again"},
     {L"--version", &Options::isVersion,  L"say the version"},
     {L"--help",    &Options::isHelp,     L"say this"},

@@ -13,6 +13,7 @@ struct Options {
     bool isJson = false;
     bool isFix = false;
     bool hasDetails = false;
+    bool isContract = false; // the tool's library is held against its contract
     bool isHelp = false;
     bool isVersion = false;
     std::wstring addin;               // the file to look at; empty: found by itself

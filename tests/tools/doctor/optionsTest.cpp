@@ -41,8 +41,8 @@ TEST(OptionsTest, whatIsNotUnderstood_isTold)
 TEST(OptionsTest, help_hasEveryOptionAndExitCode)
 {
     const std::wstring text = helpText();
-    for (const wchar_t* option : {L"--console", L"--window", L"--json", L"--details", L"--fix", L"--dll", L"--ide",
-                                  L"--wait", L"--version", L"--help"})
+    for (const wchar_t* option : {L"--console", L"--window", L"--json", L"--details", L"--contract", L"--fix", L"--dll",
+                                  L"--ide", L"--wait", L"--version", L"--help"})
         EXPECT_THAT(text, HasSubstr(option));
     for (const ExitCodeRow& row : exitCodeRows)
         EXPECT_THAT(text, HasSubstr(row.help));

@@ -44,15 +44,21 @@ void snapshot(HKEY root, const std::wstring& path, std::set<std::wstring>& lines
         snapshot(root, path + L"\\" + name, lines);
 }
 
-// Those of our type library, which outlive its own key.
-void removeInterfaces(HKEY root)
+// The keys of the interfaces of our type library, which outlive its own key. They are looked for once: there are
+// thousands of others.
+const std::vector<std::wstring>& interfaces()
 {
-    constexpr size_t most = 100000;
-    for (const std::wstring& name : doctor::keysBelow(root, doctor::interfacesPlace, most)) {
-        const std::wstring path = std::wstring(doctor::interfacesPlace) + L"\\" + name;
-        if (doctor::readValue(root, path + L"\\TypeLib").text == doctor::typeLibraryId())
-            registry::removeTree(root, path);
-    }
+    static const std::vector<std::wstring> ours = [] {
+        constexpr size_t most = 100000;
+        std::vector<std::wstring> found;
+        for (const std::wstring& name : doctor::keysBelow(HKEY_LOCAL_MACHINE, doctor::interfacesPlace, most)) {
+            const std::wstring path = std::wstring(doctor::interfacesPlace) + L"\\" + name;
+            if (doctor::readValue(HKEY_LOCAL_MACHINE, path + L"\\TypeLib").text == doctor::typeLibraryId())
+                found.push_back(path);
+        }
+        return found;
+    }();
+    return ours;
 }
 
 std::string fieldOf(const std::string& line, const std::string& name)
@@ -89,8 +95,10 @@ std::wstring DoctorTest::base()
 
 DoctorTest::DoctorTest()
 {
-    forgetEverything();
+    removeTree(base());
     furnish(folder());
+    registerIn(folder());
+    forgetRegistry();
     registerIn(folder());
     install(folder());
 }
@@ -101,10 +109,11 @@ DoctorTest::~DoctorTest()
         TerminateProcess(m_ide.get(), 0);
         WaitForSingleObject(m_ide.get(), 10000);
     }
-    forgetEverything();
+    forgetRegistry();
+    removeTree(base());
 }
 
-void DoctorTest::forgetEverything()
+void DoctorTest::forgetRegistry()
 {
     unregister();
     remove(HKEY_LOCAL_MACHINE, uninstall);
@@ -114,7 +123,6 @@ void DoctorTest::forgetEverything()
     SetEnvironmentVariableW(L"VELK_TEST_LIBRARY", nullptr);
     SetEnvironmentVariableW(L"VELKVIADD_TRACE", nullptr);
     SetEnvironmentVariableW(L"PATH", L"C:\\windows\\system32;C:\\windows");
-    removeTree(base());
 }
 
 void DoctorTest::furnish(const std::wstring& target)
@@ -144,7 +152,8 @@ void DoctorTest::unregister()
             remove(root, doctor::progIdPlace(name.progId));
         }
         remove(root, doctor::libraryPlace());
-        removeInterfaces(root);
+        for (const std::wstring& path : interfaces())
+            remove(root, path);
         remove(root, L"Software\\Microsoft\\VisualStudio");
         remove(root, L"Software\\Classes\\velkviadd.Older");
     }
@@ -236,12 +245,13 @@ std::string DoctorTest::run(const std::wstring& options, DWORD& exitCode, const 
     startup.dwFlags = STARTF_USESTDHANDLES;
     startup.hStdOutput = startup.hStdError = output.get();
     PROCESS_INFORMATION made{};
-    std::wstring line = L"\"" + target + L"\\velkdoctor.exe\" --ide velktestide.exe " + options;
+    // On a busy machine a library takes long to load.
+    std::wstring line = L"\"" + target + L"\\velkdoctor.exe\" --ide velktestide.exe --wait 120 " + options;
     throwLastErrorUnless(
         CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup, &made) != FALSE);
     const unique_kernel_handle thread(made.hThread);
     const unique_kernel_handle process(made.hProcess);
-    WaitForSingleObject(process.get(), 60000);
+    WaitForSingleObject(process.get(), 300000);
     GetExitCodeProcess(process.get(), &exitCode);
     output.reset();
     const std::vector<unsigned char> bytes = bytesOf(outputPath);

@@ -1,0 +1,46 @@
+// Tested in tests/tools/doctor/machine/contractTest.cpp.
+#include "contract.h"
+
+#include "base/text.h"
+#include "checker/checker.h"
+
+namespace velk::doctor {
+namespace {
+
+constexpr int lastLevelWithoutProject = 3;
+
+std::wstring fromUtf8(const std::string& bytes)
+{
+    std::wstring text(bytes.size(), L'\0');
+    const int length = MultiByteToWideChar(CP_UTF8, 0, bytes.data(), static_cast<int>(bytes.size()), text.data(),
+                                           static_cast<int>(text.size()));
+    text.resize(static_cast<size_t>(length > 0 ? length : 0));
+    return text;
+}
+
+std::wstring lineOf(const check::Finding& finding)
+{
+    const check::RuleRow& rule = check::rowOf(finding.rule);
+    return fromUtf8(std::string(rule.number) + " " + rule.title + ": " + finding.call + "(" + finding.arguments +
+                    ") should give " + finding.expected + ", seen was " + finding.seen);
+}
+
+} // namespace
+
+ContractFacts checkContract(const std::wstring& library, uint32_t seconds)
+{
+    check::Request request;
+    request.library = library;
+    request.lastLevel = lastLevelWithoutProject;
+    request.longestCall = seconds * 1000;
+    const check::Report report = check::checkLibrary(request, [](const std::string&) {});
+    ContractFacts facts;
+    facts.isChecked = true;
+    for (const check::RuleReport& rule : report.rules)
+        facts.rulesKept += rule.outcome == check::Outcome::holds;
+    for (const check::Finding& finding : report.findings)
+        facts.broken.push_back(lineOf(finding));
+    return facts;
+}
+
+} // namespace velk::doctor

@@ -16,7 +16,7 @@ protected:
 TEST_F(PostgresCheckerTest, standIn_passesLevelTen)
 {
     SetEnvironmentVariableW(L"VELK_BACKEND_PUMP", L"1");
-    EXPECT_EQ(runProgram(L"\"..\\..\\..\\bin\\velkcheck.exe\" --quiet --level 10 --patience 300 --sessions 25 --steps "
+    EXPECT_EQ(runProgram(L"\"..\\..\\bin\\velkcheck.exe\" --quiet --level 10 --patience 300 --sessions 25 --steps "
                          L"600 \"" +
                          path(L"velkvsadd.dll") + L"\" \"" + path(L"rz\\orders.rzv") + L"\""),
               0u)

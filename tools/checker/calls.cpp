@@ -73,7 +73,6 @@ TextAnswer Calls::text(int32_t number, int32_t capacity)
     checkString(buffer);
     answer.hasNul = buffer.hasNul();
     answer.text = buffer.text();
-    answer.hasMore = buffer.hasMoreBehindNul();
     return answer;
 }
 
@@ -89,7 +88,7 @@ TextAnswer Calls::text(int32_t number, std::string_view parameter)
     checkString(buffer);
     answer.hasNul = buffer.hasNul();
     answer.text = buffer.text();
-    answer.parameters[0] = first.text(answer.areCounted);
+    answer.areCounted = first.isCounted();
     return answer;
 }
 
@@ -106,8 +105,7 @@ TextAnswer Calls::text(int32_t number, std::string_view one, std::string_view ot
     checkString(buffer);
     answer.hasNul = buffer.hasNul();
     answer.text = buffer.text();
-    answer.parameters[0] = first.text(answer.areCounted);
-    answer.parameters[1] = second.text(answer.areCounted);
+    answer.areCounted = first.isCounted() && second.isCounted();
     return answer;
 }
 

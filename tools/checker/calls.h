@@ -20,12 +20,9 @@ struct Notify {
 struct TextAnswer {
     int32_t answer = 0;
     bool hasNul = false;
-    std::string text;     // before the first NUL of the buffer, or all of it
-    bool hasMore = false; // behind that
+    std::string text; // before the first NUL of the buffer, or all of it
     CallText call;
-    // What the parameters' variables hold afterwards: the text, and whether that is a counted string.
-    std::string parameters[2];
-    bool areCounted = true;
+    bool areCounted = true; // what the parameters' variables hold afterwards
 };
 
 struct EnumBegin {

@@ -73,9 +73,9 @@ constexpr CheckRow rows[] = {
     {Rule::L4,  checkSecondAttempt},
 
     {Rule::M1,  checkBeforeSession, Rule::M1}, // the first session of its process follows
+    {Rule::M4,  checkSecondEnd, Rule::M4},
     {Rule::M2,  checkAfterSession, Rule::M2},
     {Rule::M3,  checkSecondBeginning, Rule::M3},
-    {Rule::M4,  checkSecondEnd, Rule::M4},
     {Rule::M5,  checkDeadHandles, Rule::M5},
     {Rule::H4,  checkDeadHandleAnswers, Rule::M5},
     {Rule::M6,  checkDeadEnumerations, Rule::M6},

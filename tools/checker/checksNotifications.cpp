@@ -107,6 +107,8 @@ void checkMoreFlag(Bench& bench)
 
 void checkInitComplete(Bench& bench)
 {
+    if (bench.script().beginAnswer() == 0)
+        throw NotChecked{"RZInitialize answered 0 (see S1)"};
     const auto& heard = bench.script().heard();
     const auto count =
         std::count_if(heard.begin(), heard.end(), [](const Heard& one) { return isCommand(one, "RZ_INIT_COMPLETE"); });

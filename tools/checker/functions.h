@@ -23,9 +23,4 @@ struct FunctionRow {
 
 const FunctionRow& rowOf(Fn function) noexcept;
 
-constexpr bool isText(Fn function) noexcept
-{
-    return function == Fn::RZGetString || function == Fn::RZGetStringP1 || function == Fn::RZGetStringP2;
-}
-
 } // namespace velk::check

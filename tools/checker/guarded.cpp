@@ -103,10 +103,4 @@ std::string_view CountedBuffer::text() const noexcept
     return all.substr(0, all.find('\0'));
 }
 
-bool CountedBuffer::hasMoreBehindNul() const noexcept
-{
-    const std::string_view all(characters(), capacity());
-    return all.find_first_not_of('\0', text().size()) != std::string_view::npos;
-}
-
 } // namespace velk::check

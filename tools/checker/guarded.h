@@ -54,8 +54,6 @@ public:
     // Whether there is a NUL among its characters, and what stands before the first one, or all of it.
     bool hasNul() const noexcept;
     std::string_view text() const noexcept;
-    // Whether there is anything but NULs behind the first one.
-    bool hasMoreBehindNul() const noexcept;
 
 private:
     static constexpr size_t prefix = sizeof(uint32_t);

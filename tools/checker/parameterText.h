@@ -2,7 +2,6 @@
 
 #include "base/win32.h"
 
-#include <string>
 #include <string_view>
 
 namespace velk::check {
@@ -21,21 +20,20 @@ public:
 
     BSTR* variable() noexcept { return &m_text; }
 
-    // What it holds now. Says false where that is no counted string: its length leads to memory that is none, or to
-    // where no NUL is.
-    std::string text(bool& isCounted) noexcept
+    // Whether it holds a counted string now. What is none is forgotten: nobody can tell how to let go of it.
+    bool isCounted() noexcept
     {
         const auto* const bytes = reinterpret_cast<const char*>(m_text);
         if (!bytes)
-            return {};
-        const UINT length = IsBadReadPtr(bytes - sizeof(UINT), sizeof(UINT)) ? UINT{0} - 1 : SysStringByteLen(m_text);
+            return true; // an empty text
         constexpr UINT longest = 16 * 1024 * 1024;
-        if (length > longest || IsBadReadPtr(bytes, length + 1) || bytes[length] != '\0') {
-            isCounted = false;
-            m_text = nullptr; // nobody can tell how to free it
-            return {};
-        }
-        return {bytes, length};
+        UINT length = longest + 1;
+        if (!IsBadReadPtr(bytes - sizeof length, sizeof length))
+            length = SysStringByteLen(m_text);
+        const bool isText = length <= longest && !IsBadReadPtr(bytes, length + 1) && bytes[length] == '\0';
+        if (!isText)
+            m_text = nullptr;
+        return isText;
     }
 
 private:

@@ -6,6 +6,42 @@ namespace {
 constexpr wchar_t className[] = L"velkcheckReentry";
 constexpr UINT askAgain = WM_APP + 1;
 
+void select(Calls& calls, const HeardConnection& one)
+{
+    calls.plain(Fn::RZSetCurrentFolder, one.folders[0], folderKinds()[0].folder);
+}
+void refresh(Calls& calls, const HeardConnection& one)
+{
+    calls.plain(Fn::RZObjectDoAction, one.folders[0], actionRefresh);
+}
+void properties(Calls& calls, const HeardConnection& one)
+{
+    calls.plain(Fn::RZObjectDoAction, one.handle, actionProperties);
+}
+void hear(Calls& calls, const HeardConnection&)
+{
+    calls.next();
+}
+void text(Calls& calls, const HeardConnection&)
+{
+    constexpr int32_t anyText = 200;
+    calls.text(anyText);
+}
+void fetchConnection(Calls& calls, const HeardConnection& one)
+{
+    WireRecord record = fetchOfKind(kindConnection)->record();
+    calls.fill(Fn::RZConnectionGet, one.handle, record);
+}
+void enumerate(Calls& calls, const HeardConnection& one)
+{
+    const FolderKind& tables = folderKinds()[3];
+    const EnumBegin begun = calls.enumBegin(tables.begin, one.folders[3]);
+    calls.plain(tables.end, begun.enumeration);
+}
+
+using Outer = void (*)(Calls&, const HeardConnection&);
+constexpr Outer outers[] = {select, refresh, properties, hear, text, fetchConnection, enumerate};
+
 } // namespace
 
 Reentry::~Reentry()
@@ -68,53 +104,36 @@ void Reentry::happen()
     }
 }
 
+void Reentry::open(Inner inner)
+{
+    m_bench.library.beforeCall = nullptr;
+    Session& session = m_bench.opened();
+    if (session.connections().empty())
+        throw NotChecked{"the project has no connection"};
+    m_connection = session.connections().front();
+    m_inner = inner;
+    m_isEnded = false;
+    makeWindow();
+}
+
+void Reentry::settle()
+{
+    m_bench.library.beforeCall = nullptr;
+    DestroyWindow(m_window);
+    m_window = nullptr;
+    if (m_isEnded)
+        m_bench.forgetSession();
+}
+
 // Every kind of call, with the same thing inside of each.
 void Reentry::tryAll(Inner inner)
 {
-    const auto open = [&] {
-        m_bench.library.beforeCall = nullptr;
-        Session& session = m_bench.opened();
-        if (session.connections().empty())
-            throw NotChecked{"the project has no connection"};
-        m_connection = session.connections().front();
-        m_inner = inner;
-        m_isEnded = false;
-        makeWindow();
-    };
-    const auto settle = [&] {
-        m_bench.library.beforeCall = nullptr;
-        DestroyWindow(m_window);
-        m_window = nullptr;
-        if (m_isEnded)
-            m_bench.forgetSession();
-    };
-    using Outer = void (*)(Calls&, const HeardConnection&);
-    constexpr Outer outers[] = {
-        [](Calls& calls, const HeardConnection& one) { calls.plain(Fn::RZSetCurrentFolder, one.folders[0], 7); },
-        [](Calls& calls, const HeardConnection& one) {
-            calls.plain(Fn::RZObjectDoAction, one.folders[0], actionRefresh);
-        },
-        [](Calls& calls, const HeardConnection& one) {
-            calls.plain(Fn::RZObjectDoAction, one.handle, actionProperties);
-        },
-        [](Calls& calls, const HeardConnection&) { calls.next(); },
-        [](Calls& calls, const HeardConnection&) { calls.text(200); },
-        [](Calls& calls, const HeardConnection& one) {
-            WireRecord record = fetchOfKind(kindConnection)->record();
-            calls.fill(Fn::RZConnectionGet, one.handle, record);
-        },
-        [](Calls& calls, const HeardConnection& one) {
-            const EnumBegin begun = calls.enumBegin(folderKinds()[3].begin, one.folders[3]);
-            calls.plain(folderKinds()[3].end, begun.enumeration);
-        },
-    };
-    for (const Outer outer : outers) {
-        if (!m_bench.probe.step())
-            continue;
-        open();
-        outer(m_bench.calls, m_connection);
-        settle();
-    }
+    for (const Outer outer : outers)
+        if (m_bench.probe.step()) {
+            open(inner);
+            outer(m_bench.calls, m_connection);
+            settle();
+        }
 }
 
 bool Reentry::run()

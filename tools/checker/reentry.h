@@ -21,6 +21,8 @@ private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second) noexcept;
     void makeWindow();
     void happen();
+    void open(Inner inner);
+    void settle();
     void tryAll(Inner inner);
 
     Bench& m_bench;

@@ -84,13 +84,24 @@ private:
         auto& texts = message.texts;
         const auto rule = texts.empty() ? std::nullopt : ruleOf(texts[0]);
         if (message.kind == 'F' && rule && texts.size() == 5)
-            m_report.add({*rule, m_level, texts[1], texts[2], texts[3], texts[4]});
+            m_report.add({causeOf(*rule, texts[1]), m_level, texts[1], texts[2], texts[3], texts[4]});
         else if (message.kind == 'D' && rule && !m_report.isBroken(*rule))
             m_report[*rule] = {Outcome::holds, ""};
         else if (message.kind == 'N' && rule && texts.size() == 2 && !m_report.isBroken(*rule))
             m_report[*rule] = {Outcome::notChecked, texts[1]};
         else if (message.kind == 'T' && texts.size() == 3)
             m_report.addSlow({texts[0], texts[1], std::atoll(texts[2].c_str())});
+    }
+
+    // A function that ends right calls, too, is not blamed once more for misuse.
+    Rule causeOf(Rule rule, const std::string& call) const
+    {
+        if (rule != current().blamed)
+            return rule;
+        for (const Finding& one : m_report.findings)
+            if (one.call == call && (one.rule == Rule::F7 || one.rule == Rule::F8 || one.rule == Rule::F9))
+                return one.rule;
+        return rule;
     }
 
     // What ended the child counts for a rule; the next child goes on behind it.
@@ -100,7 +111,7 @@ private:
         const std::string call = m_pad->isInCall ? m_pad->call : "(between calls)";
         const std::string arguments = m_pad->isInCall ? m_pad->arguments : std::string("after ") + m_pad->call;
         const auto add = [&](Rule usual, const char* expected, const std::string& seen) {
-            m_report.add({row.blamed.value_or(usual), m_level, call, arguments, expected, seen});
+            m_report.add({causeOf(row.blamed.value_or(usual), call), m_level, call, arguments, expected, seen});
         };
         if (end.kind == ChildEnd::hung)
             add(Rule::F9, "the call comes back",

@@ -14,7 +14,8 @@ int32_t Session::begin(const std::string& projectFile)
     m_step = "beginning";
     m_isPromised = false;
     m_projectFile = projectFile;
-    return m_calls.initialize(projectFile);
+    m_beginAnswer = m_calls.initialize(projectFile);
+    return m_beginAnswer;
 }
 
 int32_t Session::end()

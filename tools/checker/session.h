@@ -54,6 +54,7 @@ public:
     const std::vector<std::string>& brokenPromises() const noexcept { return m_brokenPromises; }
     bool isEndless() const noexcept { return m_isEndless; }
     int32_t project() const noexcept { return m_known.handle(); }
+    int32_t beginAnswer() const noexcept { return m_beginAnswer; }
     int32_t openAnswer() const noexcept { return m_openAnswer; } // of the last opening of a project
     const std::vector<HeardConnection>& connections() const noexcept { return m_known.connections(); }
 
@@ -77,6 +78,7 @@ private:
     std::vector<std::string> m_brokenPromises;
     bool m_isPromised = false;
     KnownProject m_known;
+    int32_t m_beginAnswer = 0;
     int32_t m_openAnswer = 0;
     size_t m_withoutPause = 0;
     bool m_isEndless = false;

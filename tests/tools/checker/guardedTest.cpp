@@ -62,14 +62,6 @@ TEST(CountedBuffer, characters_standAtAMultipleOfFour)
     EXPECT_EQ(buffer.text(), "abc");
 }
 
-TEST(CountedBuffer, moreBehindTheNul_isSeen)
-{
-    const CountedBuffer buffer("text", size_t{8});
-    buffer.characters()[3] = 'x';
-    EXPECT_TRUE(buffer.hasMoreBehindNul());
-    EXPECT_EQ(buffer.text(), "");
-}
-
 TEST(GuardedBytes, pageBehind_isKnownByItsName)
 {
     const GuardedBytes bytes("the record", 32);

@@ -141,8 +141,11 @@ void DoctorWindow::fix()
         return look(true);
     // The system asks for the rights, and the doctor that gets them shows a window of its own.
     constexpr INT_PTR lastFailure = 32;
+    std::wstring arguments = L"--window --fix";
+    if (!m_options.addin.empty())
+        arguments += L" --dll \"" + m_options.addin + L"\"";
     const auto begun = reinterpret_cast<INT_PTR>(
-        ShellExecuteW(hwnd(), L"runas", module::path().c_str(), L"--window --fix", nullptr, SW_SHOWNORMAL));
+        ShellExecuteW(hwnd(), L"runas", module::path().c_str(), arguments.c_str(), nullptr, SW_SHOWNORMAL));
     if (begun > lastFailure)
         destroy();
 }

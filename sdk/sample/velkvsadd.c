@@ -123,7 +123,7 @@ typedef struct Note {
 } Note;
 
 static Note notes[mostNotes];
-static int next, count;      /* of those that wait */
+static int next, count; /* of those that wait */
 static long lastText = 900000;
 static long asked, filtered; /* folders: the one of the question that waits for its answer (P3), and of a Yes */
 
@@ -370,7 +370,8 @@ long RZ_CALL RZObjectDoAction(long handle, long action)
         return 0;
     if (thing->kind == RZ_KIND_CONNECTION && (action == RZ_ACTION_CONNECT || action == RZ_ACTION_DISCONNECT))
         change(handle, action == RZ_ACTION_CONNECT);
-    else if (action == RZ_ACTION_PROPERTIES || (IS_ROUTINE(thing) && action == RZ_ACTION_VIEW_SOURCE))
+    else if ((action == RZ_ACTION_PROPERTIES && !IS_FOLDER(thing)) ||
+             (action == RZ_ACTION_VIEW_SOURCE && IS_ROUTINE(thing)))
         describe(thing);
     else if (thing->kind == RZ_KIND_PROJECT && action == RZ_ACTION_REMOVE)
         closeProject();

@@ -83,6 +83,7 @@ void DetailsList::remove(int32_t handle)
         leave(place->top);
         place->selected.remove(handle);
     }
+    m_shown.leave(*row);
     m_rows.remove(handle);
 }
 

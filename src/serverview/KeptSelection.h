@@ -16,6 +16,7 @@ public:
     // Those of a list whose rows stand as the control shows them. Without memory for several there is none.
     KeptSelection(ListSelection& selection, const RowModel& rows) noexcept;
 
+    bool areSeveral() const noexcept { return !m_several.empty(); }
     // A row goes, and what may come with its handle is another object.
     void remove(int32_t handle) noexcept;
     // Selects the rows that are there in the list as it is now; several leave its focus to the caller.

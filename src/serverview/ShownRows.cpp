@@ -55,6 +55,15 @@ void ShownRows::leaveHiddenRows() noexcept
     place.top = shownInstead(m_rows, place.top);
 }
 
+void ShownRows::leave(const Row& row) noexcept
+{
+    if (m_unshown->isCleared || m_unshown->leftCount == m_unshown->left.size() ||
+        !m_unshown->place.selected.areSeveral())
+        return;
+    if (const std::optional<size_t> place = m_rows.placeOf(row))
+        m_unshown->left[m_unshown->leftCount++] = static_cast<int>(*place);
+}
+
 void ShownRows::draw(const Row& changed)
 {
     if (!m_unshown) {
@@ -91,11 +100,20 @@ void ShownRows::showRows(const Unshown& changes) noexcept
         const ListView::Redraw together(m_view);
         if (changes.isCleared)
             m_view.setRowCount(0);
+        showThatRowsLeft(changes);
         m_view.setRowCount(m_rows.size());
     }
     m_view.redraw();
     goTo(changes.place, changes.isCleared ? 0 : m_view.topRow());
     m_filter.tell();
+}
+
+// Whatever else happened to the rows: what the control has selected then is compared with what is to be.
+void ShownRows::showThatRowsLeft(const Unshown& changes) noexcept
+{
+    for (size_t number = 0; number < changes.leftCount; ++number)
+        swallow(L"ShownRows", L"the control is told each selected row",
+                [&] { m_selection.removeRow(changes.left[number]); });
 }
 
 int ShownRows::rowOf(const std::optional<int32_t>& handle) const noexcept

@@ -4,6 +4,7 @@
 #include "serverview/ListColumns.h"
 #include "serverview/ListFilter.h"
 
+#include <array>
 #include <climits>
 #include <optional>
 
@@ -32,6 +33,9 @@ public:
     Place beginAnew();
     // Where the user was on rows that a filter hides now, the next ones in sight are meant.
     void leaveHiddenRows() noexcept;
+    // Since the change began a row goes that has its place still. Is to be said for the sake of many selected rows,
+    // whose places the control can change by itself; costs nothing without several.
+    void leave(const Row& row) noexcept;
     // A row looks otherwise.
     void draw(const Row& changed);
     // Tells the control now.
@@ -52,14 +56,17 @@ private:
     struct Unshown {
         Place place{};
         bool areRowsOthers = false; // rows came, went or moved; otherwise some look otherwise
-        bool isCleared = false;     // all went before those that are there came
-        int top = 0;                // rows on screen
+        std::array<int, 8> left{};  // places of rows that went, each after those before it; more are too many
+        size_t leftCount = 0;
+        bool isCleared = false; // all went before those that are there came
+        int top = 0;            // rows on screen
         int bottom = -1;
         int firstStale = INT_MAX; // of those on screen
         int lastStale = -1;
     };
     Place placeOfUser() noexcept;
     void showRows(const Unshown& changes) noexcept;
+    void showThatRowsLeft(const Unshown& changes) noexcept;
     int rowOf(const std::optional<int32_t>& handle) const noexcept;
     void goTo(const Place& place, int otherwiseTop) noexcept;
 

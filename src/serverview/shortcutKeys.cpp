@@ -67,7 +67,8 @@ bool ShortcutKeys::translateKey(const MSG& message)
     if (focused == strip)
         return m_parts.filterStrip->useKey(message);
     // The keys by which both controls move must reach them also where a host has them as accelerators of its own.
-    const bool moves = message.message == WM_KEYDOWN && message.wParam >= VK_PRIOR && message.wParam <= VK_DOWN;
+    const bool isMove = message.wParam >= VK_PRIOR && message.wParam <= VK_DOWN;
+    const bool moves = focused != 0 && message.message == WM_KEYDOWN && isMove;
     if (moves) {
         TranslateMessage(&message);
         DispatchMessageW(&message);

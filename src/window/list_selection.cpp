@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <iterator>
 #include <numeric>
+#include <utility>
 
 namespace velk {
 namespace {
@@ -135,6 +136,18 @@ void ListSelection::change(const std::vector<int>& wanted)
     for (const int row : coming)
         add(row);
     m_several = wanted; // the list has told of all of that
+}
+
+void ListSelection::removeRow(int row)
+{
+    std::vector<int> several = std::exchange(m_several, {});
+    m_list.send(LVM_DELETEITEM, static_cast<WPARAM>(row));
+    auto below = std::ranges::lower_bound(several, row);
+    if (below != several.end() && *below == row)
+        below = several.erase(below);
+    for (; below != several.end(); ++below)
+        --*below;
+    m_several = std::move(several);
 }
 
 int ListSelection::anchor() const noexcept

@@ -33,6 +33,9 @@ public:
     void clear() const noexcept;
     // Selects those of the numbers, which come from above, and no others, with few messages.
     void change(const std::vector<int>& wanted);
+    // Takes a row out of the list. The others stay selected or not, although the numbers of those below it become less:
+    // the control moves them on as a whole, which is much less work than telling it each one.
+    void removeRow(int row);
 
     // The row from which Shift selects; -1 for none.
     int anchor() const noexcept;

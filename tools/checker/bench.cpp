@@ -31,16 +31,16 @@ void Bench::load()
         throw NotChecked{"the library does not load: " + reason};
 }
 
-Session& Bench::newSession()
+ScriptedSession& Bench::newSession()
 {
     load();
     endSession();
-    m_session = std::make_unique<Session>(probe, calls, patience());
+    m_session = std::make_unique<ScriptedSession>(probe, calls, patience());
     m_session->fetching.isWide = asked().level == rowOf(Rule::L1).level;
     return *m_session;
 }
 
-void Bench::beginScript(Session& session)
+void Bench::beginScript(ScriptedSession& session)
 {
     session.begin(projectFile());
     session.listen([](const Heard& one) { return isCommand(one, "RZ_INIT_COMPLETE"); });
@@ -49,11 +49,11 @@ void Bench::beginScript(Session& session)
         throw NotChecked{"no project was added (see N4)"};
 }
 
-Session& Bench::opened()
+ScriptedSession& Bench::opened()
 {
     if (m_session && m_session->project() != 0)
         return *m_session;
-    Session& session = newSession();
+    ScriptedSession& session = newSession();
     beginScript(session);
     for (size_t index = 0; index < session.connections().size(); ++index)
         if (!session.connections()[index].isConnected)
@@ -62,7 +62,7 @@ Session& Bench::opened()
     return session;
 }
 
-void Bench::walkFolders(Session& session)
+void Bench::walkFolders(ScriptedSession& session)
 {
     for (const HeardConnection& connection : std::vector(session.connections()))
         for (size_t index = 0; index < folderKindCount; ++index) {
@@ -75,7 +75,7 @@ void Bench::walkFolders(Session& session)
         }
 }
 
-void Bench::walkConnections(Session& session)
+void Bench::walkConnections(ScriptedSession& session)
 {
     for (const HeardConnection& connection : std::vector(session.connections())) {
         const std::string handle = std::to_string(connection.handle);
@@ -86,11 +86,11 @@ void Bench::walkConnections(Session& session)
     }
 }
 
-Session& Bench::script()
+ScriptedSession& Bench::script()
 {
     if (m_isScript)
         return *m_session;
-    Session& session = newSession();
+    ScriptedSession& session = newSession();
     m_isScript = true;
     try {
         beginScript(session);
@@ -117,7 +117,7 @@ Session& Bench::script()
     return session;
 }
 
-void Bench::askForTexts(Session& session)
+void Bench::askForTexts(ScriptedSession& session)
 {
     session.act(session.project(), actionProperties);
     for (const HeardConnection& connection : std::vector(session.connections())) {

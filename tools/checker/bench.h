@@ -1,7 +1,7 @@
 #pragma once
 
 #include "checker/counts.h"
-#include "checker/session.h"
+#include "checker/scriptedSession.h"
 
 #include <memory>
 #include <optional>
@@ -42,12 +42,12 @@ public:
     // The library is loaded, or the check ends.
     void load();
     // A new session, with the project open, its connections connected, and each folder read once.
-    Session& newSession();
-    Session& opened();
+    ScriptedSession& newSession();
+    ScriptedSession& opened();
     // The session of level 5, which opens, connects, selects, refreshes, asks for properties and closes.
-    Session& script();
+    ScriptedSession& script();
     // Everything that brings a text and only reads: properties, sources, client code, data-environment objects.
-    void askForTexts(Session& session);
+    void askForTexts(ScriptedSession& session);
     void endSession();
     void forgetSession(); // which was ended behind its back
     // Leads the sessions of level 9, once.
@@ -68,13 +68,13 @@ public:
     bool isCloseHeard() const noexcept { return m_isCloseHeard; }
 
 private:
-    void beginScript(Session& session);
-    void walkFolders(Session& session);
-    void walkConnections(Session& session);
+    void beginScript(ScriptedSession& session);
+    void walkFolders(ScriptedSession& session);
+    void walkConnections(ScriptedSession& session);
     void leadSession(size_t connections);
     static Counts settledCounts(const Counts* before);
 
-    std::unique_ptr<Session> m_session;
+    std::unique_ptr<ScriptedSession> m_session;
     bool m_isScript = false;
     size_t m_connectionCount = 0;
     std::optional<Growth> m_growth;

@@ -16,7 +16,7 @@ struct Folder {
     const FolderKind* kind;
 };
 
-bool isTold(const Session& session, int32_t folder)
+bool isTold(const ScriptedSession& session, int32_t folder)
 {
     const auto& heard = session.heard();
     return std::any_of(heard.begin(), heard.end(), [&](const Heard& one) {
@@ -233,7 +233,7 @@ void checkSameFetched(Bench& bench)
 
 void checkNoZeroHandle(Bench& bench)
 {
-    Session& session = bench.opened();
+    ScriptedSession& session = bench.opened();
     const auto check = [&](int32_t handle, const std::string& what) {
         if (handle == 0)
             bench.probe.found(Rule::H1, {what, ""}, "a handle that is not 0", "0");
@@ -250,7 +250,7 @@ void checkNoZeroHandle(Bench& bench)
 
 void checkHandlesDiffer(Bench& bench)
 {
-    Session& session = bench.opened();
+    ScriptedSession& session = bench.opened();
     std::map<int32_t, std::string> known;
     const auto add = [&](int32_t handle, const std::string& what) {
         const auto [place, isNew] = known.emplace(handle, what);
@@ -281,7 +281,7 @@ void checkHandlesDiffer(Bench& bench)
 void checkOwnHandle(Bench& bench)
 {
     constexpr size_t mostOfAFolder = 50;
-    Session& session = bench.opened();
+    ScriptedSession& session = bench.opened();
     const auto check = [&](const Fetch& fetch, int32_t handle) {
         WireRecord record = fetch.record();
         if (bench.calls.fill(fetch.function, handle, record) != 0 && record.number("lHdl") != handle)

@@ -22,7 +22,7 @@ struct Handles {
     }
 };
 
-Handles handlesOf(Session& session)
+Handles handlesOf(ScriptedSession& session)
 {
     Handles handles;
     handles.things.emplace_back(kindProject, session.project());
@@ -63,7 +63,7 @@ bool isProjectThere(Bench& bench, int32_t project)
 // The handles of a project that was closed, in a session that has another one open.
 Handles deadHandles(Bench& bench)
 {
-    Session& session = bench.opened();
+    ScriptedSession& session = bench.opened();
     const Handles dead = handlesOf(session);
     if (!session.close() || session.project() != 0)
         throw NotChecked{"the project was not closed (see N11)"};
@@ -124,7 +124,7 @@ void checkBeforeSession(Bench& bench)
 
 void checkAfterSession(Bench& bench)
 {
-    Session& session = bench.opened();
+    ScriptedSession& session = bench.opened();
     const std::vector<int32_t> handles = samples(handlesOf(session));
     bench.endSession();
     expectNothing(bench, Rule::M2, handles);
@@ -203,7 +203,7 @@ void checkDeadHandleAnswers(Bench& bench)
 
 void checkDeadEnumerations(Bench& bench)
 {
-    Session& session = bench.opened();
+    ScriptedSession& session = bench.opened();
     if (session.connections().empty())
         throw NotChecked{"the project has no connection"};
     constexpr size_t tables = 3;

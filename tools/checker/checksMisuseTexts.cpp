@@ -23,7 +23,7 @@ void expectSession(Bench& bench, Rule rule)
 }
 
 // Asks for something that asks in turn; a session that leaves questions alone.
-bool askQuestion(Session& session)
+bool askQuestion(ScriptedSession& session)
 {
     const auto isThere = [&] { return std::any_of(session.heard().begin(), session.heard().end(), isQuestion); };
     for (const HeardConnection& connection : std::vector(session.connections())) {
@@ -35,9 +35,9 @@ bool askQuestion(Session& session)
     return isThere();
 }
 
-Session& sessionWithQuestion(Bench& bench)
+ScriptedSession& sessionWithQuestion(Bench& bench)
 {
-    Session& session = bench.newSession();
+    ScriptedSession& session = bench.newSession();
     session.answersQuestions = false;
     session.begin(bench.projectFile());
     session.listen([](const Heard& one) { return isCommand(one, "RZ_INIT_COMPLETE"); });
@@ -66,7 +66,7 @@ void openBroken(Bench& bench, const std::string& folder, const std::string& file
 {
     if (!bench.probe.step())
         return;
-    Session& session = bench.newSession();
+    ScriptedSession& session = bench.newSession();
     session.begin(bench.projectFile());
     session.listen([](const Heard& one) { return isCommand(one, "RZ_INIT_COMPLETE"); });
     session.open(folder, file);
@@ -146,7 +146,7 @@ void checkUnknownCodes(Bench& bench)
 
 void checkUnknownActionAnswers(Bench& bench)
 {
-    Session& session = bench.opened();
+    ScriptedSession& session = bench.opened();
     const int32_t project = session.project();
     constexpr int32_t notForProjects[] = {-1, 0, 5, 6, 99, 1000, actionConnect, actionRefresh, actionFilter};
     for (const int32_t action : notForProjects)
@@ -165,7 +165,7 @@ void checkAnswerToNothing(Bench& bench)
     expectSession(bench, Rule::M10);
     bench.endSession();
     try {
-        Session& session = sessionWithQuestion(bench);
+        ScriptedSession& session = sessionWithQuestion(bench);
         for (int twice = 0; twice < 2; ++twice)
             if (bench.probe.step())
                 bench.calls.button("User response", answerCancel);
@@ -198,7 +198,7 @@ void checkBrokenProjects(Bench& bench)
 
 void checkQuestionIgnored(Bench& bench)
 {
-    Session& session = sessionWithQuestion(bench);
+    ScriptedSession& session = sessionWithQuestion(bench);
     bool isHeard = true;
     for (const HeardConnection& connection : std::vector(session.connections()))
         isHeard = session.select(connection.folders[1], folderKinds()[1].folder) && isHeard;

@@ -71,7 +71,7 @@ bool isOneOf(const std::string& text, std::initializer_list<const char*> words)
     return std::find(words.begin(), words.end(), text) != words.end();
 }
 
-void checkEnds(const Session& session)
+void checkEnds(const ScriptedSession& session)
 {
     if (session.isEndless())
         throw NotChecked{"the notifications have no end (see N13)"};
@@ -227,13 +227,13 @@ void checkQueueEnds(Bench& bench)
 void checkCleanBeginning(Bench& bench)
 {
     checkEnds(bench.script());
-    Session& first = bench.newSession();
+    ScriptedSession& first = bench.newSession();
     first.begin(bench.projectFile());
     first.listen([](const Heard& one) { return isCommand(one, "RZ_INIT_COMPLETE"); });
     first.open();
     for (const HeardConnection& connection : std::vector(first.connections())) // what comes of it is not waited for
         bench.calls.plain(Fn::RZSetCurrentFolder, connection.folders[0], kindFirstFolder);
-    Session& second = bench.newSession();
+    ScriptedSession& second = bench.newSession();
     second.begin(bench.projectFile());
     second.listen();
     checkEnds(second);

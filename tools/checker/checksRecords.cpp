@@ -15,7 +15,7 @@ constexpr size_t mostOfAFolder = 50; // objects that are fetched one by one
 template <class Look>
 void eachObject(Bench& bench, Look look)
 {
-    Session& session = bench.opened();
+    ScriptedSession& session = bench.opened();
     look(*fetchOfKind(kindProject), session.project());
     for (const HeardConnection& connection : std::vector(session.connections())) {
         look(*fetchOfKind(kindConnection), connection.handle);
@@ -32,7 +32,7 @@ void eachObject(Bench& bench, Look look)
 // What asked for more room, in the session of level 7, which asks for all texts that there are.
 std::vector<Heard> heardTexts(Bench& bench)
 {
-    Session& session = bench.opened();
+    ScriptedSession& session = bench.opened();
     const auto isText = [](const Heard& one) { return one.first.record && one.first.record->has("lTextSz"); };
     if (std::none_of(session.heard().begin(), session.heard().end(),
                      [&](const Heard& one) { return isText(one) && one.notify.type != typeText; }))

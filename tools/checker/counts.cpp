@@ -24,18 +24,36 @@ struct HandleTable {
     HandleRow rows[1];
 };
 
-// The table that the system shows a process: rows of 24 bytes, a type in byte 14 for those in use.
+// The table that Wine shows a process: rows of 24 bytes, a type in byte 14 for those in use.
 constexpr size_t gdiTableInPeb = 0x94;
 constexpr size_t gdiRows = 0x4000;
 struct GdiRow {
     unsigned char before[14], type, after[9];
 };
 
+FARPROC systemFunction(const wchar_t* library, const char* name) noexcept
+{
+    return GetProcAddress(GetModuleHandleW(library), name);
+}
+
+// Wine counts neither for a process; Windows does, and has other tables.
+bool isWine() noexcept
+{
+    return systemFunction(L"ntdll.dll", "wine_get_version") != nullptr;
+}
+
 size_t countKernelHandles()
 {
+    // Windows XP before its first service pack has no such function.
+    using Count = BOOL(WINAPI*)(HANDLE, DWORD*);
+    const auto counted =
+        reinterpret_cast<Count>(reinterpret_cast<void*>(systemFunction(L"kernel32.dll", "GetProcessHandleCount")));
+    DWORD handles = 0;
+    if (!isWine() && counted && counted(GetCurrentProcess(), &handles))
+        return handles;
     using Query = NTSTATUS(WINAPI*)(SYSTEM_INFORMATION_CLASS, void*, ULONG, ULONG*);
-    static const auto query = reinterpret_cast<Query>(
-        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "NtQuerySystemInformation")));
+    static const auto query =
+        reinterpret_cast<Query>(reinterpret_cast<void*>(systemFunction(L"ntdll.dll", "NtQuerySystemInformation")));
     static std::vector<unsigned char> room(1 << 20);
     while (query(allHandles, room.data(), static_cast<ULONG>(room.size()), nullptr) == lengthMismatch)
         room.resize(room.size() * 2);
@@ -48,7 +66,12 @@ size_t countKernelHandles()
 
 size_t countGdiObjects()
 {
-    const auto* const peb = static_cast<unsigned char*>(reinterpret_cast<void*>(__readfsdword(0x30)));
+    if (!isWine())
+        return GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+    using Peb = unsigned char*(WINAPI*)();
+    const auto current =
+        reinterpret_cast<Peb>(reinterpret_cast<void*>(systemFunction(L"ntdll.dll", "RtlGetCurrentPeb")));
+    const unsigned char* const peb = current();
     const auto* const rows = *reinterpret_cast<const GdiRow* const*>(peb + gdiTableInPeb);
     size_t count = 0;
     for (size_t row = 0; rows && row < gdiRows; ++row)

@@ -13,7 +13,7 @@ constexpr int warmUp = 10; // sessions in which a library makes what it keeps
 // One life of a session, which does not wait longer than for what it knows to come.
 void Bench::leadSession(size_t connections)
 {
-    Session& session = newSession();
+    ScriptedSession& session = newSession();
     session.fetching.isTwice = false;
     session.begin(projectFile());
     session.listen([](const Heard& one) { return isCommand(one, "RZ_INIT_COMPLETE"); });

@@ -107,7 +107,7 @@ void Reentry::happen()
 void Reentry::open(Inner inner)
 {
     m_bench.library.beforeCall = nullptr;
-    Session& session = m_bench.opened();
+    ScriptedSession& session = m_bench.opened();
     if (session.connections().empty())
         throw NotChecked{"the project has no connection"};
     m_connection = session.connections().front();

@@ -82,15 +82,21 @@ private:
     void take(PadMessage& message)
     {
         auto& texts = message.texts;
-        const auto rule = texts.empty() ? std::nullopt : ruleOf(texts[0]);
-        if (message.kind == 'F' && rule && texts.size() == 5)
-            m_report.add({causeOf(*rule, texts[1]), m_level, texts[1], texts[2], texts[3], texts[4]});
-        else if (message.kind == 'D' && rule && !m_report.isBroken(*rule))
-            m_report[*rule] = {Outcome::holds, ""};
-        else if (message.kind == 'N' && rule && texts.size() == 2 && !m_report.isBroken(*rule))
-            m_report[*rule] = {Outcome::notChecked, texts[1]};
-        else if (message.kind == 'T' && texts.size() == 3)
+        if (message.kind == 'T' && texts.size() == 3)
             m_report.addSlow({texts[0], texts[1], std::atoll(texts[2].c_str())});
+        else if (!texts.empty())
+            if (const auto rule = ruleOf(texts[0]))
+                takeOf(*rule, message.kind, texts);
+    }
+
+    void takeOf(Rule rule, char kind, const std::vector<std::string>& texts)
+    {
+        if (kind == 'F' && texts.size() == 5)
+            m_report.add({causeOf(rule, texts[1]), m_level, texts[1], texts[2], texts[3], texts[4]});
+        else if (kind == 'D' && !m_report.isBroken(rule))
+            m_report[rule] = {Outcome::holds, ""};
+        else if (kind == 'N' && texts.size() == 2 && !m_report.isBroken(rule))
+            m_report[rule] = {Outcome::notChecked, texts[1]};
     }
 
     // A function that ends right calls, too, is not blamed once more for misuse.

@@ -40,7 +40,7 @@ private:
     void save();
 
     Bench& m_bench;
-    Session* m_session = nullptr;
+    ScriptedSession* m_session = nullptr;
     uint32_t m_state;
 };
 

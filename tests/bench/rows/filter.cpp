@@ -1,40 +1,9 @@
 // One key in the filter strip, against painting the list once.
+#include "filteredScreen.h"
 #include "measure.h"
-#include "screen.h"
 
 namespace velk::bench {
 namespace {
-
-// Shown, filled, and with the strip open.
-class FilteredScreen {
-public:
-    explicit FilteredScreen(int32_t objects) : m_screen(objects)
-    {
-        m_screen.enterFolder();
-        m_screen.fill(objects);
-        m_screen.view().filterStrip().show();
-        m_edit = m_screen.view().filterStrip().stops().front();
-    }
-    // The strip's text before a key, with the list painted.
-    void write(const wchar_t* text) const
-    {
-        SetWindowTextW(m_edit, text);
-        SendMessageW(m_edit, EM_SETSEL, static_cast<WPARAM>(GetWindowTextLengthW(m_edit)),
-                     GetWindowTextLengthW(m_edit));
-        paint();
-    }
-    // Up to the painted list.
-    void press(wchar_t character) const
-    {
-        SendMessageW(m_edit, WM_CHAR, character, 0);
-        paint();
-    }
-    void paint() const { RedrawWindow(m_screen.list(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW); }
-
-private:
-    Screen m_screen;
-    HWND m_edit;
-};
 
 Outcome keyAfter(int32_t objects, const wchar_t* before, wchar_t key)
 {

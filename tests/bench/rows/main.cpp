@@ -10,8 +10,9 @@
 namespace velk::bench {
 namespace {
 
-constexpr std::span<const Row> (*rooms[])() = {recordRows, folderRows, keyRows,    stormRows, floodRows, orderRows,
-                                               filterRows, fitRows,    memoryRows, treeRows,  lifeRows,  shippedRows};
+constexpr std::span<const Row> (*rooms[])() = {recordRows, folderRows, keyRows,       stormRows, floodRows,
+                                               orderRows,  filterRows, selectionRows, fitRows,   memoryRows,
+                                               treeRows,   lifeRows,   shippedRows};
 
 Figure measured(const Row& row)
 {

@@ -54,6 +54,7 @@ std::span<const Row> stormRows();
 std::span<const Row> floodRows();
 std::span<const Row> orderRows();
 std::span<const Row> filterRows();
+std::span<const Row> selectionRows();
 std::span<const Row> fitRows();
 std::span<const Row> memoryRows();
 std::span<const Row> treeRows();

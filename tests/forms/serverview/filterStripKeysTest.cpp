@@ -130,11 +130,19 @@ TEST_P(FilterStripElsewhereTest, keyWhileAnotherWindowHasTheFocus_isLeftToTheIde
     EXPECT_FALSE(press(GetParam().key, GetParam().modifiers));
     EXPECT_EQ(GetFocus(), host);
     EXPECT_EQ(textOf(edit()), L"ra");
+    EXPECT_EQ(list().selectedCount(), 0u);
     EXPECT_EQ(backend.calls, Calls{});
 }
 INSTANTIATE_TEST_SUITE_P(Keys, FilterStripElsewhereTest,
                          testing::Values(Key{'F', {VK_CONTROL}}, Key{VK_ESCAPE, {}}, Key{VK_RETURN, {}}, Key{VK_F5, {}},
-                                         Key{VK_TAB, {}}, Key{VK_DELETE, {}}, Key{'A', {VK_CONTROL}}));
+                                         Key{VK_TAB, {}}, Key{VK_TAB, {VK_SHIFT}}, Key{VK_DOWN, {}}, Key{VK_LEFT, {}},
+                                         Key{VK_HOME, {VK_SHIFT}}, Key{VK_END, {}}, Key{VK_DELETE, {}},
+                                         Key{VK_BACK, {}}, Key{'R', {}}, Key{'7', {}}, Key{VK_SPACE, {}},
+                                         Key{VK_SPACE, {VK_CONTROL}}, Key{VK_SPACE, {VK_SHIFT}}, Key{'A', {VK_CONTROL}},
+                                         Key{'C', {VK_CONTROL}}, Key{'C', {VK_CONTROL, VK_SHIFT}},
+                                         Key{'V', {VK_CONTROL}}, Key{'X', {VK_CONTROL}}, Key{'Z', {VK_CONTROL}},
+                                         Key{VK_APPS, {}}, Key{VK_F10, {VK_SHIFT}}, Key{VK_F10, {VK_CONTROL, VK_SHIFT}},
+                                         Key{VK_APPS, {VK_CONTROL}}));
 
 } // namespace
 } // namespace velk

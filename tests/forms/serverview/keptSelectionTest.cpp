@@ -133,6 +133,47 @@ TEST_F(KeptSelectionTest, removedRows_leaveTheOthersSelected)
     EXPECT_EQ(cell(list().view().focusedRow(), 0), L"p4");
 }
 
+TEST_F(KeptSelectionTest, removalAboveManySelectedRows_tellsTheControlNoneOfThem)
+{
+    showRows(100);
+    list().setFilter(L"5");
+    press('A', {VK_CONTROL});
+    list().setFilter(L"");
+    ASSERT_EQ(selected().size(), 19u);
+    int told = 0;
+    list().view().watch().setWitness([&told](UINT message) { told += message == LVM_SETITEMSTATE ? 1 : 0; });
+    removeListRow(L"8", L"K101");
+    removeListRow(L"8", L"K105"); // selected
+    EXPECT_EQ(selected().size(), 18u);
+    EXPECT_LT(told, 5);
+    EXPECT_THAT(selected(), testing::IsSupersetOf({13, 23, 48, 57, 93}));
+    EXPECT_EQ(selectedNames().front(), L"p15");
+    EXPECT_EQ(selectedNames().back(), L"p95");
+}
+
+TEST_F(KeptSelectionTest, removalsAndAdditionsTogether_leaveTheSelectionToItsRows)
+{
+    showRows(9);
+    sortBy(0);
+    select({1, 4, 8});
+    removeListRow(L"8", L"K103");
+    addRow(300, L"p0a");
+    removeListRow(L"8", L"K101");
+    removeListRow(L"8", L"K100");
+    EXPECT_THAT(selectedNames(), ElementsAre(L"p4", L"p8"));
+    EXPECT_THAT(selected(), ElementsAre(2, 6));
+}
+
+TEST_F(KeptSelectionTest, moreRemovalsThanTheControlIsToldSingly_leaveTheSelectionToItsRows)
+{
+    showRows(30);
+    select({2, 12, 25});
+    for (int handle = 100; handle < 112; ++handle)
+        removeListRow(L"8", L"K" + std::to_wstring(handle));
+    EXPECT_THAT(selectedNames(), ElementsAre(L"p12", L"p25"));
+    EXPECT_THAT(selected(), ElementsAre(0, 13));
+}
+
 TEST_F(KeptSelectionTest, removedRowWhoseHandleComesBack_isNotSelected)
 {
     showRows(4);

@@ -124,6 +124,7 @@ TEST_P(KeyElsewhereTest, key_isLeftToTheWindowThatHasTheFocus)
     SetFocus(edit);
     EXPECT_FALSE(press(GetParam()));
     EXPECT_EQ(GetFocus(), edit);
+    EXPECT_EQ(list().selectedCount(), 1u);
     EXPECT_EQ(backend.calls, Calls{});
 }
 
@@ -133,10 +134,13 @@ TEST_P(KeyElsewhereTest, keyOfTheTree_isLeftToTheWindowThatHasTheFocus)
     backend.calls.clear();
     SetFocus(edit);
     EXPECT_FALSE(press(GetParam()));
+    EXPECT_EQ(tree().selected()->key, L"K10");
     EXPECT_EQ(backend.calls, Calls{});
 }
 
-INSTANTIATE_TEST_SUITE_P(Keys, KeyElsewhereTest, testing::Values(VK_TAB, VK_F5, VK_RETURN, VK_DELETE));
+INSTANTIATE_TEST_SUITE_P(Keys, KeyElsewhereTest,
+                         testing::Values(VK_TAB, VK_F5, VK_RETURN, VK_DELETE, VK_LEFT, VK_UP, VK_RIGHT, VK_DOWN,
+                                         VK_HOME, VK_END, VK_PRIOR, VK_NEXT, VK_SPACE, VK_ESCAPE, VK_APPS, 'P', '7'));
 
 struct ModifiedKey {
     int modifier;

@@ -1,4 +1,4 @@
-#include "checker/session.h"
+#include "checker/scriptedSession.h"
 
 #include "checker/texts.h"
 
@@ -7,9 +7,18 @@ namespace {
 
 constexpr unsigned long manyPatiences = 30;
 
+void waitLittle()
+{
+    MSG message{};
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
+        DispatchMessageW(&message);
+    constexpr DWORD little = 3; // milliseconds
+    Sleep(little);
+}
+
 } // namespace
 
-int32_t Session::begin(const std::string& projectFile)
+int32_t ScriptedSession::begin(const std::string& projectFile)
 {
     m_step = "beginning";
     m_isPromised = false;
@@ -18,21 +27,21 @@ int32_t Session::begin(const std::string& projectFile)
     return m_beginAnswer;
 }
 
-int32_t Session::end()
+int32_t ScriptedSession::end()
 {
     m_step = "end";
     m_known.clear();
     return m_calls.terminate();
 }
 
-void Session::open()
+void ScriptedSession::open()
 {
     const size_t backslash = m_projectFile.rfind('\\');
     open(backslash == std::string::npos ? "" : m_projectFile.substr(0, backslash),
          backslash == std::string::npos ? m_projectFile : m_projectFile.substr(backslash + 1));
 }
 
-void Session::open(const std::string& folder, const std::string& file)
+void ScriptedSession::open(const std::string& folder, const std::string& file)
 {
     m_step = "opening of the project";
     m_openAnswer = m_calls.access(folder, file, modeOpen);
@@ -41,7 +50,7 @@ void Session::open(const std::string& folder, const std::string& file)
     listen();
 }
 
-void Session::openQuickly(const std::function<bool()>& isEnough)
+void ScriptedSession::openQuickly(const std::function<bool()>& isEnough)
 {
     m_step = "opening of the project";
     const size_t backslash = m_projectFile.rfind('\\');
@@ -50,7 +59,7 @@ void Session::openQuickly(const std::function<bool()>& isEnough)
 }
 
 // The contents, or a text that says why they do not come.
-bool Session::listenForContents(int32_t folder)
+bool ScriptedSession::listenForContents(int32_t folder)
 {
     return listen([=](const Heard& one) {
         const bool isContents = one.notify.type == typeContents && one.notify.handle == folder;
@@ -59,14 +68,14 @@ bool Session::listenForContents(int32_t folder)
     });
 }
 
-bool Session::select(int32_t folder, int32_t kind)
+bool ScriptedSession::select(int32_t folder, int32_t kind)
 {
     m_step = "selection of folder " + std::to_string(folder);
     m_calls.plain(Fn::RZSetCurrentFolder, folder, kind);
     return listenForContents(folder);
 }
 
-bool Session::refresh(int32_t folder)
+bool ScriptedSession::refresh(int32_t folder)
 {
     m_step = "refreshing of folder " + std::to_string(folder);
     m_calls.plain(Fn::RZObjectDoAction, folder, actionRefresh);
@@ -74,7 +83,7 @@ bool Session::refresh(int32_t folder)
 }
 
 // Whether a connection opens or closes is the library's business; when it does, that is told.
-bool Session::switchConnection(int32_t connection, int32_t action)
+bool ScriptedSession::switchConnection(int32_t connection, int32_t action)
 {
     m_step =
         (action == actionConnect ? "opening of connection " : "closing of connection ") + std::to_string(connection);
@@ -87,13 +96,13 @@ bool Session::switchConnection(int32_t connection, int32_t action)
     return isHeard || wasConnected == isConnectedNow(connection);
 }
 
-bool Session::isConnectedNow(int32_t connection)
+bool ScriptedSession::isConnectedNow(int32_t connection)
 {
     WireRecord record = fetchOfKind(kindConnection)->record();
     return m_calls.fill(Fn::RZConnectionGet, connection, record) != 0 && record.flag("bConnected") != 0;
 }
 
-bool Session::close()
+bool ScriptedSession::close()
 {
     m_step = "closing of the project";
     const int32_t closed = project();
@@ -104,13 +113,13 @@ bool Session::close()
     });
 }
 
-int32_t Session::act(int32_t handle, int32_t action)
+int32_t ScriptedSession::act(int32_t handle, int32_t action)
 {
     m_step = "action " + std::to_string(action) + " of " + std::to_string(handle);
     return m_calls.plain(Fn::RZObjectDoAction, handle, action);
 }
 
-bool Session::listen(const std::function<bool(const Heard&)>& isEnough)
+bool ScriptedSession::listen(const std::function<bool(const Heard&)>& isEnough)
 {
     const DWORD began = GetTickCount();
     while (GetTickCount() - began < m_patience * manyPatiences && !m_isEndless)
@@ -121,7 +130,7 @@ bool Session::listen(const std::function<bool(const Heard&)>& isEnough)
     return false;
 }
 
-void Session::listen()
+void ScriptedSession::listen()
 {
     for (DWORD last = GetTickCount(); GetTickCount() - last < m_patience && !m_isEndless;)
         if (hearOne())
@@ -130,7 +139,7 @@ void Session::listen()
             waitLittle();
 }
 
-bool Session::hearOne()
+bool ScriptedSession::hearOne()
 {
     Heard heard;
     heard.step = m_step;
@@ -157,22 +166,13 @@ bool Session::hearOne()
     return true;
 }
 
-void Session::waitLittle()
-{
-    MSG message{};
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
-        DispatchMessageW(&message);
-    constexpr DWORD little = 3; // milliseconds
-    Sleep(little);
-}
-
-void Session::answerQuestion(const Heard& heard)
+void ScriptedSession::answerQuestion(const Heard& heard)
 {
     if (isQuestion(heard))
         m_calls.button("User response", harmlessAnswer(heard.last().record->text("strButtons")));
 }
 
-std::vector<RecordCopy> Session::enumerate(int32_t folder, int32_t kind)
+std::vector<RecordCopy> ScriptedSession::enumerate(int32_t folder, int32_t kind)
 {
     constexpr size_t most = 1'000'000;
     const FolderKind& of = folderKindOf(kind);

@@ -10,14 +10,15 @@ namespace velk::check {
 
 // A session as the add-in leads it: asks for notifications, fetches what they bring, and keeps what it learns of the
 // open project. What it hears is written down; the checks read that afterwards.
-class Session {
+class ScriptedSession {
 public:
     // Patience: how long nothing must come before it is thought that nothing will, in milliseconds.
-    Session(Probe& probe, Calls& calls, unsigned long patience) : m_probe(probe), m_calls(calls), m_patience(patience)
+    ScriptedSession(Probe& probe, Calls& calls, unsigned long patience)
+        : m_probe(probe), m_calls(calls), m_patience(patience)
     {
     }
-    Session(const Session&) = delete;
-    Session& operator=(const Session&) = delete;
+    ScriptedSession(const ScriptedSession&) = delete;
+    ScriptedSession& operator=(const ScriptedSession&) = delete;
 
     Calls& calls() noexcept { return m_calls; }
 
@@ -65,7 +66,6 @@ private:
     bool switchConnection(int32_t connection, int32_t action);
     bool isConnectedNow(int32_t connection);
     void answerQuestion(const Heard& heard);
-    void waitLittle();
 
     Probe& m_probe;
     Calls& m_calls;

@@ -122,7 +122,6 @@ void Bench::askForTexts(ScriptedSession& session)
     session.act(session.project(), actionProperties);
     for (const HeardConnection& connection : std::vector(session.connections())) {
         session.act(connection.handle, actionProperties);
-        session.setStep("client code of connection " + std::to_string(connection.handle));
         calls.getAdo(connection.handle, developmentLanguage, "", "");
         calls.connectionDe(connection.handle, "Project", "Environment", "Connection");
         for (size_t index = 0; index < folderKindCount; ++index) {

@@ -41,6 +41,15 @@ std::string placeText(const void* place)
     return (module ? toUtf8(path.substr(path.rfind(L'\\') + 1)) + "+" : std::string()) + hexadecimal(offset);
 }
 
+// A fault of the checker is none of the library's.
+bool isOwn(const void* place)
+{
+    HMODULE module = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                       static_cast<const wchar_t*>(place), &module);
+    return module == GetModuleHandleW(nullptr);
+}
+
 std::string exceptionText(const EXCEPTION_RECORD& raised)
 {
     std::string name = "exception " + hexadecimal(raised.ExceptionCode);
@@ -58,6 +67,10 @@ LONG WINAPI lastFilter(EXCEPTION_POINTERS* pointers) noexcept
 {
     const EXCEPTION_RECORD& raised = *pointers->ExceptionRecord;
     Probe& probe = *probeOfProcess;
+    if (!probe.pad()->isInCall && isOwn(raised.ExceptionAddress)) {
+        probe.pad().say({'N', {rowOf(probe.current()).number, "the checker failed: " + exceptionText(raised)}});
+        TerminateProcess(GetCurrentProcess(), childTold);
+    }
     if (!probe.pad()->isInCall)
         probe.lastCall = {"(between calls)", "after " + probe.lastCall.name};
     const bool isAccess = raised.ExceptionCode == EXCEPTION_ACCESS_VIOLATION && raised.NumberParameters > 1;

@@ -45,7 +45,6 @@ public:
     bool hearOne();
     std::vector<RecordCopy> enumerate(int32_t folder, int32_t kind);
 
-    void setStep(std::string step) { m_step = std::move(step); }
     Fetching fetching;
     bool answersQuestions = true;
 

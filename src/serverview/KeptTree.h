@@ -13,7 +13,7 @@ namespace velk {
 // as its nodes come, without more calls of the tool than the user's own clicks would make.
 class KeptTree {
 public:
-    explicit KeptTree(ViewParts& parts) noexcept : m_parts(parts) {}
+    explicit KeptTree(ViewParts& parts) : m_parts(parts) {}
 
     // Called when something is to be kept; and what that is.
     void setListener(std::function<void()> listener) { m_listener = std::move(listener); }

@@ -12,7 +12,7 @@ namespace velk {
 // changes, at most once a second, and at the end. What cannot be read or written is as if nothing had been kept.
 class ViewKeeper {
 public:
-    explicit ViewKeeper(ViewParts& parts) noexcept : m_parts(parts), m_tree(parts) {}
+    explicit ViewKeeper(ViewParts& parts) : m_parts(parts), m_tree(parts) {}
 
     // The owner's timer tells when to write; the panes are there.
     void begin(HWND owner, Splitter& splitter) noexcept;

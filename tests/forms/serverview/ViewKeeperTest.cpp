@@ -344,6 +344,13 @@ TEST_F(ViewKeeperTest, userWhoAskedForTheProjectsMenu_isLeftThere)
     EXPECT_EQ(selectedKey(), L"K1");
 }
 
+TEST_F(ViewKeeperTest, viewWithoutMemoryForItsKeeper_isNotMadeAndTheProcessGoesOn)
+{
+    ViewParts parts;
+    const test::OutOfMemory none;
+    EXPECT_THROW(ViewKeeper{parts}, std::bad_alloc);
+}
+
 TEST_F(ViewKeeperTest, writingWithoutMemory_isNotTheEndOfTheProcess)
 {
     begin();

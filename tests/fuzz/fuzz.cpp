@@ -112,7 +112,7 @@ void readsPrompt(const std::wstring& text)
         together.pop_back();
         demand(together == buttons && fields.size() <= 5);
         const PromptLook look = promptLook(buttons);
-        demand((look.style & ~(MB_TYPEMASK | MB_ICONMASK)) == 0);
+        demand((look.style & ~static_cast<unsigned>(MB_TYPEMASK | MB_ICONMASK)) == 0);
         demand(look.title == (fields.size() == 3 ? fields[2] : L""));
     } catch (const Error& error) {
         demand(error.number() == errorSubscript && std::count(buttons.begin(), buttons.end(), L'#') >= 5);

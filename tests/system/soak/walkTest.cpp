@@ -1,8 +1,8 @@
 // A user and a tool who do what they like, in turns, for a long time: after every step the list shows what the
 // notifications have told of the selected folder and nothing else.
 //
-// VELK_SOAK_EVENTS: how many steps (5,000); VELK_SEED: which walk (1). A walk that fails says both; with fewer steps it
-// is the beginning of the same walk.
+// VELK_SOAK_EVENTS: how many steps (60,000: a minute); VELK_SEED: which walk (1). A walk that fails says both; with
+// fewer steps it is the beginning of the same walk.
 #include "forms/serverview/viewFixture.h"
 #include "notify/notificationThreadFrm.h"
 #include "support/fakeManager.h"
@@ -198,7 +198,7 @@ protected:
 
 TEST_F(WalkTest, anyWalk_showsWhatTheNotificationsTold)
 {
-    const int events = numberFromOutside("VELK_SOAK_EVENTS", 5000);
+    const int events = numberFromOutside("VELK_SOAK_EVENTS", 60000);
     const int seed = numberFromOutside("VELK_SEED", 1);
     random.seed(static_cast<uint32_t>(seed));
     for (int event = 1; event <= events; ++event) {

@@ -7,13 +7,13 @@
 namespace velk {
 namespace {
 
-WNDPROC below = nullptr;
+WNDPROC treeProcedure = nullptr;
 int questions = 0;
 
 LRESULT CALLBACK counting(HWND to, UINT message, WPARAM wParam, LPARAM lParam)
 {
     questions += message == TVM_GETNEXTITEM;
-    return CallWindowProcW(below, to, message, wParam, lParam);
+    return CallWindowProcW(treeProcedure, to, message, wParam, lParam);
 }
 
 // A tree with a root and two nodes, whose questions about the selection are counted.
@@ -24,7 +24,7 @@ protected:
         tree.addRoot({L"K1", L"5", L"orders"});
         tree.add(L"K1", {L"K2", L"7", L"Procedures"});
         tree.add(L"K1", {L"K3", L"9", L"Functions"});
-        below = reinterpret_cast<WNDPROC>(
+        treeProcedure = reinterpret_cast<WNDPROC>(
             SetWindowLongPtrW(tree.hwnd(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&counting)));
         tree.select(L"K2");
         questions = 0;

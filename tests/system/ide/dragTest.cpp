@@ -6,7 +6,7 @@
 namespace velk {
 namespace {
 
-const std::string started = "open-solution $SAMPLE\\orders.sln\nclick Add-Ins/Rozel Development\n"
+const std::string viewStarted = "open-solution $SAMPLE\\orders.sln\nclick Add-Ins/Rozel Development\n"
                             "expect-node Orders/ORDERS/Views\nexpect-class velkviadd.splashscrnFrm absent\n"
                             "select-node Orders/ORDERS/Stored Procedures\nexpect-rows 4\n";
 const std::string gone = "unload velkviadd.Connect\nexpect-module velkviadd.dll unloaded\n";
@@ -25,13 +25,13 @@ protected:
 
 TEST_F(DragTest, rowDraggedToTheImmediateWindow_arrives)
 {
-    EXPECT_EQ(runShown(started + "drag place_order to immediate\nexpect-immediate sales.place_order\n" + gone), 0u);
+    EXPECT_EQ(runShown(viewStarted + "drag place_order to immediate\nexpect-immediate sales.place_order\n" + gone), 0u);
     EXPECT_THAT(drops(), testing::ElementsAre("Immediate dropped \"sales.place_order\""));
 }
 
 TEST_F(DragTest, severalRows_arriveInTheOrderShown)
 {
-    EXPECT_EQ(runShown(started +
+    EXPECT_EQ(runShown(viewStarted +
                        "select-node Orders/ORDERS/Tables\nexpect-rows 8\nexpect-row stock\n"
                        "drag stock|customers to immediate\nexpect-immediate main.customers, main.stock\n" +
                        gone),
@@ -41,7 +41,7 @@ TEST_F(DragTest, severalRows_arriveInTheOrderShown)
 
 TEST_F(DragTest, cancelledDrag_leavesNothing)
 {
-    EXPECT_EQ(runShown(started + "drag-and-cancel place_order to immediate\nexpect-rows 4\n" + gone), 0u);
+    EXPECT_EQ(runShown(viewStarted + "drag-and-cancel place_order to immediate\nexpect-rows 4\n" + gone), 0u);
     EXPECT_THAT(drops(), testing::IsEmpty());
 }
 
@@ -50,7 +50,7 @@ class UnkindDragTest : public DragTest, public testing::WithParamInterface<const
 
 TEST_P(UnkindDragTest, ideThatTakesTheViewAwayMeanwhile_getsNoText)
 {
-    EXPECT_EQ(runShown(started + "drag-and-let-go place_order to immediate\n" + gone,
+    EXPECT_EQ(runShown(viewStarted + "drag-and-let-go place_order to immediate\n" + gone,
                        std::wstring(L"--reentry ") + GetParam()),
               0u);
     EXPECT_THAT(drops(), testing::IsEmpty());
@@ -61,7 +61,7 @@ INSTANTIATE_TEST_SUITE_P(Places, UnkindDragTest,
 
 TEST_F(DragTest, addInThatIsUnloadedInsideTheDrop_hasDeliveredItsText)
 {
-    EXPECT_EQ(runShown(started + "drag place_order to immediate\n" + gone, L"--reentry Immediate.Drop#1=disconnect"),
+    EXPECT_EQ(runShown(viewStarted + "drag place_order to immediate\n" + gone, L"--reentry Immediate.Drop#1=disconnect"),
               0u);
     const std::vector<std::string> lines = ideJournal();
     const auto end = std::find(lines.begin(), lines.end(), "-- OnDisconnection");
@@ -71,7 +71,7 @@ TEST_F(DragTest, addInThatIsUnloadedInsideTheDrop_hasDeliveredItsText)
 TEST_F(DragTest, ideThatPumpsInsideItsCalls_getsTheText)
 {
     EXPECT_EQ(
-        runShown("expect-journal click connected\n" + started + "drag place_order to immediate\n" + gone, L"--pump"),
+        runShown("expect-journal click connected\n" + viewStarted + "drag place_order to immediate\n" + gone, L"--pump"),
         0u);
     EXPECT_THAT(drops(), testing::SizeIs(1));
 }
@@ -79,7 +79,7 @@ TEST_F(DragTest, ideThatPumpsInsideItsCalls_getsTheText)
 TEST_F(DragTest, ideThatEndsDuringTheDrag_ends)
 {
     EXPECT_EQ(
-        runShown(started + "drag-and-let-go place_order to immediate\n", L"--reentry Immediate.DragOver#1=close-ide"),
+        runShown(viewStarted + "drag-and-let-go place_order to immediate\n", L"--reentry Immediate.DragOver#1=close-ide"),
         0u);
 }
 

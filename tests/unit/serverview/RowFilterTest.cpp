@@ -12,7 +12,7 @@ using test::Handles;
 using test::row;
 using test::Texts;
 
-const Texts headers = {L"Name", L"Schema", L"SQL Package", L"Comment"};
+const Texts columnHeaders = {L"Name", L"Schema", L"SQL Package", L"Comment"};
 
 struct Written {
     const wchar_t* filter;
@@ -22,7 +22,7 @@ class RowFilterTest : public testing::TestWithParam<Written> {
 protected:
     Handles matchesOf(const std::wstring& text)
     {
-        const RowFilter filter(text, headers);
+        const RowFilter filter(text, columnHeaders);
         Handles handles;
         for (const Row::Owner& each : rows)
             if (filter.matches(*each))
@@ -87,9 +87,9 @@ TEST_F(RowFilterTest, capitalsOfAllLanguages_areAlike)
 TEST_F(RowFilterTest, columnThatARowHasNoCellFor_isEmpty)
 {
     const Row::Owner lonely = row(1, {L"name"});
-    EXPECT_FALSE(RowFilter(L"comment:n", headers).matches(*lonely));
-    EXPECT_TRUE(RowFilter(L"-comment:n", headers).matches(*lonely));
-    EXPECT_FALSE(RowFilter(L"n", headers).matches(*row(2, {})));
+    EXPECT_FALSE(RowFilter(L"comment:n", columnHeaders).matches(*lonely));
+    EXPECT_TRUE(RowFilter(L"-comment:n", columnHeaders).matches(*lonely));
+    EXPECT_FALSE(RowFilter(L"n", columnHeaders).matches(*row(2, {})));
 }
 
 TEST_F(RowFilterTest, textsWithNulsAndOfAnyLength_areLookedThrough)
@@ -107,7 +107,7 @@ TEST_F(RowFilterTest, emptyHeader_isNoColumns)
 
 bool isWithin(const wchar_t* text, const wchar_t* other)
 {
-    return RowFilter(text, headers).isWithin(RowFilter(other, headers));
+    return RowFilter(text, columnHeaders).isWithin(RowFilter(other, columnHeaders));
 }
 
 TEST(RowFilterWithinTest, writingOn_looksForLess)
@@ -177,7 +177,7 @@ struct Reference {
         std::wstring text;
         for (const Want& want : wants)
             text += std::wstring(want.isExcluded ? L" -" : L" ") +
-                    (want.column < 0 ? L"" : L"\"" + headers[static_cast<size_t>(want.column)] + L"\":") + L"\"" +
+                    (want.column < 0 ? L"" : L"\"" + columnHeaders[static_cast<size_t>(want.column)] + L"\":") + L"\"" +
                     want.word + L"\"";
         return text;
     }
@@ -222,7 +222,7 @@ TEST_P(RowFilterRandomTest, randomFilters_matchWhatTheSlowestWayMatches)
     RandomFilters random(GetParam());
     for (int round = 0; round < 300; ++round) {
         const Reference reference = random.filter();
-        const RowFilter filter(reference.written(), headers);
+        const RowFilter filter(reference.written(), columnHeaders);
         const Texts cells = random.cells();
         ASSERT_EQ(filter.matches(*row(1, cells)), reference.matches(cells)) << round;
     }
@@ -233,8 +233,8 @@ TEST_P(RowFilterRandomTest, whatIsWithinAnother_letsNothingMoreThrough)
     RandomFilters random(GetParam());
     int within = 0;
     for (int round = 0; round < 300; ++round) {
-        const RowFilter one(random.filter().written(), headers);
-        const RowFilter other(random.filter().written(), headers);
+        const RowFilter one(random.filter().written(), columnHeaders);
+        const RowFilter other(random.filter().written(), columnHeaders);
         const Row::Owner any = row(1, random.cells());
         within += one.isWithin(other);
         ASSERT_TRUE(!one.isWithin(other) || !one.matches(*any) || other.matches(*any)) << round;

@@ -4,7 +4,7 @@
 namespace velk::test {
 namespace {
 
-constexpr wchar_t sourceSafe[] = L"Software\\Microsoft\\SourceSafe";
+constexpr wchar_t sourceSafeKey[] = L"Software\\Microsoft\\SourceSafe";
 constexpr wchar_t databases[] = L"Software\\Microsoft\\SourceSafe\\Databases";
 constexpr wchar_t drivers[] = L"Software\\ODBC\\ODBCINST.INI\\ODBC Drivers";
 constexpr wchar_t driver[] = L"Software\\ODBC\\ODBCINST.INI\\A Driver";
@@ -14,7 +14,7 @@ class DoctorAround : public DoctorTest {
 protected:
     static void installSourceSafe(const std::wstring& server)
     {
-        setText(HKEY_LOCAL_MACHINE, sourceSafe, L"SCCServerPath", server);
+        setText(HKEY_LOCAL_MACHINE, sourceSafeKey, L"SCCServerPath", server);
     }
     static void installDriver() { setText(HKEY_LOCAL_MACHINE, drivers, L"A Driver", L"Installed"); }
     static std::wstring log() { return base() + L"\\add-in.log"; }

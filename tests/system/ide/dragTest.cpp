@@ -7,8 +7,8 @@ namespace velk {
 namespace {
 
 const std::string viewStarted = "open-solution $SAMPLE\\orders.sln\nclick Add-Ins/Rozel Development\n"
-                            "expect-node Orders/ORDERS/Views\nexpect-class velkviadd.splashscrnFrm absent\n"
-                            "select-node Orders/ORDERS/Stored Procedures\nexpect-rows 4\n";
+                                "expect-node Orders/ORDERS/Views\nexpect-class velkviadd.splashscrnFrm absent\n"
+                                "select-node Orders/ORDERS/Stored Procedures\nexpect-rows 4\n";
 const std::string gone = "unload velkviadd.Connect\nexpect-module velkviadd.dll unloaded\n";
 
 class DragTest : public test::IdeRun {
@@ -61,8 +61,8 @@ INSTANTIATE_TEST_SUITE_P(Places, UnkindDragTest,
 
 TEST_F(DragTest, addInThatIsUnloadedInsideTheDrop_hasDeliveredItsText)
 {
-    EXPECT_EQ(runShown(viewStarted + "drag place_order to immediate\n" + gone, L"--reentry Immediate.Drop#1=disconnect"),
-              0u);
+    EXPECT_EQ(
+        runShown(viewStarted + "drag place_order to immediate\n" + gone, L"--reentry Immediate.Drop#1=disconnect"), 0u);
     const std::vector<std::string> lines = ideJournal();
     const auto end = std::find(lines.begin(), lines.end(), "-- OnDisconnection");
     EXPECT_NE(std::find(end, lines.end(), "Immediate dropped \"sales.place_order\""), lines.end());
@@ -70,17 +70,17 @@ TEST_F(DragTest, addInThatIsUnloadedInsideTheDrop_hasDeliveredItsText)
 
 TEST_F(DragTest, ideThatPumpsInsideItsCalls_getsTheText)
 {
-    EXPECT_EQ(
-        runShown("expect-journal click connected\n" + viewStarted + "drag place_order to immediate\n" + gone, L"--pump"),
-        0u);
+    EXPECT_EQ(runShown("expect-journal click connected\n" + viewStarted + "drag place_order to immediate\n" + gone,
+                       L"--pump"),
+              0u);
     EXPECT_THAT(drops(), testing::SizeIs(1));
 }
 
 TEST_F(DragTest, ideThatEndsDuringTheDrag_ends)
 {
-    EXPECT_EQ(
-        runShown(viewStarted + "drag-and-let-go place_order to immediate\n", L"--reentry Immediate.DragOver#1=close-ide"),
-        0u);
+    EXPECT_EQ(runShown(viewStarted + "drag-and-let-go place_order to immediate\n",
+                       L"--reentry Immediate.DragOver#1=close-ide"),
+              0u);
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 // What the compiler's run-time library keeps of the exceptions of a thread. Its own functions make it when a thread
 // throws for the first time, of memory that may be just what is missing then, and end the process without it. Those of
 // the same names here are linked in their place.
-// Tested in tests/system/faults/faultsTest.cpp.
+// Tested in tests/unit/addin/entry/exceptionStateTest.cpp, and without memory in tests/system/faults/faultsTest.cpp.
 #include "base/unique_any.h"
 
 #include <array>

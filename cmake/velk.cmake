@@ -124,7 +124,7 @@ function(velk_tests name)
     target_precompile_headers(${name} REUSE_FROM velk_test_support)
     velk_for_caches(${name})
     # Most of what compiling a test takes is GoogleTest's templates, made once for the sources of one unit.
-    set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 5)
+    set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
     target_link_libraries(${name} PRIVATE velk_several_at_a_time)
   endif()
   add_test(NAME ${name} COMMAND ${CMAKE_SOURCE_DIR}/scripts/wine-test $<TARGET_FILE:${name}>)

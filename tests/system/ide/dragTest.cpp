@@ -9,7 +9,7 @@ namespace {
 const std::string viewStarted = "open-solution $SAMPLE\\orders.sln\nclick Add-Ins/Rozel Development\n"
                                 "expect-node Orders/ORDERS/Views\nexpect-class velkviadd.splashscrnFrm absent\n"
                                 "select-node Orders/ORDERS/Stored Procedures\nexpect-rows 4\n";
-const std::string gone = "unload velkviadd.Connect\nexpect-module velkviadd.dll unloaded\n";
+const std::string addinGone = "unload velkviadd.Connect\nexpect-module velkviadd.dll unloaded\n";
 
 class DragTest : public test::IdeRun {
 protected:
@@ -25,7 +25,8 @@ protected:
 
 TEST_F(DragTest, rowDraggedToTheImmediateWindow_arrives)
 {
-    EXPECT_EQ(runShown(viewStarted + "drag place_order to immediate\nexpect-immediate sales.place_order\n" + gone), 0u);
+    EXPECT_EQ(runShown(viewStarted + "drag place_order to immediate\nexpect-immediate sales.place_order\n" + addinGone),
+              0u);
     EXPECT_THAT(drops(), testing::ElementsAre("Immediate dropped \"sales.place_order\""));
 }
 
@@ -34,14 +35,14 @@ TEST_F(DragTest, severalRows_arriveInTheOrderShown)
     EXPECT_EQ(runShown(viewStarted +
                        "select-node Orders/ORDERS/Tables\nexpect-rows 8\nexpect-row stock\n"
                        "drag stock|customers to immediate\nexpect-immediate main.customers, main.stock\n" +
-                       gone),
+                       addinGone),
               0u);
     EXPECT_THAT(drops(), testing::ElementsAre("Immediate dropped \"main.customers, main.stock\""));
 }
 
 TEST_F(DragTest, cancelledDrag_leavesNothing)
 {
-    EXPECT_EQ(runShown(viewStarted + "drag-and-cancel place_order to immediate\nexpect-rows 4\n" + gone), 0u);
+    EXPECT_EQ(runShown(viewStarted + "drag-and-cancel place_order to immediate\nexpect-rows 4\n" + addinGone), 0u);
     EXPECT_THAT(drops(), testing::IsEmpty());
 }
 
@@ -50,7 +51,7 @@ class UnkindDragTest : public DragTest, public testing::WithParamInterface<const
 
 TEST_P(UnkindDragTest, ideThatTakesTheViewAwayMeanwhile_getsNoText)
 {
-    EXPECT_EQ(runShown(viewStarted + "drag-and-let-go place_order to immediate\n" + gone,
+    EXPECT_EQ(runShown(viewStarted + "drag-and-let-go place_order to immediate\n" + addinGone,
                        std::wstring(L"--reentry ") + GetParam()),
               0u);
     EXPECT_THAT(drops(), testing::IsEmpty());
@@ -62,7 +63,8 @@ INSTANTIATE_TEST_SUITE_P(Places, UnkindDragTest,
 TEST_F(DragTest, addInThatIsUnloadedInsideTheDrop_hasDeliveredItsText)
 {
     EXPECT_EQ(
-        runShown(viewStarted + "drag place_order to immediate\n" + gone, L"--reentry Immediate.Drop#1=disconnect"), 0u);
+        runShown(viewStarted + "drag place_order to immediate\n" + addinGone, L"--reentry Immediate.Drop#1=disconnect"),
+        0u);
     const std::vector<std::string> lines = ideJournal();
     const auto end = std::find(lines.begin(), lines.end(), "-- OnDisconnection");
     EXPECT_NE(std::find(end, lines.end(), "Immediate dropped \"sales.place_order\""), lines.end());
@@ -70,7 +72,7 @@ TEST_F(DragTest, addInThatIsUnloadedInsideTheDrop_hasDeliveredItsText)
 
 TEST_F(DragTest, ideThatPumpsInsideItsCalls_getsTheText)
 {
-    EXPECT_EQ(runShown("expect-journal click connected\n" + viewStarted + "drag place_order to immediate\n" + gone,
+    EXPECT_EQ(runShown("expect-journal click connected\n" + viewStarted + "drag place_order to immediate\n" + addinGone,
                        L"--pump"),
               0u);
     EXPECT_THAT(drops(), testing::SizeIs(1));

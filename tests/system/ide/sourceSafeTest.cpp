@@ -11,9 +11,10 @@ using testing::HasSubstr;
 using testing::Not;
 
 constexpr wchar_t databasesKey[] = L"Software\\Microsoft\\SourceSafe\\Databases";
-constexpr const char* start = "open-solution $SAMPLE\\orders.sln\nclick Add-Ins/#1\nexpect-node Orders/ORDERS/Views\n";
+constexpr const char* solutionOpened =
+    "open-solution $SAMPLE\\orders.sln\nclick Add-Ins/#1\nexpect-node Orders/ORDERS/Views\n";
 constexpr const char* toLogin = "right-click-node Orders\nchoose-menu Add Project to Visual SourceSafe\n";
-constexpr const char* gone = "expect-module velkviadd.dll unloaded\nexpect-module ssapi.dll unloaded\n";
+constexpr const char* bothGone = "expect-module velkviadd.dll unloaded\nexpect-module ssapi.dll unloaded\n";
 
 class SourceSafeTest : public test::IdeRun {
 protected:
@@ -48,11 +49,11 @@ TEST_F(SourceSafeTest, guidedTour_holdsAtEveryStep)
 
 TEST_F(SourceSafeTest, noDatabaseRegistered_saysSoBeforeTheLogin)
 {
-    EXPECT_EQ(runShown(std::string(start) + toLogin +
+    EXPECT_EQ(runShown(std::string(solutionOpened) + toLogin +
                        "expect-message No Visual SourceSafe database is registered.\nanswer ok\n"
                        "expect-message Visual SourceSafe Login\nanswer escape\nexpect-no-message\n"
                        "unload velkviadd.Connect\n" +
-                       gone),
+                       bothGone),
               0u);
     expectNoBreach();
 }
@@ -60,10 +61,10 @@ TEST_F(SourceSafeTest, noDatabaseRegistered_saysSoBeforeTheLogin)
 TEST_F(SourceSafeTest, cancelledLogin_addsNothing)
 {
     registerDatabase();
-    EXPECT_EQ(runShown(std::string(start) + toLogin +
+    EXPECT_EQ(runShown(std::string(solutionOpened) + toLogin +
                        "expect-message Visual SourceSafe Login\nfill 1 ann\nfill 2 secret\nanswer-quickly Login\n"
                        "fill 4 Orders\nanswer Cancel\nexpect-no-message\nunload velkviadd.Connect\n" +
-                       gone),
+                       bothGone),
               0u);
     EXPECT_FALSE(hasAddedFile());
     expectNoBreach();
@@ -71,10 +72,10 @@ TEST_F(SourceSafeTest, cancelledLogin_addsNothing)
 
 TEST_F(SourceSafeTest, unloadingUnderTheBoxBeforeTheLogin_opensNoLogin)
 {
-    EXPECT_EQ(runShown(std::string(start) + toLogin +
+    EXPECT_EQ(runShown(std::string(solutionOpened) + toLogin +
                        "expect-message No Visual SourceSafe database is registered.\nunload velkviadd.Connect\n"
                        "answer ok\nwait 300\nexpect-no-message\n" +
-                       gone),
+                       bothGone),
               0u);
     expectNoBreach();
 }
@@ -82,10 +83,10 @@ TEST_F(SourceSafeTest, unloadingUnderTheBoxBeforeTheLogin_opensNoLogin)
 TEST_F(SourceSafeTest, unloadingUnderTheLogin_closesItAndAddsNothing)
 {
     registerDatabase();
-    EXPECT_EQ(runShown(std::string(start) + toLogin +
+    EXPECT_EQ(runShown(std::string(solutionOpened) + toLogin +
                        "expect-message Visual SourceSafe Login\nfill 1 ann\nfill 2 secret\nanswer-quickly Login\n"
                        "unload velkviadd.Connect\nexpect-no-message\n" +
-                       gone),
+                       bothGone),
               0u);
     EXPECT_FALSE(hasAddedFile());
     expectNoBreach();
@@ -94,10 +95,10 @@ TEST_F(SourceSafeTest, unloadingUnderTheLogin_closesItAndAddsNothing)
 TEST_F(SourceSafeTest, unloadingUnderTheBoxOfAFailedLogin_isClean)
 {
     registerDatabase();
-    EXPECT_EQ(runShown(std::string(start) + toLogin +
+    EXPECT_EQ(runShown(std::string(solutionOpened) + toLogin +
                        "expect-message Visual SourceSafe Login\nfill 1 ann\nfill 2 wrong\nanswer Login\n"
                        "expect-message password\nunload velkviadd.Connect\nanswer ok\nexpect-no-message\n" +
-                       gone),
+                       bothGone),
               0u);
     expectNoBreach();
 }

@@ -4,7 +4,7 @@
 namespace velk::test {
 namespace {
 
-const std::wstring uninstall = L"Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\velkviadd";
+const std::wstring uninstallKey = L"Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\velkviadd";
 
 TEST_F(DoctorTest, healthyMachine_hasNoComplaint)
 {
@@ -46,7 +46,7 @@ TEST_F(DoctorTest, otherLibraryUnderTheAddinsName_isTold)
 {
     putFile(library(), addin());
     ship();
-    setText(HKEY_LOCAL_MACHINE, uninstall, L"DisplayVersion", L"");
+    setText(HKEY_LOCAL_MACHINE, uninstallKey, L"DisplayVersion", L"");
     const Diagnosis diagnosis = diagnose();
     EXPECT_EQ(diagnosis.lines.at("addin-bits").state, "WRONG");
 }
@@ -106,13 +106,13 @@ TEST_F(DoctorTest, installationOfAnotherVersion_isTold)
 
 TEST_F(DoctorTest, installationThatIsDamaged_isTold)
 {
-    setNumber(HKEY_LOCAL_MACHINE, uninstall, L"DisplayVersion", 1);
+    setNumber(HKEY_LOCAL_MACHINE, uninstallKey, L"DisplayVersion", 1);
     EXPECT_THAT(diagnose(), ComplainsOnlyOf("installed"));
 }
 
 TEST_F(DoctorTest, addinPutThereByHand_isNoComplaint)
 {
-    remove(HKEY_LOCAL_MACHINE, uninstall);
+    remove(HKEY_LOCAL_MACHINE, uninstallKey);
     DeleteFileW((folder() + L"\\velkviadd.sha256").c_str());
     EXPECT_THAT(diagnose(), IsHealthy());
 }

@@ -29,6 +29,7 @@ MessageWatch::~MessageWatch()
 
 void MessageWatch::end() noexcept
 {
+    m_life->watch = nullptr;
     const HWND window = std::exchange(m_window, nullptr);
     if (!window)
         return;
@@ -42,14 +43,12 @@ void MessageWatch::end() noexcept
     module::lock();
 }
 
-std::optional<LRESULT> MessageWatch::filtered(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept
+std::optional<LRESULT> MessageWatch::filtered(UINT message, WPARAM wParam, LPARAM lParam) const noexcept
 {
-    const LONG_PTR data = GetWindowLongPtrW(window, GWLP_USERDATA);
-    const auto* const watch = reinterpret_cast<const MessageWatch*>(data);
     std::optional<LRESULT> answer;
-    if (data != 0 && data != reinterpret_cast<LONG_PTR>(&ownerless) && watch->m_filter)
+    if (m_filter)
         swallow(L"message watch", L"the window answers its message then",
-                [&] { answer = watch->m_filter(message, wParam, lParam); });
+                [&] { answer = m_filter(message, wParam, lParam); });
     return answer;
 }
 
@@ -60,13 +59,15 @@ LRESULT CALLBACK MessageWatch::procedure(HWND window, UINT message, WPARAM wPara
     const bool isOwnerless = data == reinterpret_cast<LONG_PTR>(&ownerless);
     auto* const watch = isOwnerless ? nullptr : reinterpret_cast<MessageWatch*>(data);
     const WNDPROC own = watch ? watch->m_procedure : std::bit_cast<WNDPROC>(GetClassLongPtrW(window, GCLP_WNDPROC));
-    const std::shared_ptr<int> depth = watch ? watch->m_depth : nullptr;
+    const std::shared_ptr<Life> life = watch ? watch->m_life : nullptr;
     if (message == WM_NCDESTROY) {
         SetWindowLongPtrW(window, GWLP_USERDATA, 0);
         if (isOwnerless)
             module::unlock();
-        if (watch)
+        if (watch) {
             watch->m_window = nullptr;
+            life->watch = nullptr;
+        }
     } else if (watch && message != WM_DESTROY) {
         swallow(L"message watch", L"the window gets its message all the same", [&] {
             // The messages that they send may end the watch.
@@ -74,18 +75,19 @@ LRESULT CALLBACK MessageWatch::procedure(HWND window, UINT message, WPARAM wPara
             const std::function<void(UINT)> witness = watch->m_witness;
             if (listener)
                 listener();
-            if (witness && GetWindowLongPtrW(window, GWLP_USERDATA) == data)
+            if (witness && life->watch)
                 witness(message);
         });
     }
     // What the listener did may have ended the watch.
-    if (const std::optional<LRESULT> answer = filtered(window, message, wParam, lParam))
-        return *answer;
-    if (depth)
-        ++*depth;
+    if (life && life->watch)
+        if (const std::optional<LRESULT> answer = life->watch->filtered(message, wParam, lParam))
+            return *answer;
+    if (life)
+        ++life->depth;
     const scope_exit done([&] {
-        if (depth)
-            --*depth;
+        if (life)
+            --life->depth;
     });
     return CallWindowProcW(own, window, message, wParam, lParam);
 }

@@ -26,16 +26,21 @@ public:
     // The same with the message itself, which is the listener's first: what it throws is reported, too.
     void setWitness(std::function<void(UINT message)> witness) { m_witness = std::move(witness); }
     // Whether the window is at work on a message: what it says of itself may be on its way to something else.
-    bool isAtWork() const noexcept { return *m_depth > 0; }
+    bool isAtWork() const noexcept { return m_life->depth > 0; }
 
 private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
-    static std::optional<LRESULT> filtered(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+    // Outlives the watch in messages that are on their way.
+    struct Life {
+        MessageWatch* watch; // null when it has ended, or its window
+        int depth = 0;       // of messages within messages
+    };
+    std::optional<LRESULT> filtered(UINT message, WPARAM wParam, LPARAM lParam) const noexcept;
     void end() noexcept;
 
     HWND m_window;
-    WNDPROC m_procedure = nullptr;                           // the window's own
-    std::shared_ptr<int> m_depth = std::make_shared<int>(0); // of messages within messages; outlives this in them
+    WNDPROC m_procedure = nullptr; // the window's own
+    std::shared_ptr<Life> m_life = std::make_shared<Life>(Life{this});
     std::function<void()> m_listener;
     Filter m_filter;
     std::function<void(UINT)> m_witness;

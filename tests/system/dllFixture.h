@@ -15,6 +15,11 @@ namespace velk::test {
 class DllFixture : public testing::Test {
 protected:
     DllFixture() : dll(LoadLibraryW(path().c_str())) {}
+    ~DllFixture() override
+    {
+        dll.reset();
+        CoFreeUnusedLibrariesEx(0, 0); // what COM loaded for this test is not to be there in the next
+    }
 
     static std::wstring path()
     {

@@ -72,6 +72,20 @@ TEST_F(MessageWatchTest, witnessOfAWatchThatTheListenerEnds_hearsNothing)
     EXPECT_FALSE(hasHeard);
 }
 
+TEST_F(MessageWatchTest, filterOfAWatchThatTheListenerEnds_isNotAsked)
+{
+    bool isAsked = false;
+    watch->setFilter([&](UINT, WPARAM, LPARAM) {
+        isAsked = true;
+        return std::optional<LRESULT>(42);
+    });
+    EXPECT_EQ(SendMessageW(window.get(), WM_GETTEXTLENGTH, 0, 0), 42);
+    isAsked = false;
+    watch->setListener([this] { watch.reset(); });
+    EXPECT_EQ(SendMessageW(window.get(), WM_GETTEXTLENGTH, 0, 0), 4);
+    EXPECT_FALSE(isAsked);
+}
+
 TEST_F(MessageWatchTest, message_isHeardOfBeforeTheWindowAnswers)
 {
     watch->setListener([this] {

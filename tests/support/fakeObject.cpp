@@ -59,6 +59,7 @@ DISPID FakeObject::idOf(const std::wstring& member)
 
 HRESULT FakeObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) noexcept
 {
+    ++m_namesAsked;
     for (UINT place = 1; place < count; ++place)
         ids[place] = idOf(names[place]); // any name of an argument will do
     const auto found = m_ids.find(names[0]);

@@ -44,6 +44,8 @@ public:
     // Works again.
     void mend(const std::wstring& member) { m_failures.erase(idOf(member)); }
     variant read(const std::wstring& member) { return m_values[idOf(member)]; }
+    // How often somebody asked for the number of a name.
+    int namesAsked() const noexcept { return m_namesAsked; }
 
     STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override
     {
@@ -67,6 +69,7 @@ private:
 
     std::wstring m_name;
     Journal* m_journal;
+    int m_namesAsked = 0;
     std::map<std::wstring, DISPID> m_ids;
     std::vector<std::wstring> m_members;
     std::map<DISPID, variant> m_values;

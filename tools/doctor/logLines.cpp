@@ -23,12 +23,28 @@ std::wstring fromUtf8(const std::vector<unsigned char>& bytes)
     return text;
 }
 
+// A line without the time that it begins with; nothing of one that does not.
+std::wstring wordsOf(const std::wstring& line)
+{
+    constexpr std::wstring_view time = L"0000-00-00 00:00:00.000 ";
+    const auto fits = [](wchar_t mark, wchar_t character) {
+        return mark == L'0' ? character >= L'0' && character <= L'9' : character == mark;
+    };
+    return line.size() >= time.size() && std::equal(time.begin(), time.end(), line.begin(), fits)
+               ? line.substr(time.size())
+               : std::wstring();
+}
+
 } // namespace
 
 std::vector<std::wstring> logLines(const std::wstring& path, size_t mostBytes)
 {
     std::vector<unsigned char> bytes;
-    readBytes(path, mostBytes, Part::end, bytes);
+    readBytes(path, mostBytes + 1, Part::end, bytes);
+    // The rest of a line whose beginning is left out is none.
+    const auto lineEnd = std::find(bytes.begin(), bytes.end(), '\n');
+    if (bytes.size() > mostBytes)
+        bytes.erase(bytes.begin(), lineEnd == bytes.end() ? lineEnd : lineEnd + 1);
     const std::wstring text = fromUtf8(bytes);
     std::vector<std::wstring> lines;
     for (size_t begin = 0; begin < text.size();) {
@@ -47,12 +63,12 @@ std::vector<std::wstring> lastReportOfHost(const std::wstring& path)
     std::vector<std::wstring> report;
     for (const std::wstring& file : {path + L".old", path})
         for (const std::wstring& line : logLines(file, wholeLog)) {
-            const size_t at = std::min(line.find(membersBegin), line.find(barsBegin));
-            if (at == std::wstring::npos)
+            const std::wstring words = wordsOf(line);
+            if (!words.starts_with(membersBegin) && !words.starts_with(barsBegin))
                 continue;
-            if (line.compare(at, reportBegin.size(), reportBegin) == 0)
+            if (words.starts_with(reportBegin))
                 report.clear();
-            report.push_back(line.substr(at));
+            report.push_back(words);
         }
     return report;
 }

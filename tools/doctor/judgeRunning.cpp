@@ -12,6 +12,16 @@ std::wstring processText(const IdeProcess& process)
     return L"process " + numberText(static_cast<int32_t>(process.id)) + L" (" + shownText(process.path) + L")";
 }
 
+// Whether something that has its own line keeps an IDE from loading the add-in.
+bool isKeptOut(const Facts& facts)
+{
+    for (const auto judge :
+         {judgeAddinFile, judgeAddinBits, judgeAddinLoad, judgeClasses, judgeProgIds, judgeIdeKey, judgeAddinManager})
+        if (isComplaint(judge(facts).state))
+            return true;
+    return false;
+}
+
 bool isOff(const LogFacts& log)
 {
     return log.path.empty();
@@ -65,11 +75,15 @@ Verdict judgeRunningAddin(const Facts& facts)
             details.push_back(processText(process) + L" does not let itself be looked into");
             continue;
         }
+        if (process.addins.empty() && isKeptOut(facts))
+            return skipped(L"An IDE runs without the add-in, for a reason above: " + processText(process) + L".");
         if (process.addins.empty())
             return warning(L"An IDE runs without the add-in: " + processText(process) + L".",
-                           L"Choose the add-in in the IDE's Add-In Manager; if it is not listed there, see above.");
+                           L"Choose the add-in in the IDE's Add-In Manager.");
         for (const std::wstring& path : process.addins)
-            if (!isSameText(path, facts.addin.file.path))
+            if (isSameText(path, registeredPath(facts)) && isComplaint(judgeCopy(facts).state))
+                return skipped(L"An IDE runs with the copy that is registered: " + processText(process) + L".");
+            else if (!isSameText(path, facts.addin.file.path))
                 return wrong(L"An IDE runs with another copy of the add-in: " + processText(process) + L" has " +
                                  quoted(path) + L".",
                              L"End the IDE, register this copy, and start the IDE again.");

@@ -44,11 +44,16 @@ TEST_F(DoctorTest, addinThatIsNoLibrary_isTold)
 
 TEST_F(DoctorTest, otherLibraryUnderTheAddinsName_isTold)
 {
-    putFile(library(), addin());
+    putFile(otherLibrary(), addin());
     ship();
-    setText(HKEY_LOCAL_MACHINE, uninstall, L"DisplayVersion", L"");
-    const Diagnosis diagnosis = diagnose();
-    EXPECT_EQ(diagnosis.lines.at("addin-bits").state, "WRONG");
+    EXPECT_THAT(diagnose(), ComplainsOnlyOf("addin-bits"));
+}
+
+TEST_F(DoctorTest, programUnderTheAddinsName_isTold)
+{
+    putFile(folder() + L"\\velkdoctor.exe", addin());
+    ship();
+    EXPECT_THAT(diagnose(), ComplainsOnlyOf("addin-bits"));
 }
 
 TEST_F(DoctorTest, addinOfAnotherVersion_isTold)

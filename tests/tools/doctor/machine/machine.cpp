@@ -93,11 +93,21 @@ std::wstring DoctorTest::base()
     return module::folder() + L"\\machines";
 }
 
+std::wstring DoctorTest::otherLibrary()
+{
+    return module::folder() + L"\\..\\incomplete_backend\\velkvsadd.dll";
+}
+
 DoctorTest::DoctorTest()
 {
     removeTree(base());
     furnish(folder());
-    registerIn(folder());
+    // The first look for the interfaces needs a registration.
+    static const bool isKnown = [] {
+        registerIn(folder());
+        return !interfaces().empty();
+    }();
+    EXPECT_TRUE(isKnown);
     forgetRegistry();
     registerIn(folder());
     install(folder());
@@ -120,6 +130,7 @@ void DoctorTest::forgetRegistry()
     remove(HKEY_LOCAL_MACHINE, sourceSafe);
     remove(HKEY_LOCAL_MACHINE, odbc);
     remove(HKEY_CURRENT_USER, L"Software\\Velk");
+    remove(HKEY_CURRENT_USER, L"Software\\Classes\\SourceSafe");
     SetEnvironmentVariableW(L"VELK_TEST_LIBRARY", nullptr);
     SetEnvironmentVariableW(L"VELKVIADD_TRACE", nullptr);
     SetEnvironmentVariableW(L"PATH", L"C:\\windows\\system32;C:\\windows");
@@ -156,6 +167,7 @@ void DoctorTest::unregister()
             remove(root, path);
         remove(root, L"Software\\Microsoft\\VisualStudio");
         remove(root, L"Software\\Classes\\velkviadd.Older");
+        remove(root, doctor::classPlace(anotherClass));
     }
 }
 

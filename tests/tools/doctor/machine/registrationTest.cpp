@@ -158,6 +158,23 @@ TEST_F(DoctorTest, usersTypeLibraryThatLeadsNowhere_isTold)
     EXPECT_THAT(diagnose(), ComplainsOnlyOf("registered-user"));
 }
 
+TEST_F(DoctorTest, usersNameThatLeadsToAnotherClassThatIsThere_isAWarning)
+{
+    setText(HKEY_CURRENT_USER, doctor::classPlace(anotherClass) + L"\\InprocServer32", {}, library());
+    setText(HKEY_CURRENT_USER, doctor::progIdPlace(L"velkviadd.Connect") + L"\\CLSID", {}, anotherClass);
+    const Diagnosis diagnosis = diagnose();
+    EXPECT_THAT(diagnosis, ComplainsOnlyOf("registered-user"));
+    EXPECT_EQ(diagnosis.lines.at("registered-user").state, "WARNING");
+}
+
+TEST_F(DoctorTest, usersNameOfAnotherVersion_isALeftover)
+{
+    setText(HKEY_CURRENT_USER, L"Software\\Classes\\velkviadd.Older", {}, L"A class of long ago");
+    const Diagnosis diagnosis = diagnose();
+    EXPECT_THAT(diagnosis, ComplainsOnlyOf("registered-leftovers"));
+    EXPECT_NE(diagnosis.lines.at("registered-leftovers").text.find("HKEY_CURRENT_USER"), std::string::npos);
+}
+
 TEST_F(DoctorTest, nameOfAnotherVersion_isALeftover)
 {
     setText(HKEY_LOCAL_MACHINE, L"Software\\Classes\\velkviadd.Older", {}, L"A class of long ago");

@@ -1,4 +1,7 @@
 // SourceSafe, ODBC, the log and a running IDE.
+#include "base/module.h"
+#include "doctor/gather.h"
+#include "doctor/registrationPlaces.h"
 #include "machine.h"
 
 namespace velk::test {
@@ -15,6 +18,8 @@ protected:
     static void installSourceSafe(const std::wstring& server)
     {
         setText(HKEY_LOCAL_MACHINE, sourceSafe, L"SCCServerPath", server);
+        setText(HKEY_CURRENT_USER, L"Software\\Classes\\SourceSafe\\CLSID", {}, anotherClass);
+        setText(HKEY_CURRENT_USER, doctor::classPlace(anotherClass) + L"\\InprocServer32", {}, library());
     }
     static void installDriver() { setText(HKEY_LOCAL_MACHINE, drivers, L"A Driver", L"Installed"); }
     static std::wstring log() { return base() + L"\\add-in.log"; }
@@ -38,6 +43,13 @@ TEST_F(DoctorAround, sourceSafeWithItsDatabases_isNoComplaint)
 TEST_F(DoctorAround, sourceSafeWithoutItsLibrary_isTold)
 {
     installSourceSafe(L"C:\\gone\\ssscc.dll");
+    EXPECT_THAT(diagnose(), ComplainsOnlyOf("sourcesafe"));
+}
+
+TEST_F(DoctorAround, sourceSafeWhoseAutomationIsNotRegistered_isTold)
+{
+    installSourceSafe(library());
+    remove(HKEY_CURRENT_USER, doctor::classPlace(anotherClass));
     EXPECT_THAT(diagnose(), ComplainsOnlyOf("sourcesafe"));
 }
 
@@ -145,6 +157,48 @@ TEST_F(DoctorAround, runningIdeWithTheAddin_isNoComplaint)
     const Diagnosis diagnosis = diagnose();
     EXPECT_THAT(diagnosis, IsHealthy());
     EXPECT_NE(diagnosis.lines.at("running-addin").whole.find("velktestide.exe"), std::string::npos);
+}
+
+TEST_F(DoctorAround, programOfTheIdesNameThatIsNoIde_isNotOne)
+{
+    const std::wstring program = module::folder() + L"\\..\\doctor_ide\\velktestide.exe";
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION made{};
+    // One that has not begun does not let its libraries be looked at, like one for 64 bits.
+    ASSERT_TRUE(CreateProcessW(program.c_str(), nullptr, nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr, nullptr,
+                               &startup, &made));
+    const unique_kernel_handle thread(made.hThread);
+    const unique_kernel_handle process(made.hProcess);
+    doctor::Options options;
+    options.ide = L"velktestide.exe";
+    doctor::Facts facts;
+    gatherRunning(facts, options);
+    options.isIdeNamed = true;
+    doctor::Facts named;
+    gatherRunning(named, options);
+    TerminateProcess(process.get(), 0);
+    EXPECT_TRUE(facts.running.processes.empty());
+    ASSERT_EQ(named.running.processes.size(), 1u);
+    EXPECT_FALSE(named.running.processes[0].areModulesKnown);
+}
+
+TEST_F(DoctorAround, folderOfALaterIde_isNotLookedIn)
+{
+    const std::wstring place = L"Software\\Microsoft\\Windows\\CurrentVersion\\App Paths\\velktestide.exe";
+    setText(HKEY_LOCAL_MACHINE, place, {}, base() + L"\\later\\velktestide.exe");
+    const auto knowsFolder = [](bool isNamed) {
+        doctor::Options options;
+        options.ide = L"velktestide.exe";
+        options.isIdeNamed = isNamed;
+        doctor::Facts facts;
+        gatherBackend(facts, options);
+        return std::ranges::any_of(facts.backend.places,
+                                   [](const auto& one) { return one.folder == base() + L"\\later"; });
+    };
+    EXPECT_FALSE(knowsFolder(false));
+    EXPECT_TRUE(knowsFolder(true));
+    remove(HKEY_LOCAL_MACHINE, place);
 }
 
 TEST_F(DoctorAround, runningIdeWithoutTheAddin_isTold)

@@ -1,7 +1,7 @@
 #include "logLines.h"
 
-#include "base/win32.h"
 #include "files.h"
+#include "utf8.h"
 
 #include <algorithm>
 
@@ -12,16 +12,6 @@ constexpr size_t wholeLog = 2 * 1024 * 1024; // the add-in begins it anew before
 constexpr std::wstring_view membersBegin = L"host members: ";
 constexpr std::wstring_view barsBegin = L"host bars: ";
 constexpr std::wstring_view reportBegin = L"host members: DTE ";
-
-std::wstring fromUtf8(const std::vector<unsigned char>& bytes)
-{
-    const auto* begin = reinterpret_cast<const char*>(bytes.data());
-    const int count = static_cast<int>(bytes.size());
-    std::wstring text(bytes.size(), L'\0');
-    const int length = MultiByteToWideChar(CP_UTF8, 0, begin, count, text.data(), static_cast<int>(text.size()));
-    text.resize(static_cast<size_t>(length > 0 ? length : 0));
-    return text;
-}
 
 // A line without the time that it begins with; nothing of one that does not.
 std::wstring wordsOf(const std::wstring& line)
@@ -45,7 +35,7 @@ std::vector<std::wstring> logLines(const std::wstring& path, size_t mostBytes)
     const auto lineEnd = std::find(bytes.begin(), bytes.end(), '\n');
     if (bytes.size() > mostBytes)
         bytes.erase(bytes.begin(), lineEnd == bytes.end() ? lineEnd : lineEnd + 1);
-    const std::wstring text = fromUtf8(bytes);
+    const std::wstring text = fromUtf8({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
     std::vector<std::wstring> lines;
     for (size_t begin = 0; begin < text.size();) {
         const size_t end = std::min(text.find(L'\n', begin), text.size());

@@ -2,6 +2,7 @@
 #include "output.h"
 
 #include "base/boundary.h"
+#include "utf8.h"
 
 #include <algorithm>
 
@@ -35,10 +36,8 @@ void writeToConsole(HANDLE console, std::wstring_view text)
 
 void writeToStream(HANDLE stream, const std::wstring& text)
 {
-    std::string bytes(text.size() * 3, '\0');
-    const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), bytes.data(),
-                                         static_cast<int>(bytes.size()), nullptr, nullptr);
-    std::string_view rest(bytes.data(), static_cast<size_t>(size));
+    const std::string bytes = toUtf8(text);
+    std::string_view rest = bytes;
     while (!rest.empty()) {
         DWORD written = 0;
         throwLastErrorUnless(WriteFile(stream, rest.data(), static_cast<DWORD>(rest.size()), &written, nullptr) !=

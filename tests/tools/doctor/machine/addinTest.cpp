@@ -98,13 +98,13 @@ TEST_F(DoctorTest, toolsLibraryOnTheSearchPathOnly_isTold)
 TEST_F(DoctorTest, installationInAnotherFolder_isTold)
 {
     install(base() + L"\\elsewhere");
-    EXPECT_THAT(diagnose(), ComplainsOnlyOf("addin-folder"));
+    EXPECT_THAT(look(), ComplainsOnlyOf("addin-folder"));
 }
 
 TEST_F(DoctorTest, installationOfAnotherVersion_isTold)
 {
     install(folder(), L"0.9.0");
-    const Diagnosis diagnosis = diagnose();
+    const Diagnosis diagnosis = look();
     EXPECT_THAT(diagnosis, ComplainsOnlyOf("installed"));
     EXPECT_EQ(diagnosis.exitCode, 1u);
 }
@@ -112,7 +112,7 @@ TEST_F(DoctorTest, installationOfAnotherVersion_isTold)
 TEST_F(DoctorTest, installationThatIsDamaged_isTold)
 {
     setNumber(HKEY_LOCAL_MACHINE, uninstall, L"DisplayVersion", 1);
-    EXPECT_THAT(diagnose(), ComplainsOnlyOf("installed"));
+    EXPECT_THAT(look(), ComplainsOnlyOf("installed"));
 }
 
 TEST_F(DoctorTest, addinPutThereByHand_isNoComplaint)

@@ -63,6 +63,8 @@ protected:
 
     // Runs the doctor of a folder with more options.
     static Diagnosis diagnose(const std::wstring& options = {}, const std::wstring& folder = DoctorTest::folder());
+    // The same in this program, which takes less time: looks anew at all but the add-in's file and the tool's library.
+    static Diagnosis look();
     static std::string run(const std::wstring& options, DWORD& exitCode,
                            const std::wstring& folder = DoctorTest::folder());
     // An IDE that has loaded a library ("-": none), and "answers" or "hangs".

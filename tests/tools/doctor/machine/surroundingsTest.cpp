@@ -35,7 +35,7 @@ TEST_F(DoctorAround, sourceSafeWithItsDatabases_isNoComplaint)
     installSourceSafe(library());
     fill(base() + L"\\srcsafe.ini", "");
     setText(HKEY_LOCAL_MACHINE, databases, L"Main", base());
-    const Diagnosis diagnosis = diagnose();
+    const Diagnosis diagnosis = look();
     EXPECT_THAT(diagnosis, IsHealthy());
     EXPECT_NE(diagnosis.lines.at("sourcesafe").whole.find("Main"), std::string::npos);
 }
@@ -43,42 +43,42 @@ TEST_F(DoctorAround, sourceSafeWithItsDatabases_isNoComplaint)
 TEST_F(DoctorAround, sourceSafeWithoutItsLibrary_isTold)
 {
     installSourceSafe(L"C:\\gone\\ssscc.dll");
-    EXPECT_THAT(diagnose(), ComplainsOnlyOf("sourcesafe"));
+    EXPECT_THAT(look(), ComplainsOnlyOf("sourcesafe"));
 }
 
 TEST_F(DoctorAround, sourceSafeWhoseAutomationIsNotRegistered_isTold)
 {
     installSourceSafe(library());
     remove(HKEY_CURRENT_USER, doctor::classPlace(anotherClass));
-    EXPECT_THAT(diagnose(), ComplainsOnlyOf("sourcesafe"));
+    EXPECT_THAT(look(), ComplainsOnlyOf("sourcesafe"));
 }
 
 TEST_F(DoctorAround, databaseThatCannotBeReached_isTold)
 {
     installSourceSafe(library());
     setText(HKEY_LOCAL_MACHINE, databases, L"Main", L"Q:\\vss");
-    EXPECT_THAT(diagnose(), ComplainsOnlyOf("sourcesafe"));
+    EXPECT_THAT(look(), ComplainsOnlyOf("sourcesafe"));
 }
 
 TEST_F(DoctorAround, odbcDriverThatIsThere_isNoComplaint)
 {
     installDriver();
     setText(HKEY_LOCAL_MACHINE, driver, L"Driver", library());
-    EXPECT_THAT(diagnose(), IsHealthy());
+    EXPECT_THAT(look(), IsHealthy());
 }
 
 TEST_F(DoctorAround, odbcDriverWithoutItsFile_isTold)
 {
     installDriver();
     setText(HKEY_LOCAL_MACHINE, driver, L"Driver", L"C:\\gone\\driver.dll");
-    EXPECT_THAT(diagnose(), ComplainsOnlyOf("odbc"));
+    EXPECT_THAT(look(), ComplainsOnlyOf("odbc"));
 }
 
 TEST_F(DoctorAround, odbcDriverWhoseFileIsNoText_isTold)
 {
     installDriver();
     setNumber(HKEY_LOCAL_MACHINE, driver, L"Driver", 7);
-    EXPECT_THAT(diagnose(), ComplainsOnlyOf("odbc"));
+    EXPECT_THAT(look(), ComplainsOnlyOf("odbc"));
 }
 
 TEST_F(DoctorAround, logThatIsOn_isNoComplaintAndItsFailuresAreANote)
@@ -86,7 +86,7 @@ TEST_F(DoctorAround, logThatIsOn_isNoComplaintAndItsFailuresAreANote)
     switchLogOn(log() + L";2");
     fill(log(), "2026-11-22 08:00:00.000 velkviadd 1.0.0 in ide.exe, code page 1252\r\n"
                 "2026-11-22 08:00:01.000 start: 53 (0x800A0035) File not found: velkvsadd.dll\r\n");
-    const Diagnosis diagnosis = diagnose();
+    const Diagnosis diagnosis = look();
     EXPECT_THAT(diagnosis, IsHealthy());
     EXPECT_EQ(diagnosis.lines.at("log-failures").state, "NOTE");
     EXPECT_NE(diagnosis.lines.at("log-failures").text.find("start: 53"), std::string::npos);
@@ -99,7 +99,7 @@ TEST_F(DoctorAround, ideWithoutAMember_isToldByItsLog)
     fill(log(),
          "2026-11-22 08:00:01.000 host members: DTE has CommandBars Events; lacks MainWindow Solution Windows\r\n"
          "2026-11-22 08:00:01.000 host bars: 13 \"Add-Ins\"; the entry goes to 13\r\n");
-    const Diagnosis diagnosis = diagnose();
+    const Diagnosis diagnosis = look();
     EXPECT_THAT(diagnosis, ComplainsOnlyOf("host-members"));
     EXPECT_NE(diagnosis.lines.at("host-bars").text.find("Add-Ins"), std::string::npos);
 }
@@ -108,13 +108,13 @@ TEST_F(DoctorAround, ideWithoutTheBarOfTheEntry_isToldByItsLog)
 {
     switchLogOn(log() + L";2");
     fill(log(), "2026-11-22 08:00:01.000 host bars: 1 \"Menu Bar\"; the entry goes to 13\r\n");
-    EXPECT_THAT(diagnose(), ComplainsOnlyOf("host-bars"));
+    EXPECT_THAT(look(), ComplainsOnlyOf("host-bars"));
 }
 
 TEST_F(DoctorAround, logThatIsNotThereYet_staysSo)
 {
     switchLogOn(log());
-    EXPECT_THAT(diagnose(), IsHealthy());
+    EXPECT_THAT(look(), IsHealthy());
     EXPECT_EQ(GetFileAttributesW(log().c_str()), INVALID_FILE_ATTRIBUTES);
     EXPECT_EQ(GetFileAttributesW((log() + L".velkdoctor").c_str()), INVALID_FILE_ATTRIBUTES);
 }
@@ -122,13 +122,13 @@ TEST_F(DoctorAround, logThatIsNotThereYet_staysSo)
 TEST_F(DoctorAround, logInAFolderThatIsNotThere_isTold)
 {
     switchLogOn(L"C:\\no such folder\\add-in.log");
-    EXPECT_THAT(diagnose(), ComplainsOnlyOf("log"));
+    EXPECT_THAT(look(), ComplainsOnlyOf("log"));
 }
 
 TEST_F(DoctorAround, logWithoutAFullPath_isTold)
 {
     SetEnvironmentVariableW(L"VELKVIADD_TRACE", L"add-in.log");
-    EXPECT_THAT(diagnose(), ComplainsOnlyOf("log"));
+    EXPECT_THAT(look(), ComplainsOnlyOf("log"));
 }
 
 TEST_F(DoctorAround, logThatAnotherProgramHolds_isTold)
@@ -136,25 +136,25 @@ TEST_F(DoctorAround, logThatAnotherProgramHolds_isTold)
     switchLogOn(log());
     const unique_kernel_handle held(
         CreateFileW(log().c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-    EXPECT_THAT(diagnose(), ComplainsOnlyOf("log"));
+    EXPECT_THAT(look(), ComplainsOnlyOf("log"));
 }
 
 TEST_F(DoctorAround, logThatIsAFolder_isTold)
 {
     switchLogOn(folder());
-    EXPECT_THAT(diagnose(), ComplainsOnlyOf("log"));
+    EXPECT_THAT(look(), ComplainsOnlyOf("log"));
 }
 
 TEST_F(DoctorAround, logSettingThatIsNoText_isTold)
 {
     setNumber(HKEY_CURRENT_USER, settings, L"Trace", 1);
-    EXPECT_THAT(diagnose(), ComplainsOnlyOf("log"));
+    EXPECT_THAT(look(), ComplainsOnlyOf("log"));
 }
 
 TEST_F(DoctorAround, runningIdeWithTheAddin_isNoComplaint)
 {
     startIde(addin(), L"answers");
-    const Diagnosis diagnosis = diagnose();
+    const Diagnosis diagnosis = look();
     EXPECT_THAT(diagnosis, IsHealthy());
     EXPECT_NE(diagnosis.lines.at("running-addin").whole.find("velktestide.exe"), std::string::npos);
 }
@@ -204,20 +204,20 @@ TEST_F(DoctorAround, folderOfALaterIde_isNotLookedIn)
 TEST_F(DoctorAround, runningIdeWithoutTheAddin_isTold)
 {
     startIde(L"-", L"answers");
-    EXPECT_THAT(diagnose(), ComplainsOnlyOf("running-addin"));
+    EXPECT_THAT(look(), ComplainsOnlyOf("running-addin"));
 }
 
 TEST_F(DoctorAround, runningIdeWithAnotherCopy_isTold)
 {
     furnish(base() + L"\\another");
     startIde(base() + L"\\another\\velkviadd.dll", L"answers");
-    EXPECT_THAT(diagnose(), ComplainsOnlyOf("running-addin"));
+    EXPECT_THAT(look(), ComplainsOnlyOf("running-addin"));
 }
 
 TEST_F(DoctorAround, runningIdeThatHangs_isTold)
 {
     startIde(addin(), L"hangs");
-    EXPECT_THAT(diagnose(), ComplainsOnlyOf("running-answers"));
+    EXPECT_THAT(look(), ComplainsOnlyOf("running-answers"));
 }
 
 } // namespace

@@ -94,9 +94,11 @@ void DoctorWindow::showReport(const std::wstring& sentence)
     fitColumns();
     m_controls->enableButtons(true, !remediesOf(findings).empty());
     m_controls->list.redraw();
-    const auto complaint = std::find_if(findings.begin(), findings.end(),
-                                        [](const Finding& finding) { return isComplaint(finding.verdict.state); });
-    m_controls->list.selectRow(complaint == findings.end() ? 0 : static_cast<int>(complaint - findings.begin()));
+    // The one that the sentence names.
+    const auto worst = std::find_if(findings.begin(), findings.end(), [&](const Finding& finding) {
+        return isComplaint(finding.verdict.state) && finding.verdict.state == worstOf(findings);
+    });
+    m_controls->list.selectRow(worst == findings.end() ? 0 : static_cast<int>(worst - findings.begin()));
     m_controls->setSentence(sentence);
     showDetails();
     SetFocus(m_controls->list.hwnd());

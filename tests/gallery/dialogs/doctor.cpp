@@ -21,6 +21,7 @@ Facts aMachine()
     facts.addin.file.header->isLibrary = true;
     for (const char* name : {"DllCanUnloadNow", "DllGetClassObject", "DllRegisterServer", "DllUnregisterServer"})
         facts.addin.file.header->exports.push_back({name, 1, false, true});
+    facts.addin.file.version = L"1.0.0.0";
     facts.addin.load.outcome = ChildFacts::Outcome::done;
     facts.backend.places = {{L"C:\\Program Files\\Velk Development\\Rozel for everybody\\Tools\\Bin", false},
                             {{}, false},

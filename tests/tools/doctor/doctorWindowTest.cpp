@@ -76,6 +76,16 @@ TEST_F(DoctorWindowTest, firstComplaint_isSelectedAndToldInFull)
     EXPECT_FALSE(IsWindowEnabled(item(Id::cmdFix)));
 }
 
+TEST_F(DoctorWindowTest, complaintThatTheSentenceNames_isSelected)
+{
+    machine.addin.file.version.clear();
+    machine.language.codePage = 65001;
+    machine.backend.texts.answer.clear();
+    window.look(false);
+    EXPECT_THAT(text(Id::lblSentence), testing::HasSubstr(L"Tool's texts"));
+    EXPECT_EQ(cell(selectedRow(), 1), L"Tool's texts");
+}
+
 TEST_F(DoctorWindowTest, complaintThatCanBeFixed_enablesTheButtonWhichFixes)
 {
     machine.registration.classes[1].server = {};

@@ -146,7 +146,8 @@ void gatherLog(Facts& facts, const Options&)
     log.isFromEnvironment =
         GetEnvironmentVariableW(traceVariable, variable.data(), static_cast<DWORD>(variable.size())) != 0;
     log.setting = readValue(HKEY_CURRENT_USER, traceKey, traceValue);
-    const std::wstring setting = log.isFromEnvironment ? std::wstring(variable.data()) : log.setting.text;
+    // The add-in does not put variables in.
+    const std::wstring setting = log.isFromEnvironment ? std::wstring(variable.data()) : log.setting.written;
     const TraceTarget target = traceTarget(setting);
     log.path = target.path;
     log.isFiner = target.isFiner;

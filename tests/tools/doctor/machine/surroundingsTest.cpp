@@ -131,6 +131,16 @@ TEST_F(DoctorAround, logWithoutAFullPath_isTold)
     EXPECT_THAT(look(), ComplainsOnlyOf("log"));
 }
 
+TEST_F(DoctorAround, logWhosePathHasAVariable_isTold)
+{
+    const std::wstring path = L"%WINDIR%\\add-in.log";
+    const auto* bytes = reinterpret_cast<const unsigned char*>(path.c_str());
+    setRaw(HKEY_CURRENT_USER, settings, L"Trace", REG_EXPAND_SZ, {bytes, bytes + (path.size() + 1) * sizeof(wchar_t)});
+    const Diagnosis diagnosis = look();
+    EXPECT_THAT(diagnosis, ComplainsOnlyOf("log"));
+    EXPECT_NE(diagnosis.lines.at("log").text.find("%WINDIR%"), std::string::npos);
+}
+
 TEST_F(DoctorAround, logThatAnotherProgramHolds_isTold)
 {
     switchLogOn(log());

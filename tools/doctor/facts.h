@@ -162,6 +162,7 @@ struct IdeProcess {
     std::vector<std::wstring> addins; // paths of the add-in's modules in it
     bool hasWindow = false;
     bool answers = false;
+    std::vector<std::wstring> libraries = {}; // paths of the tool's library in it
 };
 struct RunningFacts {
     std::wstring program; // the file name that was looked for

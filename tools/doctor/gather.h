@@ -8,6 +8,8 @@ namespace velk::doctor {
 // Looks at all of the machine, one area after the other; one that cannot be looked at is a failure of that area alone.
 Facts gather(const Options& options);
 
+inline constexpr wchar_t backendName[] = L"velkvsadd.dll";
+
 // Whether a class, by its identifier with braces, is registered for this user with a server that is there.
 bool hasServer(const std::wstring& clsid);
 

@@ -16,7 +16,6 @@
 namespace velk::doctor {
 namespace {
 
-constexpr wchar_t backendName[] = L"velkvsadd.dll";
 constexpr size_t mostHashFile = 65536; // bytes
 
 struct Found {

@@ -101,9 +101,12 @@ void readModules(IdeProcess& process)
         return;
     process.areModulesKnown = true;
     process.path = module.szExePath;
-    while (Module32NextW(snapshot.get(), &module))
+    while (Module32NextW(snapshot.get(), &module)) {
         if (isSameText(module.szModule, L"" VELK_PRODUCT_FILE))
             process.addins.push_back(plainPath(module.szExePath));
+        if (isSameText(module.szModule, backendName))
+            process.libraries.push_back(plainPath(module.szExePath));
+    }
 }
 
 struct MainWindow {

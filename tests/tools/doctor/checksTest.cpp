@@ -249,6 +249,20 @@ TEST(ChecksTest, ideWithTheOtherCopyThatIsRegistered_isNoComplaintOfItsOwn)
               Ids{L"registered-copy"});
 }
 
+TEST(ChecksTest, severalIdes_areToldByTheWorst)
+{
+    const Found found = withBroken([](Facts& facts) {
+        const std::wstring& addin = facts.addin.file.path;
+        facts.running.processes = {{1, L"C:\\devenv.exe", true, {addin}, true, true},
+                                   {2, L"C:\\devenv.exe", true, {}, true, true},
+                                   {3, L"C:\\devenv.exe", true, {L"D:\\velkviadd.dll"}, true, true},
+                                   {4, L"C:\\devenv.exe", false, {}, true, true}};
+    });
+    EXPECT_EQ(found.complaints, Ids{L"running-addin"});
+    EXPECT_THAT(found.of(L"running-addin").text, HasSubstr(L"process 3"));
+    EXPECT_EQ(found.of(L"running-addin").details.size(), 3u);
+}
+
 TEST(ChecksTest, systemsWords_haveNoGap)
 {
     EXPECT_EQ(systemText(ERROR_BAD_EXE_FORMAT).find(L"%1"), std::wstring::npos);

@@ -1,4 +1,5 @@
 // What is registered, and what reads strangely there.
+#include "base/registry.h"
 #include "deniedKey.h"
 #include "doctor/publishedNames.h"
 #include "doctor/registrationPlaces.h"
@@ -68,9 +69,15 @@ TEST_F(DoctorTest, classWhoseFileIsATextOf64KB_isTold)
 
 TEST_F(DoctorTest, textWithoutItsEnd_isReadAll)
 {
+    // The system writes an end that it sees behind the text.
+    const std::wstring more = addin() + L"x";
     const std::wstring path = addin();
-    const auto* bytes = reinterpret_cast<const unsigned char*>(path.data());
-    setRaw(HKEY_LOCAL_MACHINE, server(0), {}, REG_SZ, {bytes, bytes + path.size() * sizeof(wchar_t)});
+    const unique_key key = registry::createKey(HKEY_LOCAL_MACHINE, server(0));
+    RegSetValueExW(key.get(), nullptr, 0, REG_SZ, reinterpret_cast<const BYTE*>(more.data()),
+                   static_cast<DWORD>(path.size() * sizeof(wchar_t)));
+    DWORD size = 0;
+    RegQueryValueExW(key.get(), nullptr, nullptr, nullptr, nullptr, &size);
+    ASSERT_EQ(size, path.size() * sizeof(wchar_t));
     EXPECT_THAT(look(), IsHealthy());
 }
 

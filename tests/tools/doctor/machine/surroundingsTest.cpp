@@ -224,6 +224,15 @@ TEST_F(DoctorAround, runningIdeWithAnotherCopy_isTold)
     EXPECT_THAT(look(), ComplainsOnlyOf("running-addin"));
 }
 
+TEST_F(DoctorAround, runningIdeWithAnotherLibraryOfTheTool_isTold)
+{
+    furnish(base() + L"\\another");
+    startIde(addin(), L"answers \"" + base() + L"\\another\\velkvsadd.dll\"");
+    const Diagnosis diagnosis = look();
+    EXPECT_THAT(diagnosis, ComplainsOnlyOf("running-addin"));
+    EXPECT_EQ(diagnosis.lines.at("running-addin").state, "WARNING");
+}
+
 TEST_F(DoctorAround, runningIdeThatHangs_isTold)
 {
     startIde(addin(), L"hangs");

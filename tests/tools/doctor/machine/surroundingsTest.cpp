@@ -93,6 +93,18 @@ TEST_F(DoctorAround, logThatIsOn_isNoComplaintAndItsFailuresAreANote)
     EXPECT_NE(diagnosis.lines.at("log").text.find("every call"), std::string::npos);
 }
 
+TEST_F(DoctorAround, logsLinesOfCalls_areNoFailures)
+{
+    switchLogOn(log() + L";2");
+    fill(log(), "2026-11-22 08:00:00.000 host: Solution failed\r\n2026-11-22 08:00:01.000 RZTerminate: 0\r\n");
+    EXPECT_EQ(look().lines.at("log-failures").state, "OK");
+    fill(log(), "2026-11-22 08:00:00.000 start: 53 (0x800A0035) File not found: velkvsadd.dll\r\n"
+                "2026-11-22 08:00:01.000 host: Count\r\n");
+    const Diagnosis diagnosis = look();
+    EXPECT_NE(diagnosis.lines.at("log-failures").text.find("start: 53"), std::string::npos);
+    EXPECT_EQ(diagnosis.lines.at("log-failures").whole.find("host: Count"), std::string::npos);
+}
+
 TEST_F(DoctorAround, ideWithoutAMember_isToldByItsLog)
 {
     switchLogOn(log() + L";2");

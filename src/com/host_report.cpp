@@ -52,6 +52,18 @@ std::wstring lineOf(HostObject kind, const com_ptr<IDispatch>& object)
            (has.empty() ? L" none" : has) + L"; lacks" + (lacks.empty() ? L" none" : lacks);
 }
 
+// In quotes, those inside doubled, on one line: whatever the host's words are, they end where the quotes do.
+std::wstring quoted(const std::wstring& words)
+{
+    std::wstring text = L"\"";
+    for (const wchar_t character : words) {
+        text += character < L' ' ? L'?' : character;
+        if (character == L'"')
+            text += character;
+    }
+    return text + L'"';
+}
+
 std::wstring nameOf(const com_ptr<IDispatch>& bars, int32_t number)
 {
     std::wstring name;
@@ -59,7 +71,7 @@ std::wstring nameOf(const com_ptr<IDispatch>& bars, int32_t number)
         const com_ptr<IDispatch> bar = automation::getObject(bars, L"Item", {variant(number)});
         name = automation::get(bar, L"Name").asText();
     });
-    return failure ? L"(" + failure->description() + L")" : L'"' + name + L'"';
+    return failure ? L'(' + quoted(failure->description()) + L')' : quoted(name);
 }
 
 } // namespace

@@ -19,7 +19,7 @@ enum class HostObject {
 
 // What an unknown host can do, for the log's finer level; nothing at another level. Lines of the log:
 //     host members: Windows has Count Item; lacks CreateToolWindow
-//     host bars: 1 "Menu Bar", 2 "Standard"; the entry goes to 13
+//     host bars: 1 "Menu Bar", 2 "The ""Standard""", 3 ("why it has no name"); the entry goes to 13
 // Each kind of object is told once, as the add-in comes upon it, until the reports begin anew. They hold their objects
 // themselves: the host may end the add-in while it is asked.
 void beginHostReports() noexcept;

@@ -12,7 +12,6 @@
 namespace velk {
 namespace {
 
-constexpr wchar_t progId[] = L"SourceSafe";
 constexpr wchar_t rootSpec[] = L"$/";
 constexpr wchar_t iniFile[] = L"\\srcsafe.ini";
 constexpr wchar_t whyQuiet[] = L"SourceSafe's failures end their operation only";
@@ -115,7 +114,7 @@ bool openSourceSafeDatabase(const std::wstring& userName, std::wstring_view pass
     const Closing closing;
     state().database.reset(); // the current project stays until another one is made current
     try {
-        const com_ptr<IDispatch> database = automation::createObject(progId);
+        const com_ptr<IDispatch> database = automation::createObject(sourceSafeProgId);
         const std::wstring ini = folderOf(databaseName, table) + iniFile;
         automation::call(
             database, L"Open",

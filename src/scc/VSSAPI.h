@@ -9,6 +9,9 @@
 
 namespace velk {
 
+// The name of the class by which SourceSafe is asked for.
+inline constexpr wchar_t sourceSafeProgId[] = L"SourceSafe";
+
 // A registered SourceSafe database: its name, and the folder that holds its srcsafe.ini.
 struct SourceSafeDatabase {
     std::wstring name;

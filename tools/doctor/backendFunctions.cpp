@@ -3,8 +3,6 @@
 
 #include "base/text.h"
 
-#include <algorithm>
-
 namespace velk::doctor {
 namespace {
 
@@ -16,11 +14,11 @@ constexpr const char* names[] = {
 
 } // namespace
 
-std::vector<std::wstring> missingFunctions(const PeFile& library)
+std::vector<std::wstring> missingFunctions(const check::PeFile& library)
 {
     std::vector<std::wstring> missing;
     for (const char* name : names)
-        if (std::find(library.exports.begin(), library.exports.end(), name) == library.exports.end())
+        if (!library.find(name))
             missing.push_back(toWide(name));
     return missing;
 }

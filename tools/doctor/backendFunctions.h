@@ -1,6 +1,6 @@
 #pragma once
 
-#include "peFile.h"
+#include "checker/peFile.h"
 
 #include <string>
 #include <vector>
@@ -8,6 +8,6 @@
 namespace velk::doctor {
 
 // The functions that the add-in knows and that a library does not export.
-std::vector<std::wstring> missingFunctions(const PeFile& library);
+std::vector<std::wstring> missingFunctions(const check::PeFile& library);
 
 } // namespace velk::doctor

@@ -1,22 +1,13 @@
 // Tested in tests/tools/doctor/machine/contractTest.cpp.
 #include "contract.h"
 
-#include "base/text.h"
 #include "checker/checker.h"
+#include "utf8.h"
 
 namespace velk::doctor {
 namespace {
 
 constexpr int lastLevelWithoutProject = 3;
-
-std::wstring fromUtf8(const std::string& bytes)
-{
-    std::wstring text(bytes.size(), L'\0');
-    const int length = MultiByteToWideChar(CP_UTF8, 0, bytes.data(), static_cast<int>(bytes.size()), text.data(),
-                                           static_cast<int>(text.size()));
-    text.resize(static_cast<size_t>(length > 0 ? length : 0));
-    return text;
-}
 
 std::wstring lineOf(const check::Finding& finding)
 {

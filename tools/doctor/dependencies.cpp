@@ -19,25 +19,26 @@ class Walk {
 public:
     explicit Walk(const std::wstring& folder) : m_folders(libraryFolders(folder, {})) {}
 
+    // Of a library that could be read.
     void from(const FileFacts& library)
     {
-        for (const std::string& ansi : library.header.imports) {
+        for (const std::string& ansi : library.header->libraries) {
             const std::wstring name = toWide(ansi);
             if (isOfTheSystemItself(name) || m_seen.size() >= mostLibraries || !m_seen.insert(lower(name)).second)
                 continue;
             const auto path = find(name);
             if (!path) {
-                missing.push_back({name, fileNameOf(library.path), true, 0});
+                missing.push_back({name, fileNameOf(library.path), {}});
                 continue;
             }
             // The system's own are right, and need each other only.
             if (isSameText(parentDir(*path), systemFolder()))
                 continue;
             const FileFacts file = readProgram(*path);
-            if (file.isRead() && file.header.machine != machine32)
-                missing.push_back({name, fileNameOf(library.path), false, file.header.machine});
-            else
+            if (file.is32BitLibrary())
                 from(file);
+            else
+                missing.push_back({name, fileNameOf(library.path), file});
         }
     }
 
@@ -72,7 +73,8 @@ private:
 std::vector<Dependency> missingDependencies(const FileFacts& library)
 {
     Walk walk(parentDir(library.path));
-    walk.from(library);
+    if (library.header)
+        walk.from(library);
     return walk.missing;
 }
 

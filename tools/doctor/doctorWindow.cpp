@@ -1,6 +1,8 @@
 #include "doctorWindow.h"
 
+#include "base/boundary.h"
 #include "base/module.h"
+#include "files.h"
 #include "window/clipboard_text.h"
 #include "windowTexts.h"
 
@@ -14,7 +16,23 @@ namespace {
 constexpr int iconResource = 117;
 constexpr UINT lookMessage = WM_APP;
 
+std::wstring sentenceOf(const Report& report)
+{
+    std::wstring sentence;
+    for (const Mended& mended : report.mended)
+        sentence += mended.text + L" ";
+    return sentence + lastSentence(report.findings);
+}
+
 } // namespace
+
+Options toFix(Options options)
+{
+    options.isWindow = options.isFix = true;
+    if (!options.addin.empty())
+        options.addin = fullPath(options.addin);
+    return options;
+}
 
 DoctorWindow::DoctorWindow(Options options, Examine examine)
     : Window(VELK_OWN_NAME("Doctor"), GetSysColorBrush(COLOR_BTNFACE)), m_options(std::move(options)),
@@ -58,28 +76,30 @@ void DoctorWindow::look(bool isFix)
     UpdateWindow(hwnd());
     Options options = m_options;
     options.isFix = isFix;
-    m_report = m_examine(options);
+    const auto failure = attempt([&] { m_report = m_examine(options); });
     m_isBusy = false;
+    m_hasFailed = failure.has_value();
+    if (m_hasFailed)
+        m_report = {};
     if (m_isClosing)
         destroy();
     else if (hwnd())
-        showReport();
+        showReport(failure ? windowTexts::failed + failure->description() : sentenceOf(m_report));
 }
 
-void DoctorWindow::showReport()
+void DoctorWindow::showReport(const std::wstring& sentence)
 {
-    std::wstring sentence;
-    for (const Mended& mended : m_report.mended)
-        sentence += mended.text + L" ";
     const auto& findings = m_report.findings;
     m_controls->list.setRowCount(findings.size());
     fitColumns();
     m_controls->enableButtons(true, !remediesOf(findings).empty());
     m_controls->list.redraw();
-    const auto complaint = std::find_if(findings.begin(), findings.end(),
-                                        [](const Finding& finding) { return isComplaint(finding.verdict.state); });
-    m_controls->list.selectRow(complaint == findings.end() ? 0 : static_cast<int>(complaint - findings.begin()));
-    m_controls->setSentence(sentence + lastSentence(findings));
+    // The one that the sentence names.
+    const auto worst = std::find_if(findings.begin(), findings.end(), [&](const Finding& finding) {
+        return isComplaint(finding.verdict.state) && finding.verdict.state == worstOf(findings);
+    });
+    m_controls->list.selectRow(worst == findings.end() ? 0 : static_cast<int>(worst - findings.begin()));
+    m_controls->setSentence(sentence);
     showDetails();
     SetFocus(m_controls->list.hwnd());
 }
@@ -141,11 +161,8 @@ void DoctorWindow::fix()
         return look(true);
     // The system asks for the rights, and the doctor that gets them shows a window of its own.
     constexpr INT_PTR lastFailure = 32;
-    std::wstring arguments = L"--window --fix";
-    if (!m_options.addin.empty())
-        arguments += L" --dll \"" + m_options.addin + L"\"";
-    const auto begun = reinterpret_cast<INT_PTR>(
-        ShellExecuteW(hwnd(), L"runas", module::path().c_str(), arguments.c_str(), nullptr, SW_SHOWNORMAL));
+    const auto begun = reinterpret_cast<INT_PTR>(ShellExecuteW(
+        hwnd(), L"runas", module::path().c_str(), argumentsOf(toFix(m_options)).c_str(), nullptr, SW_SHOWNORMAL));
     if (begun > lastFailure)
         destroy();
 }
@@ -243,6 +260,11 @@ bool DoctorWindow::takesKey(MSG& message)
     return IsDialogMessageW(hwnd(), &message) != FALSE;
 }
 
+ExitCode DoctorWindow::exitCode() const noexcept
+{
+    return m_hasFailed ? exitFailed : exitCodeOf(m_report);
+}
+
 ExitCode DoctorWindow::run()
 {
     open();
@@ -255,7 +277,7 @@ ExitCode DoctorWindow::run()
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
-    return exitCodeOf(m_report);
+    return exitCode();
 }
 
 } // namespace velk::doctor

@@ -9,6 +9,9 @@
 
 namespace velk::doctor {
 
+// What a doctor with more rights is started with to put right what one with these options found.
+Options toFix(Options options);
+
 // The same lines in a window: a sentence, a list with a row a check, what stands behind the selected row, and buttons.
 class DoctorWindow : public Window {
 public:
@@ -22,6 +25,7 @@ public:
     void look(bool isFix);
     // Shows it, looks, and waits until it is closed.
     ExitCode run();
+    ExitCode exitCode() const noexcept; // of what was found last
     // A message of the loop: its keys, or those of the controls.
     bool takesKey(MSG& message);
 
@@ -29,7 +33,7 @@ private:
     LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam) override;
     void onNotify(LPARAM lParam);
     void onCommand(int command);
-    void showReport();
+    void showReport(const std::wstring& sentence);
     void fitColumns() const;
     void showDetails();
     void fix();
@@ -44,6 +48,7 @@ private:
     std::unique_ptr<WindowControls> m_controls;
     bool m_isBusy = false;
     bool m_isClosing = false;
+    bool m_hasFailed = false; // the look, not what was looked at
 };
 
 } // namespace velk::doctor

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "peFile.h"
+#include "checker/peFile.h"
 #include "registryValue.h"
 
 #include <optional>
@@ -24,10 +24,11 @@ struct SystemFacts {
 struct FileFacts {
     std::wstring path;
     bool isThere = false;
-    DWORD code = 0; // the system's, of a file that cannot be read
-    PeFile header;
-    std::wstring version; // empty: it has none
+    DWORD code = 0;                      // the system's, of a file that cannot be read
+    std::optional<check::PeFile> header; // empty: it is no program or library of Windows
+    std::wstring version;                // empty: it has none
     bool isRead() const noexcept { return isThere && code == 0; }
+    bool is32BitLibrary() const noexcept { return isRead() && header && header->isLibrary && header->is32BitX86(); }
 };
 
 // How a step in a child process ended.
@@ -62,6 +63,8 @@ struct ClassFacts {
     RegistryValue userServer, userProgIdsClass;
     std::wstring userServerPath;
     bool isUserServerThere = false;
+    bool isUserNameAstray = false;      // the user's name leads to another class
+    bool isUserNamesClassThere = false; // which has a server
 };
 
 struct RegistrationFacts {
@@ -69,7 +72,7 @@ struct RegistrationFacts {
     RegistryValue library, userLibrary; // the type library
     std::wstring libraryPath, userLibraryPath;
     bool isLibraryThere = false, isUserLibraryThere = false;
-    std::vector<std::wstring> leftovers; // ProgIDs of ours that no class of this version has
+    std::vector<std::wstring> leftovers; // ProgIDs of ours that no class of this version has, the user's among them
 };
 
 struct IdeKeyFacts {
@@ -92,8 +95,7 @@ struct SearchPlace {
 struct Dependency {
     std::wstring name;
     std::wstring of; // the library that needs it
-    bool isMissing = false;
-    uint16_t machine = 0; // of the file that would be loaded
+    FileFacts file;  // the one that would be loaded, if there is any
 };
 // The library held against its contract.
 struct ContractFacts {
@@ -114,6 +116,8 @@ struct SourceSafeFacts {
     bool isInstalled = false;
     RegistryValue server;
     bool isServerThere = false;
+    RegistryValue automationClass; // of the name by which the add-in asks for it
+    bool isAutomationThere = false;
     struct Database {
         std::wstring name, folder;
         bool isThere = false; // its srcsafe.ini
@@ -158,6 +162,7 @@ struct IdeProcess {
     std::vector<std::wstring> addins; // paths of the add-in's modules in it
     bool hasWindow = false;
     bool answers = false;
+    std::vector<std::wstring> libraries = {}; // paths of the tool's library in it
 };
 struct RunningFacts {
     std::wstring program; // the file name that was looked for

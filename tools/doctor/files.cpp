@@ -86,7 +86,8 @@ FileFacts readProgram(const std::wstring& path, std::vector<unsigned char>* byte
     std::vector<unsigned char>& all = bytes ? *bytes : own;
     file.code = readBytes(path, mostBytes, Part::beginning, all);
     if (file.code == 0) {
-        file.header = readPeFile(all);
+        std::string reason;
+        file.header = check::readPe(all, reason);
         file.version = fileVersion(path);
     }
     return file;
@@ -130,6 +131,13 @@ std::wstring plainPath(std::wstring text)
     through([&](wchar_t* out, DWORD room) { return GetFullPathNameW(text.c_str(), room, out, nullptr); });
     through([&](wchar_t* out, DWORD room) { return GetLongPathNameW(text.c_str(), out, room); });
     return text;
+}
+
+std::wstring fullPath(const std::wstring& path)
+{
+    wchar_t full[32768];
+    const DWORD length = GetFullPathNameW(path.c_str(), ARRAYSIZE(full), full, nullptr);
+    return length > 0 && length < ARRAYSIZE(full) ? plainPath(full) : path;
 }
 
 std::wstring hashOf(const std::vector<unsigned char>& bytes)

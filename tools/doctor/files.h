@@ -23,6 +23,9 @@ std::wstring fileVersion(const std::wstring& path);
 // One spelling of a path for all: without quotes, full, with long names. What is no full path stays as it is.
 std::wstring plainPath(std::wstring text);
 
+// The same of a path that may be meant from the current directory on.
+std::wstring fullPath(const std::wstring& path);
+
 // SHA-256 in lower-case hexadecimal digits; empty when the system has no such thing.
 std::wstring hashOf(const std::vector<unsigned char>& bytes);
 // The hash that a list of "HASH *name" lines has for a file's name; empty when it has none.

@@ -16,7 +16,6 @@
 namespace velk::doctor {
 namespace {
 
-constexpr wchar_t backendName[] = L"velkvsadd.dll";
 constexpr size_t mostHashFile = 65536; // bytes
 
 struct Found {
@@ -38,13 +37,6 @@ Found findAddin(const Facts& facts, const Options& options)
     return {AddinPlace::none, {}};
 }
 
-std::wstring fullPath(const std::wstring& path)
-{
-    wchar_t full[32768];
-    const DWORD length = GetFullPathNameW(path.c_str(), ARRAYSIZE(full), full, nullptr);
-    return length > 0 && length < ARRAYSIZE(full) ? plainPath(full) : path;
-}
-
 void compareBytes(AddinFacts& addin, const std::vector<unsigned char>& bytes)
 {
     const std::wstring list = parentDir(addin.file.path) + L"\\" VELK_PRODUCT_NAME ".sha256";
@@ -57,11 +49,6 @@ void compareBytes(AddinFacts& addin, const std::vector<unsigned char>& bytes)
     addin.hash = hashOf(bytes);
 }
 
-bool isLoadable(const FileFacts& file)
-{
-    return file.isRead() && file.header.isProgram && file.header.isLibrary && file.header.machine == machine32;
-}
-
 // The folder of the IDE's program, whose libraries the add-in would find, too: of one that runs, else as registered.
 std::wstring ideFolder(const Facts& facts, const Options& options)
 {
@@ -69,7 +56,8 @@ std::wstring ideFolder(const Facts& facts, const Options& options)
         return parentDir(facts.running.processes.front().path);
     const RegistryValue path =
         readValue(HKEY_LOCAL_MACHINE, L"Software\\Microsoft\\Windows\\CurrentVersion\\App Paths\\" + options.ide);
-    return path.isText() ? parentDir(plainPath(path.text)) : std::wstring();
+    const std::wstring program = path.isText() ? plainPath(path.text) : std::wstring();
+    return isIdeProgram(program, options) ? parentDir(program) : std::wstring();
 }
 
 } // namespace
@@ -85,7 +73,7 @@ void gatherAddin(Facts& facts, const Options& options)
     addin.file = readProgram(fullPath(found.path), &bytes);
     if (addin.file.isRead())
         compareBytes(addin, bytes);
-    if (isLoadable(addin.file))
+    if (addin.file.is32BitLibrary())
         addin.load = runInChild(Step::loadAddin, addin.file.path, options.wait).load;
 }
 
@@ -107,7 +95,7 @@ void gatherBackend(Facts& facts, const Options& options)
     if (path.empty())
         return;
     backend.file = readProgram(fullPath(path));
-    if (!isLoadable(backend.file))
+    if (!backend.file.is32BitLibrary())
         return;
     const ChildResult result = runInChild(Step::askBackend, backend.file.path, options.wait);
     backend.load = result.load;

@@ -1,6 +1,7 @@
 // What is registered of the add-in: its classes, names and type library, its key in the IDE's list, its installation.
 // Tested in tests/tools/doctor/machine/registrationTest.cpp.
 #include "addin/registrationKeys.h"
+#include "base/paths.h"
 #include "files.h"
 #include "gather.h"
 #include "judgements.h"
@@ -36,6 +37,8 @@ ClassFacts classFacts(const PublishedName& name)
     facts.userServerPath = pathIn(facts.userServer);
     facts.isUserServerThere = isFile(facts.userServerPath);
     facts.userProgIdsClass = readValue(user, progIdPlace(name.progId) + L"\\CLSID");
+    facts.isUserNameAstray = facts.userProgIdsClass.isText() && !isSameText(facts.userProgIdsClass.text, name.clsid);
+    facts.isUserNamesClassThere = facts.isUserNameAstray && hasServer(facts.userProgIdsClass.text);
     return facts;
 }
 
@@ -44,6 +47,14 @@ bool isOurs(const std::wstring& progId)
     const auto& names = publishedNames();
     return std::any_of(names.begin(), names.end(),
                        [&](const PublishedName& name) { return isSameText(name.progId, progId); });
+}
+
+void addLeftovers(HKEY root, const std::wstring& rootName, std::vector<std::wstring>& leftovers)
+{
+    const std::wstring prefix = VELK_OWN_NAME("");
+    for (const std::wstring& name : keysBelow(root, L"Software\\Classes", mostKeys))
+        if (name.size() > prefix.size() && isSameText(name.substr(0, prefix.size()), prefix) && !isOurs(name))
+            leftovers.push_back(rootName + L"\\Software\\Classes\\" + name);
 }
 
 IdeKeyFacts ideKey(HKEY root)
@@ -74,6 +85,18 @@ std::wstring libraryFilePlace()
     return libraryPlace() + L"\\1.0\\0\\win32";
 }
 
+bool hasServer(const std::wstring& clsid)
+{
+    for (const HKEY root : {user, machine}) {
+        const std::wstring server = pathIn(readValue(root, classPlace(clsid) + L"\\InprocServer32"));
+        // A name without a folder is looked for by the system.
+        if (isFile(server) || (!server.empty() && !isFullyQualified(server)) ||
+            readValue(root, classPlace(clsid) + L"\\LocalServer32").isText())
+            return true;
+    }
+    return false;
+}
+
 void gatherRegistration(Facts& facts, const Options&)
 {
     RegistrationFacts& registration = facts.registration;
@@ -85,10 +108,8 @@ void gatherRegistration(Facts& facts, const Options&)
     registration.userLibrary = readValue(user, libraryFilePlace());
     registration.userLibraryPath = pathIn(registration.userLibrary);
     registration.isUserLibraryThere = isFile(registration.userLibraryPath);
-    const std::wstring prefix = VELK_OWN_NAME("");
-    for (const std::wstring& name : keysBelow(machine, L"Software\\Classes", mostKeys))
-        if (name.size() > prefix.size() && isSameText(name.substr(0, prefix.size()), prefix) && !isOurs(name))
-            registration.leftovers.push_back(name);
+    addLeftovers(machine, L"HKEY_LOCAL_MACHINE", registration.leftovers);
+    addLeftovers(user, L"HKEY_CURRENT_USER", registration.leftovers);
 }
 
 void gatherIde(Facts& facts, const Options&)

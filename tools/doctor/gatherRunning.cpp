@@ -20,8 +20,8 @@ namespace {
 constexpr size_t settingRoom = 1024; // characters, as the add-in has it
 constexpr size_t readOfLog = 256 * 1024;
 constexpr size_t mostFailures = 5;
-constexpr UINT answerTime = 3000; // milliseconds
-constexpr std::wstring_view ideVersion = L"6.";
+constexpr UINT answerTime = 3000;     // milliseconds
+constexpr size_t longestPath = 32768; // characters
 
 struct snapshot_traits {
     using Handle = HANDLE;
@@ -64,18 +64,49 @@ DWORD writeCode(const LogFacts& log)
     return file ? 0 : GetLastError();
 }
 
+// A process that loads a library just then is to be asked again.
+Snapshot modulesOf(DWORD process)
+{
+    constexpr int mostTries = 20;
+    Snapshot snapshot;
+    for (int tries = 0; tries < mostTries; ++tries) {
+        snapshot.reset(CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, process));
+        if (snapshot || GetLastError() != ERROR_BAD_LENGTH)
+            break;
+        Sleep(10);
+    }
+    return snapshot;
+}
+
+// The path of a program that does not let itself be looked into, such as one for 64 bits; Windows XP does not tell it.
+void readPath(IdeProcess& process)
+{
+    constexpr DWORD limitedInformation = 0x1000;
+    using Routine = BOOL(WINAPI*)(HANDLE, DWORD, wchar_t*, DWORD*);
+    const auto query = reinterpret_cast<Routine>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "QueryFullProcessImageNameW")));
+    const unique_kernel_handle opened(OpenProcess(limitedInformation, FALSE, process.id));
+    std::wstring path(longestPath, L'\0');
+    auto length = static_cast<DWORD>(path.size());
+    if (query && opened && query(opened.get(), 0, path.data(), &length))
+        process.path = path.substr(0, length);
+}
+
 void readModules(IdeProcess& process)
 {
-    const Snapshot snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, process.id));
+    const Snapshot snapshot = modulesOf(process.id);
     MODULEENTRY32W module{};
     module.dwSize = sizeof module;
     if (!snapshot || !Module32FirstW(snapshot.get(), &module))
         return;
     process.areModulesKnown = true;
     process.path = module.szExePath;
-    while (Module32NextW(snapshot.get(), &module))
+    while (Module32NextW(snapshot.get(), &module)) {
         if (isSameText(module.szModule, L"" VELK_PRODUCT_FILE))
             process.addins.push_back(plainPath(module.szExePath));
+        if (isSameText(module.szModule, backendName))
+            process.libraries.push_back(plainPath(module.szExePath));
+    }
 }
 
 struct MainWindow {
@@ -104,13 +135,12 @@ void askWindow(IdeProcess& process)
                       SendMessageTimeoutW(search.found, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, answerTime, &result) != 0;
 }
 
-// Later IDEs have a program of the same name.
-bool isTheIde(const IdeProcess& process, const Options& options)
-{
-    return options.isIdeNamed || !process.areModulesKnown || fileVersion(process.path).starts_with(ideVersion);
-}
-
 } // namespace
+
+bool isIdeProgram(const std::wstring& path, const Options& options)
+{
+    return options.isIdeNamed || fileVersion(path).starts_with(L"6.");
+}
 
 void gatherLog(Facts& facts, const Options&)
 {
@@ -119,7 +149,8 @@ void gatherLog(Facts& facts, const Options&)
     log.isFromEnvironment =
         GetEnvironmentVariableW(traceVariable, variable.data(), static_cast<DWORD>(variable.size())) != 0;
     log.setting = readValue(HKEY_CURRENT_USER, traceKey, traceValue);
-    const std::wstring setting = log.isFromEnvironment ? std::wstring(variable.data()) : log.setting.text;
+    // The add-in does not put variables in.
+    const std::wstring setting = log.isFromEnvironment ? std::wstring(variable.data()) : log.setting.written;
     const TraceTarget target = traceTarget(setting);
     log.path = target.path;
     log.isFiner = target.isFiner;
@@ -149,7 +180,9 @@ void gatherRunning(Facts& facts, const Options& options)
         process.id = entry.th32ProcessID;
         process.path = entry.szExeFile;
         readModules(process);
-        if (!isTheIde(process, options))
+        if (!process.areModulesKnown)
+            readPath(process);
+        if (isFullyQualified(process.path) && !isIdeProgram(process.path, options))
             continue;
         askWindow(process);
         facts.running.processes.push_back(std::move(process));

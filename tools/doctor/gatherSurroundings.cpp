@@ -7,6 +7,7 @@
 #include "base/unique_any.h"
 #include "files.h"
 #include "gather.h"
+#include "registrationPlaces.h"
 #include "scc/VSSAPI.h"
 
 #include <algorithm>
@@ -76,6 +77,10 @@ void gatherSourceSafe(Facts& facts, const Options&)
     sourceSafe.server = readValue(HKEY_LOCAL_MACHINE, sourceSafeKey, L"SCCServerPath");
     const std::wstring path = sourceSafe.server.isText() ? plainPath(sourceSafe.server.text) : std::wstring();
     sourceSafe.isServerThere = isFile(path) || (!path.empty() && !isFullyQualified(path));
+    for (const HKEY root : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE})
+        if (sourceSafe.automationClass.isMissing())
+            sourceSafe.automationClass = readValue(root, progIdPlace(sourceSafeProgId) + L"\\CLSID");
+    sourceSafe.isAutomationThere = sourceSafe.automationClass.isText() && hasServer(sourceSafe.automationClass.text);
     DatabaseTable table;
     getSourceSafeDatabases(table);
     for (const SourceSafeDatabase& row : table)

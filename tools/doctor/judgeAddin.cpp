@@ -4,7 +4,6 @@
 #include "base/text.h"
 #include "judgements.h"
 
-#include <algorithm>
 #include <product.h>
 
 namespace velk::doctor {
@@ -31,25 +30,25 @@ const wchar_t* placeText(AddinPlace place)
     }
 }
 
-bool isUsable(const AddinFacts& addin)
-{
-    return addin.file.isRead() && addin.file.header.isProgram && addin.file.header.machine == machine32;
-}
-
 Verdict notWithoutFile()
 {
     return skipped(L"There is no file to look at.");
 }
 
-std::wstring missingEntry(const PeFile& header)
+std::wstring missingEntry(const check::PeFile& header)
 {
     for (const char* name : entryPoints)
-        if (std::find(header.exports.begin(), header.exports.end(), name) == header.exports.end())
+        if (!header.find(name))
             return toWide(name);
     return {};
 }
 
 } // namespace
+
+bool isAddin(const FileFacts& file)
+{
+    return file.is32BitLibrary() && missingEntry(*file.header).empty();
+}
 
 Verdict judgeAddinFile(const Facts& facts)
 {
@@ -77,12 +76,12 @@ Verdict judgeAddinBits(const Facts& facts)
     const FileFacts& file = facts.addin.file;
     if (!file.isRead())
         return notWithoutFile();
-    if (!file.header.isProgram || !file.header.isLibrary)
+    if (!file.header || !file.header->isLibrary)
         return wrong(L"The file is damaged: it is no library of Windows.", installAgain);
-    if (file.header.machine != machine32)
-        return wrong(L"The file is " + bitsText(file.header.machine) + L"; the IDE loads 32-bit libraries only.",
+    if (!file.header->is32BitX86())
+        return wrong(L"The file is " + bitsText(*file.header) + L"; the IDE loads 32-bit libraries only.",
                      installAgain);
-    if (const std::wstring missing = missingEntry(file.header); !missing.empty())
+    if (const std::wstring missing = missingEntry(*file.header); !missing.empty())
         return wrong(L"The file is not the add-in, or damaged: it lacks the entry point " + missing + L".",
                      installAgain);
     return good(L"32-bit, with the four entry points of a COM server.");
@@ -93,7 +92,7 @@ Verdict judgeAddinVersion(const Facts& facts)
     const FileFacts& file = facts.addin.file;
     if (!file.isRead())
         return notWithoutFile();
-    if (!isUsable(facts.addin))
+    if (!isAddin(file))
         return skipped(L"The file is not one that has a version.");
     if (file.version.empty())
         return warning(L"The file has no version.", installAgain);
@@ -146,7 +145,7 @@ Verdict judgeAddinFolder(const Facts& facts)
 
 Verdict judgeAddinLoad(const Facts& facts)
 {
-    if (!isUsable(facts.addin))
+    if (!isAddin(facts.addin.file))
         return skipped(L"There is no file that could be loaded.");
     if (facts.addin.load.isLoaded())
         return good(L"It loads in a process of its own.");

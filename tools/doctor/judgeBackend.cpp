@@ -34,15 +34,19 @@ Verdict notWithoutLibrary()
     return skipped(L"There is no library to look at.");
 }
 
-bool isOfRightKind(const BackendFacts& backend)
+// Why a library that is needed cannot be had.
+std::wstring whyNot(const FileFacts& file)
 {
-    const PeFile& header = backend.file.header;
-    return backend.file.isRead() && header.isProgram && header.isLibrary && header.machine == machine32;
+    if (!file.isThere)
+        return L"missing";
+    if (!file.isRead())
+        return L"unreadable: " + systemText(file.code);
+    return !file.header || !file.header->isLibrary ? L"damaged" : bitsText(*file.header);
 }
 
 bool offersTexts(const BackendFacts& backend)
 {
-    for (const std::wstring& name : missingFunctions(backend.file.header))
+    for (const std::wstring& name : missingFunctions(*backend.file.header))
         if (name == L"RZGetString")
             return false;
     return true;
@@ -69,19 +73,19 @@ Verdict judgeBackendBits(const Facts& facts)
     const FileFacts& file = facts.backend.file;
     if (!file.isRead())
         return notWithoutLibrary();
-    if (!file.header.isProgram || !file.header.isLibrary)
+    if (!file.header || !file.header->isLibrary)
         return wrong(L"The library is damaged: it is no library of Windows.", repairTool);
-    if (file.header.machine != machine32)
-        return wrong(L"The library is " + bitsText(file.header.machine) + L"; the IDE is a 32-bit program.",
+    if (!file.header->is32BitX86())
+        return wrong(L"The library is " + bitsText(*file.header) + L"; the IDE is a 32-bit program.",
                      L"Install the 32-bit edition of the tool.");
     return good(L"32-bit.");
 }
 
 Verdict judgeBackendFunctions(const Facts& facts)
 {
-    if (!isOfRightKind(facts.backend))
+    if (!facts.backend.file.is32BitLibrary())
         return notWithoutLibrary();
-    const std::vector<std::wstring> missing = missingFunctions(facts.backend.file.header);
+    const std::vector<std::wstring> missing = missingFunctions(*facts.backend.file.header);
     if (missing.empty())
         return good(L"It has all " + numberText(static_cast<int32_t>(BackendFunction::count)) +
                     L" functions that the add-in knows.");
@@ -96,14 +100,13 @@ Verdict judgeBackendFunctions(const Facts& facts)
 Verdict judgeBackendDependencies(const Facts& facts)
 {
     const BackendFacts& backend = facts.backend;
-    if (!isOfRightKind(backend))
+    if (!backend.file.is32BitLibrary())
         return notWithoutLibrary();
     if (backend.dependencies.empty())
         return good(L"All libraries that it needs are there.");
     std::vector<std::wstring> lines;
     for (const Dependency& row : backend.dependencies)
-        lines.push_back(shownText(row.name) + L", which " + shownText(row.of) + L" needs, is " +
-                        (row.isMissing ? L"missing" : bitsText(row.machine)));
+        lines.push_back(shownText(row.name) + L", which " + shownText(row.of) + L" needs, is " + whyNot(row.file));
     std::wstring text = L"The library cannot be loaded: " + lines.front() + L".";
     return wrong(std::move(text), repairTool, std::move(lines));
 }
@@ -111,7 +114,7 @@ Verdict judgeBackendDependencies(const Facts& facts)
 Verdict judgeBackendLoad(const Facts& facts)
 {
     const BackendFacts& backend = facts.backend;
-    if (!isOfRightKind(backend))
+    if (!backend.file.is32BitLibrary())
         return notWithoutLibrary();
     if (backend.load.isLoaded())
         return good(L"It loads in a process of its own.");
@@ -124,7 +127,7 @@ Verdict judgeTexts(const Facts& facts)
 {
     const BackendFacts& backend = facts.backend;
     using enum ChildFacts::Outcome;
-    if (!isOfRightKind(backend) || !backend.load.isLoaded() || !offersTexts(backend))
+    if (!backend.file.is32BitLibrary() || !backend.load.isLoaded() || !offersTexts(backend))
         return skipped(L"There is no library that could be asked.");
     if (backend.texts.outcome != done)
         return wrong(L"Asked for a text, the library failed: " + childText(backend.texts), repairTool);

@@ -1,5 +1,5 @@
 // What the last connection found of the IDE, as the log tells it.
-#include "base/text.h"
+#include "hostBars.h"
 #include "judgements.h"
 
 #include <algorithm>
@@ -25,8 +25,6 @@ constexpr MemberRow members[] = {
 #undef HOST_OTHER_WAY
 
 constexpr std::wstring_view membersBegin = L"host members: ";
-constexpr std::wstring_view barsBegin = L"host bars: ";
-constexpr std::wstring_view entryMark = L"; the entry goes to ";
 constexpr std::wstring_view lacksMark = L"; lacks ";
 
 const wchar_t notTold[] =
@@ -81,21 +79,22 @@ Verdict judgeHostMembers(const Facts& facts)
 
 Verdict judgeHostBars(const Facts& facts)
 {
-    const auto line = std::ranges::find_if(facts.log.host, [](const auto& one) { return one.starts_with(barsBegin); });
-    const size_t mark = line == facts.log.host.end() ? std::wstring::npos : line->find(entryMark);
-    if (mark == std::wstring::npos)
+    std::optional<HostBars> told;
+    std::vector<std::wstring> details;
+    for (const std::wstring& line : facts.log.host)
+        if (auto one = readHostBars(line)) {
+            told = std::move(one);
+            details = {line};
+        }
+    if (!told)
         return skipped(notTold);
-    const std::wstring number = line->substr(mark + entryMark.size());
-    const std::wstring bars = L", " + line->substr(barsBegin.size(), mark - barsBegin.size());
-    const size_t found = bars.find(L", " + number + L" ");
-    if (found == std::wstring::npos)
-        return warning(L"There is no bar " + number + L", which gets the entry of the add-in.", sendLog, {*line});
-    const size_t begin = found + number.size() + 3;
-    const std::wstring name = bars.substr(begin, bars.find(L", ", begin) - begin);
-    if (!name.starts_with(L'"'))
-        return warning(L"Bar " + number + L", which gets the entry of the add-in, cannot be read: " + name, sendLog,
-                       {*line});
-    return good(L"The entry is on bar " + number + L", " + name + L".", {*line});
+    const auto bar = std::ranges::find(told->bars, told->entry, &HostBar::number);
+    const std::wstring which = told->entry + L", which gets the entry of the add-in";
+    if (bar == told->bars.end())
+        return warning(L"There is no bar " + which + L".", sendLog, details);
+    if (!bar->hasName)
+        return warning(L"Bar " + which + L", cannot be read: " + quoted(bar->words) + L".", sendLog, details);
+    return good(L"The entry is on bar " + told->entry + L", " + quoted(bar->words) + L".", details);
 }
 
 } // namespace velk::doctor

@@ -22,10 +22,10 @@ Verdict denied(const std::wstring& what)
                    L"Give the users of this machine the right to read it, or start the doctor as administrator.");
 }
 
-// Whether --fix may register: the add-in's own file must be there, and must not take the place of another copy.
+// Whether --fix may register: the file must be the add-in, be there, and not take the place of another copy.
 Remedy remedyOf(const Facts& facts)
 {
-    const bool canRegister = facts.addin.load.isLoaded();
+    const bool canRegister = facts.addin.load.isLoaded() && isAddin(facts.addin.file);
     const std::wstring path = registeredPath(facts);
     const bool isOurs = path.empty() || isSameText(path, facts.addin.file.path) || !isRegisteredThere(facts) ||
                         facts.addin.place == AddinPlace::named;
@@ -81,6 +81,8 @@ bool isUnregistered(const Facts& facts)
 
 Verdict judgeClasses(const Facts& facts)
 {
+    if (isUnregistered(facts) && facts.addin.place == AddinPlace::none)
+        return notRegistered();
     if (isUnregistered(facts))
         return withRemedy(wrong(L"The add-in is not registered on this machine.", registerByHand), remedyOf(facts));
     const std::wstring path = registeredPath(facts);
@@ -164,8 +166,8 @@ Verdict judgeUsersRegistration(const Facts& facts)
     for (const ClassFacts& row : facts.registration.classes) {
         if (!row.userServer.isMissing())
             sort(row.name, row.userServerPath, row.isUserServerThere);
-        else if (row.userProgIdsClass.isText() && !isSameText(row.userProgIdsClass.text, row.clsid))
-            dead.push_back(row.name + L" names " + shown(row.userProgIdsClass));
+        if (row.isUserNameAstray)
+            (row.isUserNamesClassThere ? alive : dead).push_back(row.name + L" names " + shown(row.userProgIdsClass));
     }
     if (!facts.registration.userLibrary.isMissing())
         sort(L"the type library", facts.registration.userLibraryPath, facts.registration.isUserLibraryThere);
@@ -187,9 +189,7 @@ Verdict judgeLeftovers(const Facts& facts)
     if (leftovers.empty())
         return good(L"There are none of another version.");
     return warning(L"Names of another version of the add-in are registered: " + list(leftovers) + L".",
-                   L"Remove the other version by its own installer, or these keys under "
-                   L"HKEY_LOCAL_MACHINE\\Software\\Classes.",
-                   leftovers);
+                   L"Remove the other version by its own installer, or these keys.", leftovers);
 }
 
 Verdict judgeIdeKey(const Facts& facts)

@@ -12,6 +12,41 @@ std::wstring processText(const IdeProcess& process)
     return L"process " + numberText(static_cast<int32_t>(process.id)) + L" (" + shownText(process.path) + L")";
 }
 
+// Whether something that has its own line keeps an IDE from loading the add-in.
+bool isKeptOut(const Facts& facts)
+{
+    for (const auto judge :
+         {judgeAddinFile, judgeAddinBits, judgeAddinLoad, judgeClasses, judgeProgIds, judgeIdeKey, judgeAddinManager})
+        if (isComplaint(judge(facts).state))
+            return true;
+    return false;
+}
+
+// What the IDE has loaded.
+Verdict judgeProcess(const Facts& facts, const IdeProcess& process)
+{
+    if (process.addins.empty() && isKeptOut(facts))
+        return skipped(L"An IDE runs without the add-in, for a reason above: " + processText(process) + L".");
+    if (process.addins.empty())
+        return warning(L"An IDE runs without the add-in: " + processText(process) + L".",
+                       L"Choose the add-in in the IDE's Add-In Manager.");
+    for (const std::wstring& path : process.addins) {
+        if (isSameText(path, registeredPath(facts)) && isComplaint(judgeCopy(facts).state))
+            return skipped(L"An IDE runs with the copy that is registered: " + processText(process) + L".");
+        if (!isSameText(path, facts.addin.file.path))
+            return wrong(L"An IDE runs with another copy of the add-in: " + processText(process) + L" has " +
+                             quoted(path) + L".",
+                         L"End the IDE, register this copy, and start the IDE again.");
+    }
+    const std::wstring& library = facts.backend.file.path;
+    for (const std::wstring& path : process.libraries)
+        if (!library.empty() && !isSameText(path, library))
+            return warning(L"An IDE runs with another copy of the tool's library: " + processText(process) + L" has " +
+                               quoted(path) + L", not " + quoted(library) + L".",
+                           L"Put the add-in into the folder of the library that is right, and start the IDE again.");
+    return good({});
+}
+
 bool isOff(const LogFacts& log)
 {
     return log.path.empty();
@@ -57,24 +92,19 @@ Verdict judgeRunningAddin(const Facts& facts)
     const RunningFacts& running = facts.running;
     if (running.processes.empty())
         return good(L"No IDE (" + shownText(running.program) + L") is running.");
+    Verdict worst = good(L"The add-in is in every IDE that runs and can be looked into.");
     std::vector<std::wstring> details;
     for (const IdeProcess& process : running.processes) {
-        for (const std::wstring& path : process.addins)
-            details.push_back(processText(process) + L" has " + quoted(path));
-        if (!process.areModulesKnown) {
+        for (const auto* modules : {&process.addins, &process.libraries})
+            for (const std::wstring& path : *modules)
+                details.push_back(processText(process) + L" has " + quoted(path));
+        if (!process.areModulesKnown)
             details.push_back(processText(process) + L" does not let itself be looked into");
-            continue;
-        }
-        if (process.addins.empty())
-            return warning(L"An IDE runs without the add-in: " + processText(process) + L".",
-                           L"Choose the add-in in the IDE's Add-In Manager; if it is not listed there, see above.");
-        for (const std::wstring& path : process.addins)
-            if (!isSameText(path, facts.addin.file.path))
-                return wrong(L"An IDE runs with another copy of the add-in: " + processText(process) + L" has " +
-                                 quoted(path) + L".",
-                             L"End the IDE, register this copy, and start the IDE again.");
+        else if (Verdict verdict = judgeProcess(facts, process); verdict.state > worst.state)
+            worst = std::move(verdict);
     }
-    return good(L"The add-in is in every IDE that runs and can be looked into.", std::move(details));
+    worst.details = std::move(details);
+    return worst;
 }
 
 Verdict judgeRunningAnswers(const Facts& facts)

@@ -77,7 +77,7 @@ Verdict judgeInstalled(const Facts& facts)
                            shown(installed.version) + L", its folder " + shown(installed.folder) + L".",
                        L"Run the installer again and let it repair.");
     const std::wstring& file = facts.addin.file.version;
-    if (!file.empty() && !file.starts_with(installed.version.text))
+    if (!file.empty() && !(file + L".").starts_with(installed.version.text + L"."))
         return warning(L"Installed is version " + shown(installed.version) + L", but the file is of " + quoted(file) +
                            L".",
                        L"Run the installer again and let it repair.");
@@ -100,6 +100,10 @@ Verdict judgeSourceSafe(const Facts& facts)
     if (!sourceSafe.server.isText() || !sourceSafe.isServerThere)
         return warning(L"SourceSafe is registered, but its library is not where the registry says: " +
                            shown(sourceSafe.server) + L".",
+                       L"Repair SourceSafe by its setup.", std::move(details));
+    if (!sourceSafe.isAutomationThere)
+        return warning(L"SourceSafe is there, but its automation is not registered: the class of its name is " +
+                           shown(sourceSafe.automationClass) + L".",
                        L"Repair SourceSafe by its setup.", std::move(details));
     if (!missing.empty())
         return warning(L"A database of SourceSafe cannot be reached: " + missing + L" has no srcsafe.ini.",

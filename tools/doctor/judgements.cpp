@@ -5,6 +5,8 @@
 #include "base/error.h"
 #include "base/text.h"
 
+#include <algorithm>
+
 namespace velk::doctor {
 
 const wchar_t registerByHand[] =
@@ -49,14 +51,35 @@ std::wstring quoted(const std::wstring& text)
 
 bool isSameText(const std::wstring& one, const std::wstring& other) noexcept
 {
-    constexpr LCID invariant = MAKELCID(MAKELANGID(LANG_INVARIANT, SUBLANG_NEUTRAL), SORT_DEFAULT);
-    return CompareStringW(invariant, NORM_IGNORECASE, one.data(), static_cast<int>(one.size()), other.data(),
-                          static_cast<int>(other.size())) == CSTR_EQUAL;
+    // By the letters alone, as the system compares names of files: by its dictionaries, different ones are alike.
+    const auto upper = [](wchar_t letter) {
+        return CharUpperW(reinterpret_cast<wchar_t*>(static_cast<UINT_PTR>(letter)));
+    };
+    return std::equal(one.begin(), one.end(), other.begin(), other.end(),
+                      [upper](wchar_t left, wchar_t right) { return upper(left) == upper(right); });
+}
+
+std::wstring bitsText(const check::PeFile& program)
+{
+    switch (program.machine) {
+    case 0x014C:
+        return program.isWide ? L"64-bit" : L"32-bit";
+    case 0x8664:
+    case 0xAA64:
+    case 0x0200:
+        return L"64-bit";
+    default:
+        return L"for another processor";
+    }
 }
 
 std::wstring systemText(DWORD code)
 {
-    return Error::fromWin32(code).description() + L" (" + numberText(static_cast<int32_t>(code)) + L")";
+    std::wstring words = Error::fromWin32(code).description();
+    // The system leaves a gap for the file's name in some of its texts.
+    if (const size_t gap = words.find(L"%1"); gap != std::wstring::npos)
+        words.replace(gap, 2, L"The file");
+    return words + L" (" + numberText(static_cast<int32_t>(code)) + L")";
 }
 
 std::wstring childText(const ChildFacts& child)

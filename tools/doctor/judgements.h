@@ -56,10 +56,13 @@ Verdict withRemedy(Verdict verdict, Remedy remedy);
 
 std::wstring quoted(const std::wstring& text);
 bool isSameText(const std::wstring& one, const std::wstring& other) noexcept; // letters large or small
-std::wstring systemText(DWORD code);                                          // the system's words and the number
+std::wstring bitsText(const check::PeFile& program); // "32-bit", "64-bit", "for another processor"
+std::wstring systemText(DWORD code);                 // the system's words and the number
 // How a step in a child process ended, as the end of a sentence that begins with what was asked of whom.
 std::wstring childText(const ChildFacts& child);
 
+// Whether a file has what the add-in's has: what else is said of it is said of the add-in.
+bool isAddin(const FileFacts& file);
 // The file that the classes are registered with: the add-in's own if any of them is, else that of the entry object.
 std::wstring registeredPath(const Facts& facts);
 bool isRegisteredThere(const Facts& facts); // whether that file exists

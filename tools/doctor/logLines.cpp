@@ -1,7 +1,7 @@
 #include "logLines.h"
 
-#include "base/win32.h"
 #include "files.h"
+#include "utf8.h"
 
 #include <algorithm>
 
@@ -13,14 +13,16 @@ constexpr std::wstring_view membersBegin = L"host members: ";
 constexpr std::wstring_view barsBegin = L"host bars: ";
 constexpr std::wstring_view reportBegin = L"host members: DTE ";
 
-std::wstring fromUtf8(const std::vector<unsigned char>& bytes)
+// A line without the time that it begins with; nothing of one that does not.
+std::wstring wordsOf(const std::wstring& line)
 {
-    const auto* begin = reinterpret_cast<const char*>(bytes.data());
-    const int count = static_cast<int>(bytes.size());
-    std::wstring text(bytes.size(), L'\0');
-    const int length = MultiByteToWideChar(CP_UTF8, 0, begin, count, text.data(), static_cast<int>(text.size()));
-    text.resize(static_cast<size_t>(length > 0 ? length : 0));
-    return text;
+    constexpr std::wstring_view time = L"0000-00-00 00:00:00.000 ";
+    const auto fits = [](wchar_t mark, wchar_t character) {
+        return mark == L'0' ? character >= L'0' && character <= L'9' : character == mark;
+    };
+    return line.size() >= time.size() && std::equal(time.begin(), time.end(), line.begin(), fits)
+               ? line.substr(time.size())
+               : std::wstring();
 }
 
 } // namespace
@@ -28,8 +30,12 @@ std::wstring fromUtf8(const std::vector<unsigned char>& bytes)
 std::vector<std::wstring> logLines(const std::wstring& path, size_t mostBytes)
 {
     std::vector<unsigned char> bytes;
-    readBytes(path, mostBytes, Part::end, bytes);
-    const std::wstring text = fromUtf8(bytes);
+    readBytes(path, mostBytes + 1, Part::end, bytes);
+    // The rest of a line whose beginning is left out is none.
+    const auto lineEnd = std::find(bytes.begin(), bytes.end(), '\n');
+    if (bytes.size() > mostBytes)
+        bytes.erase(bytes.begin(), lineEnd == bytes.end() ? lineEnd : lineEnd + 1);
+    const std::wstring text = fromUtf8({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
     std::vector<std::wstring> lines;
     for (size_t begin = 0; begin < text.size();) {
         const size_t end = std::min(text.find(L'\n', begin), text.size());
@@ -47,12 +53,12 @@ std::vector<std::wstring> lastReportOfHost(const std::wstring& path)
     std::vector<std::wstring> report;
     for (const std::wstring& file : {path + L".old", path})
         for (const std::wstring& line : logLines(file, wholeLog)) {
-            const size_t at = std::min(line.find(membersBegin), line.find(barsBegin));
-            if (at == std::wstring::npos)
+            const std::wstring words = wordsOf(line);
+            if (!words.starts_with(membersBegin) && !words.starts_with(barsBegin))
                 continue;
-            if (line.compare(at, reportBegin.size(), reportBegin) == 0)
+            if (words.starts_with(reportBegin))
                 report.clear();
-            report.push_back(line.substr(at));
+            report.push_back(words);
         }
     return report;
 }

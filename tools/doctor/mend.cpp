@@ -23,7 +23,7 @@ Mended told(std::wstring text, const std::function<void()>& step)
     const auto failure = attempt(step);
     if (!failure)
         return {text + L".", true};
-    const bool isDenied = failure->number() == ERROR_ACCESS_DENIED || failure->number() == errorPermissionDenied;
+    const bool isDenied = failure->result() == E_ACCESSDENIED;
     return {text + L": this failed, " + failure->description() + (isDenied ? rightsNeeded : L"") + L".", false};
 }
 
@@ -96,10 +96,10 @@ void removeUsersRegistration(const Facts& facts)
 {
     for (const ClassFacts& row : facts.registration.classes) {
         const bool isDead = !row.userServer.isMissing() && !row.isUserServerThere;
-        const bool isAstray = row.userProgIdsClass.isText() && !isSameText(row.userProgIdsClass.text, row.clsid);
+        const bool isAstray = row.isUserNameAstray && !row.isUserNamesClassThere;
         if (isDead)
             registry::removeTree(HKEY_CURRENT_USER, classPlace(row.clsid));
-        if ((isDead && !row.userProgIdsClass.isMissing()) || isAstray)
+        if ((isDead && !row.userProgIdsClass.isMissing() && !row.isUserNameAstray) || isAstray)
             registry::removeTree(HKEY_CURRENT_USER, progIdPlace(row.name));
     }
     if (!facts.registration.userLibrary.isMissing() && !facts.registration.isUserLibraryThere)

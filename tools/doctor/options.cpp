@@ -14,6 +14,7 @@ struct Switch {
 struct Setting {
     const wchar_t* name;
     void (*set)(Options& options, const std::wstring& value);
+    std::wstring (*get)(const Options& options); // empty: not said
     const wchar_t* help;
 };
 
@@ -25,6 +26,11 @@ void setWait(Options& options, const std::wstring& value)
     options.wait = isNumber ? static_cast<uint32_t>(textToLong(value)) : 0;
     if (options.wait == 0)
         options.error = L"--wait needs a number of seconds from 1 to 9999";
+}
+
+void setAddin(Options& options, const std::wstring& value)
+{
+    options.addin = value;
 }
 
 void setIde(Options& options, const std::wstring& value)
@@ -45,10 +51,12 @@ constexpr Switch switches[] = {
     {L"--help",    &Options::isHelp,     L"say this"},
 };
 constexpr Setting settings[] = {
-    {L"--dll",  [](Options& options, const std::wstring& value) { options.addin = value; },
+    {L"--dll",  setAddin, [](const Options& options) { return options.addin; },
                                          L"PATH   the add-in's file to look at"},
-    {L"--ide",  setIde,                  L"NAME   the IDE's program, devenv.exe if not said"},
-    {L"--wait", setWait,                 L"SECONDS   how long a library may take to load, 20 if not said"},
+    {L"--ide",  setIde,   [](const Options& options) { return options.isIdeNamed ? options.ide : std::wstring(); },
+                                         L"NAME   the IDE's program, devenv.exe if not said"},
+    {L"--wait", setWait,  [](const Options& options) { return numberText(static_cast<int32_t>(options.wait)); },
+                                         L"SECONDS   how long a library may take to load, 20 if not said"},
 };
 // clang-format on
 
@@ -60,6 +68,20 @@ bool readSwitch(Options& options, const std::wstring& argument)
             return true;
         }
     return false;
+}
+
+// As a program's beginning takes a command line apart: backslashes before a quote are doubled.
+std::wstring quoted(const std::wstring& value)
+{
+    std::wstring text = L"\"";
+    size_t backslashes = 0;
+    for (const wchar_t character : value) {
+        if (character == L'"')
+            text.append(backslashes + 1, L'\\');
+        backslashes = character == L'\\' ? backslashes + 1 : 0;
+        text += character;
+    }
+    return text.append(backslashes, L'\\') + L'"';
 }
 
 const Setting* settingOf(const std::wstring& argument)
@@ -87,6 +109,18 @@ Options readOptions(const std::vector<std::wstring>& arguments)
             setting->set(options, arguments[++index]);
     }
     return options;
+}
+
+std::wstring argumentsOf(const Options& options)
+{
+    std::wstring line;
+    for (const Switch& row : switches)
+        if (options.*row.field)
+            line += std::wstring(row.name) + L' ';
+    for (const Setting& row : settings)
+        if (const std::wstring value = row.get(options); !value.empty())
+            line += std::wstring(row.name) + L' ' + quoted(value) + L' ';
+    return line;
 }
 
 std::wstring helpText()

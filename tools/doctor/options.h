@@ -24,6 +24,8 @@ struct Options {
 };
 
 Options readOptions(const std::vector<std::wstring>& arguments);
+// The command line that is read as these options.
+std::wstring argumentsOf(const Options& options);
 std::wstring helpText();
 
 } // namespace velk::doctor

@@ -1,7 +1,10 @@
 // Tested in tests/tools/doctor/machine/programTest.cpp.
 #include "output.h"
 
-#include "base/win32.h"
+#include "base/boundary.h"
+#include "utf8.h"
+
+#include <algorithm>
 
 namespace velk::doctor {
 namespace {
@@ -15,6 +18,34 @@ bool isConsole(HANDLE handle) noexcept
 {
     DWORD mode = 0;
     return GetConsoleMode(handle, &mode) != FALSE;
+}
+
+// A console of an older Windows takes some ten thousand characters at once.
+void writeToConsole(HANDLE console, std::wstring_view text)
+{
+    constexpr size_t most = 8000;
+    while (!text.empty()) {
+        const size_t lineEnd = text.substr(0, most).rfind(L'\n');
+        const size_t length = lineEnd == std::wstring_view::npos ? std::min(text.size(), most) : lineEnd + 1;
+        DWORD written = 0;
+        throwLastErrorUnless(WriteConsoleW(console, text.data(), static_cast<DWORD>(length), &written, nullptr) !=
+                             FALSE);
+        text.remove_prefix(length);
+    }
+}
+
+void writeToStream(HANDLE stream, const std::wstring& text)
+{
+    const std::string bytes = toUtf8(text);
+    std::string_view rest = bytes;
+    while (!rest.empty()) {
+        DWORD written = 0;
+        throwLastErrorUnless(WriteFile(stream, rest.data(), static_cast<DWORD>(rest.size()), &written, nullptr) !=
+                             FALSE);
+        if (written == 0)
+            throw Error::fromWin32(ERROR_DISK_FULL);
+        rest.remove_prefix(written);
+    }
 }
 
 } // namespace
@@ -34,21 +65,15 @@ Output::Output() noexcept
     m_kind = isUsable(m_handle) ? Kind::console : Kind::none;
     // The prompt stands there already.
     if (isThere())
-        write(L"\r\n");
+        swallow(L"Output", L"what is written next tells whether it can be", [this] { write(L"\r\n"); });
 }
 
 void Output::write(const std::wstring& text) const
 {
-    const auto length = static_cast<DWORD>(text.size());
-    DWORD written = 0;
-    if (m_kind == Kind::console) {
-        WriteConsoleW(m_handle, text.data(), length, &written, nullptr);
-    } else if (m_kind == Kind::stream) {
-        std::string bytes(text.size() * 3, '\0');
-        const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(length), bytes.data(),
-                                             static_cast<int>(bytes.size()), nullptr, nullptr);
-        WriteFile(m_handle, bytes.data(), static_cast<DWORD>(size), &written, nullptr);
-    }
+    if (m_kind == Kind::console)
+        writeToConsole(m_handle, text);
+    else if (m_kind == Kind::stream)
+        writeToStream(m_handle, text);
 }
 
 } // namespace velk::doctor

@@ -9,7 +9,7 @@ class Output {
 public:
     Output() noexcept;
     bool isThere() const noexcept { return m_kind != Kind::none; }
-    // To a console as it is, to a file or pipe in UTF-8.
+    // To a console as it is, to a file or pipe in UTF-8. Throws when it does not get there.
     void write(const std::wstring& text) const;
 
 private:

@@ -47,6 +47,7 @@ void understand(RegistryValue& value, const std::vector<BYTE>& data)
         value.text.resize(value.size / sizeof(wchar_t));
         memcpy(value.text.data(), data.data(), value.text.size() * sizeof(wchar_t));
         value.text.resize(wcslen(value.text.c_str()));
+        value.written = value.text;
         if (value.type == REG_EXPAND_SZ)
             value.text = expanded(value.text);
     }

@@ -11,7 +11,8 @@ namespace velk::doctor {
 struct RegistryValue {
     enum class State { missing, denied, unreadable, text, number, other };
     State state = State::missing;
-    std::wstring text; // as it is to be understood: up to its first NUL, variables of the environment put in
+    std::wstring text;    // as it is to be understood: up to its first NUL, variables of the environment put in
+    std::wstring written; // the same with the names of the variables
     DWORD number = 0;
     DWORD type = 0;
     DWORD size = 0; // bytes

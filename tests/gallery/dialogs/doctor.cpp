@@ -16,7 +16,12 @@ Facts aMachine()
     facts.addin.place = AddinPlace::beside;
     facts.addin.file.path = L"C:\\Program Files\\Velk Development\\Rozel for everybody\\Tools\\Bin\\velkviadd.dll";
     facts.addin.file.isThere = true;
-    facts.addin.file.header = {true, true, machine32, {}, {}};
+    facts.addin.file.header.emplace();
+    facts.addin.file.header->machine = 0x014C;
+    facts.addin.file.header->isLibrary = true;
+    for (const char* name : {"DllCanUnloadNow", "DllGetClassObject", "DllRegisterServer", "DllUnregisterServer"})
+        facts.addin.file.header->exports.push_back({name, 1, false, true});
+    facts.addin.file.version = L"1.0.0.0";
     facts.addin.load.outcome = ChildFacts::Outcome::done;
     facts.backend.places = {{L"C:\\Program Files\\Velk Development\\Rozel for everybody\\Tools\\Bin", false},
                             {{}, false},

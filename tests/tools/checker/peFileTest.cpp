@@ -64,6 +64,32 @@ TEST(PeFile, everyCutOffFile_isReadWithoutHarm)
         read({bytes.begin(), bytes.begin() + static_cast<ptrdiff_t>(size)});
 }
 
+TEST(PeFile, program_isNoLibrary)
+{
+    std::string reason;
+    const auto bytes = readFile(module::path());
+    ASSERT_TRUE(bytes);
+    const auto file = readPe(*bytes, reason);
+    ASSERT_TRUE(file);
+    EXPECT_TRUE(file->is32BitX86());
+    EXPECT_FALSE(file->isLibrary);
+}
+
+TEST(PeFile, headerWithAnyByteSpoiled_endsTheReading)
+{
+    std::vector<uint8_t> bytes = bytesOf(sample);
+    ASSERT_FALSE(bytes.empty());
+    size_t libraries = 0;
+    for (size_t place = 0; place < 1024; ++place) {
+        const uint8_t before = bytes[place];
+        bytes[place] = 0xFF;
+        libraries += read(bytes).isLibrary;
+        bytes[place] = before;
+    }
+    EXPECT_GT(libraries, 500u);
+    EXPECT_LT(libraries, 1024u);
+}
+
 TEST(PeFile, tablesThatLeadNowhere_areEmpty)
 {
     std::vector<uint8_t> bytes = bytesOf(sample);

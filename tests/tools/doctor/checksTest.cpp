@@ -118,7 +118,7 @@ TEST(ChecksTest, noAddinAnywhere_isOneComplaintOfTheFile)
         facts.ide = {};
         facts.installed = {};
     });
-    EXPECT_EQ(found.complaints, (Ids{L"addin-file", L"registered-classes"}));
+    EXPECT_EQ(found.complaints, Ids{L"addin-file"});
     EXPECT_EQ(found.of(L"registered-classes").remedy, Remedy::none);
 }
 
@@ -130,6 +130,51 @@ TEST(ChecksTest, childThatCouldNotBeStarted_isTold)
         facts.backend.load.code = ERROR_NOT_ENOUGH_MEMORY;
     });
     EXPECT_EQ(found.complaints, Ids{L"backend-load"});
+}
+
+TEST(ChecksTest, installedVersion_isTheFilesOrItsBeginning)
+{
+    const auto complaints = [](const wchar_t* installed, const wchar_t* file) {
+        return withBroken([=](Facts& facts) {
+                   facts.installed.version.text = installed;
+                   facts.addin.file.version = file;
+               })
+            .complaints.contains(L"installed");
+    };
+    EXPECT_FALSE(complaints(L"1.0.0", L"1.0.0.0"));
+    EXPECT_FALSE(complaints(L"1.0.0.0", L"1.0.0.0"));
+    EXPECT_TRUE(complaints(L"1.0.1", L"1.0.10.0"));
+    EXPECT_TRUE(complaints(L"", L"1.0.0.0"));
+}
+
+TEST(ChecksTest, paths_areTheSameByTheirLetters)
+{
+    EXPECT_TRUE(isSameText(L"C:\\\u00C4\u0416 tool", L"c:\\\u00E4\u0436 TOOL"));
+    EXPECT_FALSE(isSameText(L"C:\\re\u00ADsume", L"C:\\resume"));
+    EXPECT_FALSE(isSameText(L"C:\\e\u0301", L"C:\\\u00E9"));
+    EXPECT_FALSE(isSameText(L"C:\\a", L"C:\\ab"));
+}
+
+TEST(ChecksTest, needThatIsNotMissing_isToldByWhatIsWrongWithIt)
+{
+    const auto told = [](const FileFacts& file) {
+        return withBroken([&](Facts& facts) {
+                   facts.backend.load.systemCode = ERROR_BAD_EXE_FORMAT;
+                   facts.backend.dependencies = {{L"need.dll", L"velkvsadd.dll", file}};
+               })
+            .of(L"backend-needs")
+            .text;
+    };
+    FileFacts file;
+    EXPECT_THAT(told(file), HasSubstr(L"is missing"));
+    file.isThere = true;
+    EXPECT_THAT(told(file), HasSubstr(L"is damaged"));
+    file.header.emplace();
+    file.header->isLibrary = true;
+    file.header->machine = 0x8664;
+    EXPECT_THAT(told(file), HasSubstr(L"is 64-bit"));
+    file.code = ERROR_ACCESS_DENIED;
+    EXPECT_THAT(told(file), HasSubstr(L"(5)"));
 }
 
 TEST(ChecksTest, utf8AsCodePage_isTold)
@@ -172,6 +217,55 @@ TEST(ChecksTest, ideThatCannotBeLookedInto_isNoComplaint)
     const Found found =
         withBroken([](Facts& facts) { facts.running.processes = {{7, L"devenv.exe", false, {}, true, true}}; });
     EXPECT_EQ(found.complaints, Ids{});
+}
+
+TEST(ChecksTest, ideWithoutTheAddinThatIsSwitchedOff_isNoComplaintOfItsOwn)
+{
+    const auto runIde = [](Facts& facts) { facts.running.processes = {{7, L"C:\\devenv.exe", true, {}, true, true}}; };
+    EXPECT_EQ(withBroken(runIde).complaints, Ids{L"running-addin"});
+    const Found found = withBroken([&](Facts& facts) {
+        runIde(facts);
+        facts.ide.machine.loadBehavior.number = 0;
+    });
+    EXPECT_EQ(found.complaints, Ids{L"ide-switch"});
+    EXPECT_EQ(found.of(L"running-addin").state, State::skipped);
+}
+
+TEST(ChecksTest, ideWithTheOtherCopyThatIsRegistered_isNoComplaintOfItsOwn)
+{
+    const std::wstring other = L"D:\\Other\\velkviadd.dll";
+    const auto runIde = [&](Facts& facts) {
+        facts.running.processes = {{7, L"C:\\devenv.exe", true, {other}, true, true}};
+    };
+    EXPECT_EQ(withBroken(runIde).complaints, Ids{L"running-addin"});
+    EXPECT_EQ(withBroken([&](Facts& facts) {
+                  runIde(facts);
+                  for (ClassFacts& row : facts.registration.classes) {
+                      row.serverPath = row.server.text = other;
+                      row.isServerThere = true;
+                  }
+                  facts.registration.libraryPath = other;
+              }).complaints,
+              Ids{L"registered-copy"});
+}
+
+TEST(ChecksTest, severalIdes_areToldByTheWorst)
+{
+    const Found found = withBroken([](Facts& facts) {
+        const std::wstring& addin = facts.addin.file.path;
+        facts.running.processes = {{1, L"C:\\devenv.exe", true, {addin}, true, true},
+                                   {2, L"C:\\devenv.exe", true, {}, true, true},
+                                   {3, L"C:\\devenv.exe", true, {L"D:\\velkviadd.dll"}, true, true},
+                                   {4, L"C:\\devenv.exe", false, {}, true, true}};
+    });
+    EXPECT_EQ(found.complaints, Ids{L"running-addin"});
+    EXPECT_THAT(found.of(L"running-addin").text, HasSubstr(L"process 3"));
+    EXPECT_EQ(found.of(L"running-addin").details.size(), 3u);
+}
+
+TEST(ChecksTest, systemsWords_haveNoGap)
+{
+    EXPECT_EQ(systemText(ERROR_BAD_EXE_FORMAT).find(L"%1"), std::wstring::npos);
 }
 
 TEST(ChecksTest, areaThatFailed_isALineOfEachOfItsChecks)

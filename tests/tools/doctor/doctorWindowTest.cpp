@@ -76,6 +76,16 @@ TEST_F(DoctorWindowTest, firstComplaint_isSelectedAndToldInFull)
     EXPECT_FALSE(IsWindowEnabled(item(Id::cmdFix)));
 }
 
+TEST_F(DoctorWindowTest, complaintThatTheSentenceNames_isSelected)
+{
+    machine.addin.file.version.clear();
+    machine.language.codePage = 65001;
+    machine.backend.texts.answer.clear();
+    window.look(false);
+    EXPECT_THAT(text(Id::lblSentence), testing::HasSubstr(L"Tool's texts"));
+    EXPECT_EQ(cell(selectedRow(), 1), L"Tool's texts");
+}
+
 TEST_F(DoctorWindowTest, complaintThatCanBeFixed_enablesTheButtonWhichFixes)
 {
     machine.registration.classes[1].server = {};
@@ -148,6 +158,41 @@ TEST_F(DoctorWindowTest, closedWhileItLooks_goesAfterwards)
     };
     window.look(false);
     EXPECT_EQ(window.hwnd(), nullptr);
+}
+
+TEST_F(DoctorWindowTest, lookThatFails_isToldAndCanBeRepeated)
+{
+    during = [] { throw std::bad_alloc(); };
+    press(Id::cmdAgain);
+    EXPECT_EQ(text(Id::lblSentence), L"The doctor itself failed: Out of memory");
+    EXPECT_EQ(window.exitCode(), exitFailed);
+    during = nullptr;
+    press(Id::cmdAgain);
+    EXPECT_EQ(text(Id::lblSentence), L"Everything that the add-in needs is in order.");
+    EXPECT_EQ(window.exitCode(), exitGood);
+}
+
+TEST_F(DoctorWindowTest, lookThatFailsWhileItIsClosed_endsTheWindow)
+{
+    during = [this] {
+        press(Id::cmdClose);
+        throw std::bad_alloc();
+    };
+    press(Id::cmdAgain);
+    EXPECT_EQ(window.hwnd(), nullptr);
+    EXPECT_EQ(window.exitCode(), exitFailed);
+}
+
+TEST(ToFixTest, doctorWithMoreRights_looksAtTheSameInTheSameManner)
+{
+    Options options;
+    options.addin = L"velkviadd.dll";
+    options.wait = 7;
+    const Options forFix = toFix(options);
+    EXPECT_TRUE(forFix.isWindow && forFix.isFix);
+    EXPECT_EQ(forFix.wait, 7u);
+    EXPECT_THAT(forFix.addin, testing::AllOf(testing::HasSubstr(L":\\"), testing::EndsWith(L"\\velkviadd.dll")));
+    EXPECT_EQ(toFix({}).addin, L"");
 }
 
 TEST_F(DoctorWindowTest, lookWithinALook_isNone)

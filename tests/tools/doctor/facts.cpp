@@ -35,6 +35,14 @@ ChildFacts done(const std::wstring& answer = {})
     return child;
 }
 
+check::PeFile library32()
+{
+    check::PeFile file;
+    file.machine = 0x014C;
+    file.isLibrary = true;
+    return file;
+}
+
 void registerIt(Facts& facts)
 {
     for (const PublishedName& name : publishedNames()) {
@@ -63,18 +71,18 @@ Facts healthyMachine()
     Facts facts;
     facts.system = {5, 1, 2600, L"Service Pack 3", {}, false, true, false};
     facts.addin.place = AddinPlace::beside;
-    facts.addin.file = {path, true, 0, {true, true, machine32, {}, {}}, L"1.0.0.0"};
-    facts.addin.file.header.exports = {"DllCanUnloadNow", "DllGetClassObject", "DllRegisterServer",
-                                       "DllUnregisterServer"};
+    facts.addin.file = {path, true, 0, library32(), L"1.0.0.0"};
+    for (const char* name : {"DllCanUnloadNow", "DllGetClassObject", "DllRegisterServer", "DllUnregisterServer"})
+        facts.addin.file.header->exports.push_back({name, 1, false, true});
     facts.addin.hasHashFile = true;
     facts.addin.hash = facts.addin.storedHash = L"ab";
     facts.addin.load = done();
     registerIt(facts);
     facts.installed = {true, text(L"1.0.0"), text(L"C:\\Tool\\"), L"C:\\Tool"};
     facts.backend.places = {{L"C:\\Tool", true}};
-    facts.backend.file = {L"C:\\Tool\\velkvsadd.dll", true, 0, {true, true, machine32, {}, {}}, {}};
+    facts.backend.file = {L"C:\\Tool\\velkvsadd.dll", true, 0, library32(), {}};
     for (const std::wstring& name : missingFunctions({}))
-        facts.backend.file.header.exports.push_back(toAnsi(name));
+        facts.backend.file.header->exports.push_back({toAnsi(name), 1, false, true});
     facts.backend.load = done();
     facts.backend.texts = done(L"Tahoma");
     facts.odbc.hasManager = true;

@@ -80,7 +80,32 @@ TEST(JudgeHostBarsTest, ideWithFewerBars_isAComplaint)
 
 TEST(JudgeHostBarsTest, barThatCannotBeRead_isAComplaint)
 {
-    EXPECT_EQ(judgeHostBars(with({L"host bars: 13 (no such bar); the entry goes to 13"})).state, State::warning);
+    EXPECT_EQ(judgeHostBars(with({L"host bars: 13 (\"no such bar\"); the entry goes to 13"})).state, State::warning);
+}
+
+TEST(JudgeHostBarsTest, nameOfABarThatReadsLikeAnother_isAName)
+{
+    EXPECT_EQ(judgeHostBars(with({L"host bars: 1 \"a\"\", 13 \"\"b\"; the entry goes to 13"})).state, State::warning);
+    const Verdict verdict = judgeHostBars(
+        with({L"host bars: 1 \"x; the entry goes to 2\", 2 (\"y, 13 (\"), 13 \"z\"\"\"; the entry goes to 13"}));
+    EXPECT_EQ(verdict.text, L"The entry is on bar 13, \"z\"\".");
+}
+
+TEST(JudgeHostBarsTest, lastLine_isTheOneThatCounts)
+{
+    EXPECT_THAT(judgeHostBars(with({L"host bars: none; the entry goes to 13",
+                                    L"host bars: 13 \"Add-Ins\"; the entry goes to 13"}))
+                    .text,
+                HasSubstr(L"Add-Ins"));
+}
+
+TEST(JudgeHostBarsTest, lineThatIsNoWholeOne_isSkipped)
+{
+    for (const wchar_t* line :
+         {L"host bars: ", L"host bars: 13", L"host bars: 13 \"Add-Ins", L"host bars: 13 \"A\"; the entry goes to ",
+          L"host bars: 13 \"A\"; the entry goes to 13 ", L"host bars: 13 (A); the entry goes to 13",
+          L"host bars: 13 \"A\" 14 \"B\"; the entry goes to 13", L"host bars: none, 13 \"A\"; the entry goes to 13"})
+        EXPECT_EQ(judgeHostBars(with({line})).state, State::skipped) << line;
 }
 
 TEST(JudgeHostBarsTest, logThatDoesNotTell_isSkipped)

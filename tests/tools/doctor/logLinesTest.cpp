@@ -29,6 +29,16 @@ TEST_F(LogLinesTest, lines_comeWithoutTheirEnds)
     EXPECT_THAT(logLines(path, 100), ElementsAre(L"one", L"two", L"\u00e9"));
 }
 
+TEST_F(LogLinesTest, endOfALongLog_beginsWithAWholeLine)
+{
+    write("logLines.log", "one\r\ntwo\nsix");
+    EXPECT_THAT(logLines(path, 12), ElementsAre(L"one", L"two", L"six"));
+    EXPECT_THAT(logLines(path, 11), ElementsAre(L"two", L"six"));
+    EXPECT_THAT(logLines(path, 7), ElementsAre(L"two", L"six"));
+    EXPECT_THAT(logLines(path, 6), ElementsAre(L"six"));
+    EXPECT_THAT(logLines(path, 2), IsEmpty());
+}
+
 TEST_F(LogLinesTest, fileThatIsNotThere_hasNone)
 {
     EXPECT_THAT(logLines(path, 100), IsEmpty());
@@ -37,18 +47,26 @@ TEST_F(LogLinesTest, fileThatIsNotThere_hasNone)
 
 TEST_F(LogLinesTest, reportOfTheLastConnection_isTheOneThatCounts)
 {
-    write("logLines.log",
-          "t host members: DTE has Events; lacks Solution\r\nt host bars: none; the entry goes to 13\r\n"
-          "t host: Count\r\nt host members: DTE has Events Solution; lacks none\r\n"
-          "t host members: Solution has Count; lacks FullName\r\n");
+    write("logLines.log", "2026-11-22 08:00:00.000 host members: DTE has Events; lacks Solution\r\n2026-11-22 "
+                          "08:00:00.000 host bars: none; the entry goes to 13\r\n"
+                          "2026-11-22 08:00:00.000 host: Count\r\n2026-11-22 08:00:00.000 host members: DTE has Events "
+                          "Solution; lacks none\r\n"
+                          "2026-11-22 08:00:00.000 host members: Solution has Count; lacks FullName\r\n");
     EXPECT_THAT(lastReportOfHost(path), ElementsAre(L"host members: DTE has Events Solution; lacks none",
                                                     L"host members: Solution has Count; lacks FullName"));
 }
 
+TEST_F(LogLinesTest, failureWithTheWordsOfAReport_isNone)
+{
+    write("logLines.log", "2026-11-22 08:00:00.000 start: 5 (0x800A0005) host bars: none; the entry goes to 13\r\n"
+                          "host members: DTE has none; lacks Events\r\n");
+    EXPECT_THAT(lastReportOfHost(path), IsEmpty());
+}
+
 TEST_F(LogLinesTest, logThatWasBegunAnew_isReadOnFromTheOneBefore)
 {
-    write("logLines.log.old", "t host members: DTE has Events; lacks none\r\n");
-    write("logLines.log", "t host members: Solution has Count; lacks none\r\n");
+    write("logLines.log.old", "2026-11-22 08:00:00.000 host members: DTE has Events; lacks none\r\n");
+    write("logLines.log", "2026-11-22 08:00:00.000 host members: Solution has Count; lacks none\r\n");
     EXPECT_THAT(lastReportOfHost(path), ElementsAre(L"host members: DTE has Events; lacks none",
                                                     L"host members: Solution has Count; lacks none"));
 }

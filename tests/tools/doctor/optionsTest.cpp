@@ -1,8 +1,10 @@
 #include "doctor/options.h"
 
+#include "base/win32.h"
 #include "doctor/exitCodes.h"
 
 #include <gmock/gmock.h>
+#include <shellapi.h>
 
 namespace velk::doctor {
 namespace {
@@ -27,6 +29,30 @@ TEST(OptionsTest, allOfThem_areRead)
     EXPECT_EQ(options.addin, L"C:\\a b.dll");
     EXPECT_EQ(options.ide, L"x.exe");
     EXPECT_EQ(options.wait, 5u);
+}
+
+TEST(OptionsTest, arguments_areReadAsTheOptionsThatTheyWereMadeOf)
+{
+    Options options;
+    options.isFix = options.hasDetails = options.isIdeNamed = true;
+    options.addin = L"C:\\a \"b\\\" c\\";
+    options.ide = L"an ide.exe";
+    options.wait = 7;
+    int count = 0;
+    wchar_t** const texts = CommandLineToArgvW((L"velkdoctor " + argumentsOf(options)).c_str(), &count);
+    const Options read = readOptions({texts + 1, texts + count});
+    LocalFree(texts);
+    EXPECT_EQ(read.error, L"");
+    EXPECT_TRUE(read.isFix && read.hasDetails && read.isIdeNamed);
+    EXPECT_FALSE(read.isJson || read.isWindow || read.isContract);
+    EXPECT_EQ(read.addin, options.addin);
+    EXPECT_EQ(read.ide, options.ide);
+    EXPECT_EQ(read.wait, 7u);
+}
+
+TEST(OptionsTest, argumentsOfDefaults_nameNoFileAndNoIde)
+{
+    EXPECT_EQ(argumentsOf({}), L"--wait \"20\" ");
 }
 
 TEST(OptionsTest, whatIsNotUnderstood_isTold)

@@ -101,6 +101,22 @@ TEST_F(HostReportTest, bars_areToldByNumberAndNameWithThatOfTheEntry)
     EXPECT_TRUE(lines("host bars: ").front().ends_with("); the entry goes to 13"));
 }
 
+TEST_F(HostReportTest, wordsOfTheHost_endWhereTheirQuotesDo)
+{
+    const auto odd = fakeObject(L"Bar");
+    odd->value(L"Name", variant(L"a\", 13 \"b\r\nc"));
+    const auto bars = fakeObject(L"Bars");
+    bars->value(L"Count", variant(int32_t{2}))->function(L"Item", [&](const std::vector<variant>& arguments) {
+        if (arguments.at(0).asLong() == 2)
+            throw Error(errorInvalidCall);
+        return asVariant(odd);
+    });
+    reportBars(bars.get(), 13);
+    EXPECT_THAT(
+        lines("host bars: "),
+        ElementsAre("1 \"a\"\", 13 \"\"b??c\", 2 (\"Invalid procedure call or argument\"); the entry goes to 13"));
+}
+
 TEST_F(HostReportTest, hostWithoutBars_isToldSo)
 {
     const auto bars = fakeObject(L"Bars");

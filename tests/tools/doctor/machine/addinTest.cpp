@@ -44,11 +44,16 @@ TEST_F(DoctorTest, addinThatIsNoLibrary_isTold)
 
 TEST_F(DoctorTest, otherLibraryUnderTheAddinsName_isTold)
 {
-    putFile(library(), addin());
+    putFile(otherLibrary(), addin());
     ship();
-    setText(HKEY_LOCAL_MACHINE, uninstallKey, L"DisplayVersion", L"");
-    const Diagnosis diagnosis = diagnose();
-    EXPECT_EQ(diagnosis.lines.at("addin-bits").state, "WRONG");
+    EXPECT_THAT(diagnose(), ComplainsOnlyOf("addin-bits"));
+}
+
+TEST_F(DoctorTest, programUnderTheAddinsName_isTold)
+{
+    putFile(folder() + L"\\velkdoctor.exe", addin());
+    ship();
+    EXPECT_THAT(diagnose(), ComplainsOnlyOf("addin-bits"));
 }
 
 TEST_F(DoctorTest, addinOfAnotherVersion_isTold)
@@ -93,13 +98,13 @@ TEST_F(DoctorTest, toolsLibraryOnTheSearchPathOnly_isTold)
 TEST_F(DoctorTest, installationInAnotherFolder_isTold)
 {
     install(base() + L"\\elsewhere");
-    EXPECT_THAT(diagnose(), ComplainsOnlyOf("addin-folder"));
+    EXPECT_THAT(look(), ComplainsOnlyOf("addin-folder"));
 }
 
 TEST_F(DoctorTest, installationOfAnotherVersion_isTold)
 {
     install(folder(), L"0.9.0");
-    const Diagnosis diagnosis = diagnose();
+    const Diagnosis diagnosis = look();
     EXPECT_THAT(diagnosis, ComplainsOnlyOf("installed"));
     EXPECT_EQ(diagnosis.exitCode, 1u);
 }
@@ -107,7 +112,7 @@ TEST_F(DoctorTest, installationOfAnotherVersion_isTold)
 TEST_F(DoctorTest, installationThatIsDamaged_isTold)
 {
     setNumber(HKEY_LOCAL_MACHINE, uninstallKey, L"DisplayVersion", 1);
-    EXPECT_THAT(diagnose(), ComplainsOnlyOf("installed"));
+    EXPECT_THAT(look(), ComplainsOnlyOf("installed"));
 }
 
 TEST_F(DoctorTest, addinPutThereByHand_isNoComplaint)

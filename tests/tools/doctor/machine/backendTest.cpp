@@ -81,7 +81,7 @@ TEST_F(DoctorOfALibrary, crashAtLoading_isALine)
 TEST_F(DoctorOfALibrary, hangAtLoading_isALine)
 {
     tell(L"hang at load");
-    const Diagnosis diagnosis = diagnose(L"--wait 10");
+    const Diagnosis diagnosis = diagnose(L"--wait 4");
     EXPECT_THAT(diagnosis, ComplainsOnlyOf("backend-load"));
     EXPECT_NE(textOf(diagnosis, "backend-load").find("did not come back"), std::string::npos);
 }
@@ -113,7 +113,7 @@ TEST_F(DoctorOfALibrary, crashAtTheFirstText_isALine)
 TEST_F(DoctorOfALibrary, hangAtTheFirstText_isALine)
 {
     tell(L"hang at text");
-    EXPECT_THAT(diagnose(L"--wait 10"), ComplainsOnlyOf("backend-texts"));
+    EXPECT_THAT(diagnose(L"--wait 4"), ComplainsOnlyOf("backend-texts"));
 }
 
 TEST_F(DoctorOfALibrary, endOfTheProcessAtTheFirstText_isALine)

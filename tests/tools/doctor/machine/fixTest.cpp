@@ -139,6 +139,33 @@ TEST_F(DoctorWhoFixes, usersRegistrationInAFileThatIsThere_stays)
     EXPECT_EQ(registry(), broken);
 }
 
+TEST_F(DoctorWhoFixes, usersNameOfAnotherClassThatIsThere_stays)
+{
+    setText(HKEY_CURRENT_USER, doctor::classPlace(anotherClass) + L"\\InprocServer32", {}, library());
+    setText(HKEY_CURRENT_USER, doctor::progIdPlace(L"velkviadd.Connect") + L"\\CLSID", {}, anotherClass);
+    setText(HKEY_CURRENT_USER, classOf(0) + L"\\InprocServer32", {}, L"C:\\gone\\velkviadd.dll");
+    const Diagnosis diagnosis = diagnose(L"--fix");
+    EXPECT_THAT(diagnosis, ComplainsOnlyOf("registered-user"));
+    EXPECT_EQ(diagnosis.lines.at("registered-user").state, "WARNING");
+    EXPECT_EQ(fixes(diagnosis, "true"), 1u);
+}
+
+TEST_F(DoctorWhoFixes, fileThatIsNotTheAddin_isNotRegistered)
+{
+    const Diagnosis diagnosis = diagnose(L"--fix --dll \"" + otherLibrary() + L"\"");
+    EXPECT_EQ(fixes(diagnosis, "true") + fixes(diagnosis, "false"), 0u);
+    EXPECT_EQ(diagnosis.exitCode, 2u);
+}
+
+TEST_F(DoctorWhoFixes, registrationThatTheFileRefuses_isNoMatterOfRights)
+{
+    const Diagnosis diagnosis = diagnose(L"--fix --dll \"" + library() + L"\"");
+    EXPECT_EQ(diagnosis.exitCode, 3u);
+    EXPECT_NE(diagnosis.output.find("this failed, Invalid procedure call"), std::string::npos);
+    EXPECT_EQ(diagnosis.output.find("it needs administrator rights"), std::string::npos);
+    EXPECT_EQ(registry(), healthy);
+}
+
 TEST_F(DoctorWhoFixes, registrationWithoutTheRightsForIt_isToldAndNothingIsChanged)
 {
     remove(HKEY_LOCAL_MACHINE, classOf(1));

@@ -5,12 +5,17 @@
 #include "base/module.h"
 #include "base/registry.h"
 #include "base/text.h"
+#include "doctor/child.h"
 #include "doctor/files.h"
+#include "doctor/gather.h"
 #include "doctor/publishedNames.h"
 #include "doctor/registrationPlaces.h"
+#include "doctor/report.h"
+#include "doctor/utf8.h"
 #include "support/folders.h"
 
 #include <algorithm>
+#include <shellapi.h>
 
 namespace velk::test {
 namespace {
@@ -18,11 +23,6 @@ namespace {
 constexpr wchar_t sourceSafe[] = L"Software\\Microsoft\\SourceSafe";
 constexpr wchar_t odbc[] = L"Software\\ODBC\\ODBCINST.INI";
 const std::wstring uninstall = doctor::uninstallPlace + std::wstring(productName);
-
-std::wstring bin()
-{
-    return module::folder() + L"\\" VELK_BIN;
-}
 
 void snapshot(HKEY root, const std::wstring& path, std::set<std::wstring>& lines)
 {
@@ -61,6 +61,17 @@ const std::vector<std::wstring>& interfaces()
     return ours;
 }
 
+// This program, too, is a doctor: what it loads in a child of its own begins here.
+const bool isNoChild = [] {
+    int count = 0;
+    wchar_t** const texts = CommandLineToArgvW(GetCommandLineW(), &count);
+    const std::vector<std::wstring> arguments(texts + 1, texts + count);
+    LocalFree(texts);
+    if (doctor::isChild(arguments))
+        doctor::beChild(arguments);
+    return true;
+}();
+
 std::string fieldOf(const std::string& line, const std::string& name)
 {
     const std::string mark = "\"" + name + "\": \"";
@@ -93,11 +104,21 @@ std::wstring DoctorTest::base()
     return module::folder() + L"\\machines";
 }
 
+std::wstring DoctorTest::otherLibrary()
+{
+    return module::folder() + L"\\..\\incomplete_backend\\velkvsadd.dll";
+}
+
 DoctorTest::DoctorTest()
 {
     removeTree(base());
     furnish(folder());
-    registerIn(folder());
+    // The first look for the interfaces needs a registration.
+    static const bool isKnown = [] {
+        registerIn(folder());
+        return !interfaces().empty();
+    }();
+    EXPECT_TRUE(isKnown);
     forgetRegistry();
     registerIn(folder());
     install(folder());
@@ -120,6 +141,7 @@ void DoctorTest::forgetRegistry()
     remove(HKEY_LOCAL_MACHINE, sourceSafe);
     remove(HKEY_LOCAL_MACHINE, odbc);
     remove(HKEY_CURRENT_USER, L"Software\\Velk");
+    remove(HKEY_CURRENT_USER, L"Software\\Classes\\SourceSafe");
     SetEnvironmentVariableW(L"VELK_TEST_LIBRARY", nullptr);
     SetEnvironmentVariableW(L"VELKVIADD_TRACE", nullptr);
     SetEnvironmentVariableW(L"PATH", L"C:\\windows\\system32;C:\\windows");
@@ -129,8 +151,8 @@ void DoctorTest::furnish(const std::wstring& target)
 {
     CreateDirectoryW(base().c_str(), nullptr);
     CreateDirectoryW(target.c_str(), nullptr);
-    putFile(bin() + L"\\velkdoctor.exe", target + L"\\velkdoctor.exe");
-    putFile(bin() + L"\\velkviadd.dll", target + L"\\velkviadd.dll");
+    for (const wchar_t* part : {L"\\velkdoctor.exe", L"\\velkviadd.dll"})
+        putFile(module::folder() + L"\\..\\doctor_parts" + part, target + part);
     putFile(module::folder() + L"\\..\\doctor_library\\velkvsadd.dll", target + L"\\velkvsadd.dll");
     ship(target);
 }
@@ -156,6 +178,7 @@ void DoctorTest::unregister()
             remove(root, path);
         remove(root, L"Software\\Microsoft\\VisualStudio");
         remove(root, L"Software\\Classes\\velkviadd.Older");
+        remove(root, doctor::classPlace(anotherClass));
     }
 }
 
@@ -263,6 +286,30 @@ Diagnosis DoctorTest::diagnose(const std::wstring& options, const std::wstring& 
     DWORD exitCode = 0;
     Diagnosis diagnosis = understood(run(L"--json " + options, exitCode, target));
     diagnosis.exitCode = exitCode;
+    return diagnosis;
+}
+
+Diagnosis DoctorTest::look()
+{
+    doctor::Options options;
+    options.addin = addin();
+    options.ide = L"velktestide.exe";
+    options.isIdeNamed = true;
+    options.wait = 120;
+    // The files of a healthy machine, and what came of loading them, are the same in every test.
+    static const doctor::Facts files = gather(options);
+    EXPECT_TRUE(isNoChild && files.addin.load.isLoaded());
+    doctor::Facts facts;
+    facts.addin = files.addin;
+    facts.addin.place = doctor::AddinPlace::beside;
+    facts.backend = files.backend;
+    for (const auto area : {doctor::gatherSystem, doctor::gatherRegistration, doctor::gatherIde,
+                            doctor::gatherInstalled, doctor::gatherRunning, doctor::gatherSourceSafe,
+                            doctor::gatherOdbc, doctor::gatherLanguage, doctor::gatherLog})
+        area(facts, options);
+    const doctor::Report report{{}, judge(facts), true};
+    Diagnosis diagnosis = understood(doctor::toUtf8(jsonOf(report)));
+    diagnosis.exitCode = static_cast<DWORD>(exitCodeOf(report));
     return diagnosis;
 }
 

@@ -34,6 +34,7 @@ protected:
     static std::wstring folder() { return base() + L"\\a machine"; }
     static std::wstring base();
     static std::wstring addin() { return folder() + L"\\velkviadd.dll"; }
+    static std::wstring otherLibrary(); // that is no add-in
     static std::wstring library() { return folder() + L"\\velkvsadd.dll"; }
 
     // Puts the parts into a folder, and registers what is there.
@@ -57,8 +58,13 @@ protected:
     static void setNumber(HKEY root, const std::wstring& path, const std::wstring& name, DWORD number);
     static void remove(HKEY root, const std::wstring& path);
 
+    // A class of nobody's.
+    static constexpr wchar_t anotherClass[] = L"{5C6A2C26-7D47-4C53-9A3B-0E6C3C1F8B11}";
+
     // Runs the doctor of a folder with more options.
     static Diagnosis diagnose(const std::wstring& options = {}, const std::wstring& folder = DoctorTest::folder());
+    // The same in this program, which takes less time: looks anew at all but the add-in's file and the tool's library.
+    static Diagnosis look();
     static std::string run(const std::wstring& options, DWORD& exitCode,
                            const std::wstring& folder = DoctorTest::folder());
     // An IDE that has loaded a library ("-": none), and "answers" or "hangs".

@@ -46,6 +46,26 @@ TEST_F(DoctorProgram, commandLineThatIsNotUnderstood_isTold)
     EXPECT_EQ(exitCode, 4u);
 }
 
+TEST_F(DoctorProgram, outputThatCannotBeWritten_isAFailure)
+{
+    SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+    const unique_kernel_handle readOnly(CreateFileW(library().c_str(), GENERIC_READ, FILE_SHARE_READ, &inherited,
+                                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESTDHANDLES;
+    startup.hStdOutput = readOnly.get();
+    PROCESS_INFORMATION made{};
+    std::wstring line = L"\"" + folder() + L"\\velkdoctor.exe\" --help";
+    ASSERT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup, &made));
+    const unique_kernel_handle thread(made.hThread);
+    const unique_kernel_handle process(made.hProcess);
+    EXPECT_EQ(WaitForSingleObject(process.get(), 30000), WAIT_OBJECT_0);
+    DWORD exitCode = 99;
+    GetExitCodeProcess(process.get(), &exitCode);
+    EXPECT_EQ(exitCode, 5u);
+}
+
 TEST_F(DoctorProgram, help_isNoLookAtTheMachine)
 {
     unregister();

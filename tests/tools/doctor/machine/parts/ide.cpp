@@ -1,5 +1,6 @@
-// An IDE of its own name: loads the library that is named first, "-" for none, shows a window, says by the event
-// "velktestide" that it is there, and answers or hangs, as the second word says, until it is ended.
+// An IDE of its own name: loads the library that is named first, "-" for none, and those behind the second word, shows
+// a window, says by the event "velktestide" that it is there, and answers or hangs, as the second word says, until it
+// is ended.
 #include <windows.h>
 
 #include <shellapi.h>
@@ -12,6 +13,9 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, char*, int)
         return 1;
     if (lstrcmpW(arguments[1], L"-") != 0 && !LoadLibraryW(arguments[1]))
         return 2;
+    for (int more = 3; more < count; ++more)
+        if (!LoadLibraryW(arguments[more]))
+            return 2;
     const HWND window = CreateWindowExW(0, L"STATIC", L"An IDE", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 200, 100,
                                         nullptr, nullptr, instance, nullptr);
     const HANDLE ready = OpenEventW(EVENT_MODIFY_STATE, FALSE, L"velktestide");

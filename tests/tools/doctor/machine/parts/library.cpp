@@ -61,6 +61,24 @@ __declspec(dllexport) int32_t __stdcall RZGetString(int32_t number, char* buffer
 #endif
 }
 
+// Those of an add-in that cannot be registered.
+__declspec(dllexport) HRESULT __stdcall DllRegisterServer()
+{
+    return E_INVALIDARG;
+}
+__declspec(dllexport) HRESULT __stdcall DllUnregisterServer()
+{
+    return E_NOTIMPL;
+}
+__declspec(dllexport) HRESULT __stdcall DllCanUnloadNow()
+{
+    return S_OK;
+}
+__declspec(dllexport) HRESULT __stdcall DllGetClassObject(void*, void*, void**)
+{
+    return E_NOTIMPL;
+}
+
 #define RZGetString AnotherGetString
 #define BACKEND_EXPORT(name, parameters, arguments)                                                                    \
     __declspec(dllexport) int32_t __stdcall name parameters                                                            \

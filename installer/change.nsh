@@ -6,6 +6,7 @@
 !define UNINSTALLER "velkviadd-uninstall.exe"
 !define ADDIN "velkviadd.dll"
 !define ENTRY "${WINDOWS_VERSION}\Uninstall\velkviadd"
+!define PROGRAM_KEY "Software\Classes\velkviadd.Connect"
 !define IDE_KEY "Software\Microsoft\VisualStudio\6.0\AddIns\velkviadd.Connect"
 
 Var Payload      ; where the package's files are before they are installed
@@ -21,10 +22,20 @@ Var IsRegistered ; 1 from when the new one began to register
 Var EntryBefore  ; the version under Programs before, or nothing
 Var SizeBefore
 Var IsChanging   ; 1 while there is something to take back
-Var IsOldNeeded  ; 1 if something there could not be put back
+Var IsNotAsBefore ; 1 if something could not be put back
+Var Outcome      ; what became of the rest when a step failed, for the user
 Var Step         ; what is being done, for the user
 Var Code         ; why it failed
 Var Reason       ; the system's words for that, if it has some
+
+; $Step, $Code and $Outcome, in a box and the log; ends it all.
+!macro TellFailure
+  System::Call 'kernel32::FormatMessageW(i ${SYSTEM_TEXT}, p 0, i $Code, i 0, w .r1, i ${NSIS_MAX_STRLEN}, p 0)'
+  ${TrimNewLines} $1 $Reason
+  !insertmacro Log $(failed)
+  MessageBox MB_OK|MB_ICONSTOP $(failed) /SD IDOK
+  Abort $(failed)
+!macroend
 
 ; $Code of the step that is being done: anything but 0 ends it all.
 !macro EndIfFailed ANSWER
@@ -307,16 +318,31 @@ FunctionEnd
 ; The file that is registered as the add-in: $0, or nothing.
 !macro RegisteredFile UN
 Function ${UN}RegisteredFile
-  ReadRegStr $0 HKLM "Software\Classes\velkviadd.Connect\CLSID" ""
+  ReadRegStr $0 HKLM "${PROGRAM_KEY}\CLSID" ""
   ${If} $0 != ""
     ReadRegStr $0 HKLM "Software\Classes\CLSID\$0\InprocServer32" ""
   ${EndIf}
 FunctionEnd
 !macroend
 
+; $Code: whether the add-in's keys can be changed. What registers and unregisters would find out half-way, and what was
+; registered before could not be registered again.
+!macro ProbeKeys UN
+  Push "${IDE_KEY}"
+  Call ${UN}CanChange
+  Pop $Code
+  ${If} $Code = 0
+    Push "${PROGRAM_KEY}"
+    Call ${UN}CanChange
+    Pop $Code
+  ${EndIf}
+!macroend
+
 Function Register
   StrCpy $Step $(stepRegister)
   !insertmacro Log $Step
+  !insertmacro ProbeKeys ""
+  !insertmacro EndIfFailed ${REGISTER_FAILED}
   StrCpy $IsRegistered 1
   Push "$INSTDIR\${ADDIN}"
   Push "DllRegisterServer"
@@ -353,6 +379,9 @@ Function WriteEntry
   ${If} ${Errors}
     StrCpy $Code "0x80070005"
   ${EndIf}
+  ${If} $FolderMade == "" ; an entry of an installation that is gone may say otherwise
+    DeleteRegValue HKLM "${ENTRY}" "FolderMade"
+  ${EndIf}
   !insertmacro EndIfFailed ${COPY_FAILED}
 FunctionEnd
 
@@ -364,7 +393,10 @@ Function RememberBefore
   ReadRegDWORD $LoadBehavior HKLM "${IDE_KEY}" "LoadBehavior"
   ReadRegStr $EntryBefore HKLM "${ENTRY}" "DisplayVersion"
   ReadRegDWORD $SizeBefore HKLM "${ENTRY}" "EstimatedSize"
-  ReadRegStr $FolderMade HKLM "${ENTRY}" "FolderMade"
+  ReadRegStr $0 HKLM "${ENTRY}" "InstallLocation"
+  ${If} $0 == $INSTDIR
+    ReadRegStr $FolderMade HKLM "${ENTRY}" "FolderMade"
+  ${EndIf}
   ClearErrors
 FunctionEnd
 
@@ -392,14 +424,15 @@ FunctionEnd
 
 ; The answer is pushed. Takes all back, says which step failed and why, and ends.
 Function Fail
-  Exch $0
-  SetErrorLevel $0
-  System::Call 'kernel32::FormatMessageW(i ${SYSTEM_TEXT}, p 0, i $Code, i 0, w .r1, i ${NSIS_MAX_STRLEN}, p 0)'
-  ${TrimNewLines} $1 $Reason
+  StrCpy $Outcome $(asBefore)
   Call TakeBack
-  !insertmacro Log $(failed)
-  MessageBox MB_OK|MB_ICONSTOP $(failed) /SD IDOK
-  Abort $(failed)
+  Pop $0
+  ${If} $IsNotAsBefore = 1
+    StrCpy $Outcome $(notAsBefore)
+    StrCpy $0 ${NOT_TAKEN_BACK}
+  ${EndIf}
+  SetErrorLevel $0
+  !insertmacro TellFailure
 FunctionEnd
 
 Function TakeBackFiles
@@ -427,7 +460,7 @@ FunctionEnd
 ; $R0: a file's name, $R1: + if another came in its place.
 Function TakeBackFile
   ${If} ${FileExists} "$Old\$R0"
-    Delete "$INSTDIR\$R0"
+    Call TakeAway
     ${GetParent} "$INSTDIR\$R0" $R2
     Push $R2
     Call MakeFolder
@@ -437,11 +470,23 @@ Function TakeBackFile
     Call MoveFile
     Pop $R2
     ${If} $R2 <> 0
-      StrCpy $IsOldNeeded 1
+      StrCpy $IsNotAsBefore 1
     ${EndIf}
   ${ElseIf} $R1 == "+"
   ${AndIfNot} ${FileExists} "$New\$R0"
-    Delete "$INSTDIR\$R0"
+    Call TakeAway
+  ${EndIf}
+FunctionEnd
+
+; $R0: the name of a file that was put in place. It cannot be deleted while it is in use, but it can go back.
+Function TakeAway
+  Push "$INSTDIR\$R0"
+  Push "$New\$R0"
+  Call MoveFile
+  Pop $R2
+  ${If} $R2 <> 0
+  ${AndIf} ${FileExists} "$INSTDIR\$R0"
+    StrCpy $IsNotAsBefore 1
   ${EndIf}
 FunctionEnd
 
@@ -461,7 +506,9 @@ Function TakeBackEntry
     DeleteRegKey HKLM "${ENTRY}"
   ${Else}
     WriteRegStr HKLM "${ENTRY}" "DisplayVersion" "$EntryBefore"
-    WriteRegDWORD HKLM "${ENTRY}" "EstimatedSize" $SizeBefore
+    ${If} $SizeBefore != ""
+      WriteRegDWORD HKLM "${ENTRY}" "EstimatedSize" $SizeBefore
+    ${EndIf}
   ${EndIf}
 FunctionEnd
 
@@ -473,6 +520,9 @@ Function RegisterBefore
   Push "DllRegisterServer"
   Call CallEntry
   Pop $R1
+  ${If} $R1 != "0x00000000"
+    StrCpy $IsNotAsBefore 1
+  ${EndIf}
   ${If} $LoadBehavior != ""
     WriteRegDWORD HKLM "${IDE_KEY}" "LoadBehavior" $LoadBehavior
   ${EndIf}
@@ -490,8 +540,8 @@ Function TakeBack
   Push $IsRegistered
   Call TakeBackRegistration
   Call TakeBackFiles
-  RMDir /r "$New"
-  ${If} $IsOldNeeded != 1
+  RMDir /r /REBOOTOK "$New"
+  ${If} $IsNotAsBefore != 1
     RMDir /r "$Old"
   ${EndIf}
   !insertmacro EachFolder RemoveFolder

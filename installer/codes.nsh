@@ -1,4 +1,4 @@
-; What the installer and the uninstaller answer; docs/installer.md has the same table for those who call them. 1 and 2
+; What the installer and the uninstaller answer; readme.txt has the same table for those who call them. 1 and 2
 ; are the installer system's own: ended by the user, and by itself.
 !define DONE             0
 !define NO_RIGHTS        3    ; not an administrator
@@ -10,4 +10,5 @@
 !define REGISTER_FAILED  9    ; the add-in could not be registered or unregistered: all is as before
 !define ELSEWHERE        10   ; installed in another folder already
 !define OTHER_AT_WORK    11   ; another installer or uninstaller is at work
+!define NOT_TAKEN_BACK  12   ; a step failed, and not everything could be put back
 !define AFTER_RESTART    3010 ; done, but what is in use goes when Windows starts next

@@ -13,6 +13,7 @@ Function TryPlace
     Return
   ${EndIf}
   Push $0
+  ExpandEnvStrings $R9 $R9
   StrCpy $0 $R9 1
   ${If} $0 == '"'
     StrCpy $R9 $R9 "" 1

@@ -7,6 +7,9 @@
 !define PAGE_READONLY 2
 !define FILE_MAP_READ 4
 !define LOAD_WITH_ALTERED_SEARCH_PATH 8
+!define LOCAL_MACHINE 0x80000002
+!define WRITE_AND_DELETE 0x30006
+!define ERROR_FILE_NOT_FOUND 2
 !define ERROR_SHARING_VIOLATION 32
 !define ERROR_USER_MAPPED_FILE 1224
 !define ERROR_ALREADY_EXISTS 183
@@ -69,6 +72,23 @@ Function ${UN}CallEntry
   Pop $3
   Pop $2
   Exch
+  Pop $1
+  Exch $0
+FunctionEnd
+
+; Pushed: a key of the machine. Pops: 0 if it can be written and removed, or is not there; else the code of the failure.
+Function ${UN}CanChange
+  Exch $0
+  Push $1
+  Push $2
+  System::Call 'advapi32::RegOpenKeyExW(p ${LOCAL_MACHINE}, w r0, i 0, i ${WRITE_AND_DELETE}, *p .r1) i.r2'
+  ${If} $2 = 0
+    System::Call 'advapi32::RegCloseKey(p r1)'
+  ${ElseIf} $2 = ${ERROR_FILE_NOT_FOUND}
+    StrCpy $2 0
+  ${EndIf}
+  StrCpy $0 $2
+  Pop $2
   Pop $1
   Exch $0
 FunctionEnd

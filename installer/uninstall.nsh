@@ -27,6 +27,13 @@ FunctionEnd
   Call un.RemoveFile
 !macroend
 
+; The answer is pushed. Says which step failed and why, and ends.
+Function un.Fail
+  Pop $0
+  SetErrorLevel $0
+  !insertmacro TellFailure
+FunctionEnd
+
 ; The add-in's own entry point, of a copy that is sound whatever became of the installed one. A registration of another
 ; copy, elsewhere, stays.
 Function un.Unregister
@@ -39,6 +46,13 @@ Function un.Unregister
   ${EndIf}
   StrCpy $Step $(stepUnregister)
   !insertmacro Log $Step
+  StrCpy $Outcome $(asBefore)
+  !insertmacro ProbeKeys "un."
+  ${If} $Code <> 0
+    Push ${REGISTER_FAILED}
+    Call un.Fail
+  ${EndIf}
+  ReadRegDWORD $LoadBehavior HKLM "${IDE_KEY}" "LoadBehavior"
   InitPluginsDir
   File "/oname=$PLUGINSDIR\${ADDIN}" "${FILES}/${ADDIN}"
   Push "$PLUGINSDIR\${ADDIN}"
@@ -52,11 +66,16 @@ Function un.Unregister
   Push "DllRegisterServer"
   Call un.CallEntry
   Pop $1
-  StrCpy $Reason ""
-  !insertmacro Log $(failed)
-  MessageBox MB_OK|MB_ICONSTOP $(failed) /SD IDOK
-  SetErrorLevel ${REGISTER_FAILED}
-  Abort $(failed)
+  ${If} $1 != "0x00000000"
+    StrCpy $Outcome $(notAsBefore)
+    Push ${NOT_TAKEN_BACK}
+    Call un.Fail
+  ${EndIf}
+  ${If} $LoadBehavior != ""
+    WriteRegDWORD HKLM "${IDE_KEY}" "LoadBehavior" $LoadBehavior
+  ${EndIf}
+  Push ${REGISTER_FAILED}
+  Call un.Fail
 FunctionEnd
 
 ; The entry under Programs, if it is this installation's: an uninstaller that was copied elsewhere has none. $R4: the

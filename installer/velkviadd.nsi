@@ -39,6 +39,7 @@ VIAddVersionKey "LegalCopyright" "${PUBLISHER}"
 Var Log       ; handle of the log, or nothing
 Var IsRepair  ; 1 if this very version is installed
 Var Installed ; version that is installed, or nothing
+Var InstalledIn ; the folder of that
 Var Parameters
 
 ; Tells the user, and those who asked for a log. What the script's own commands say of themselves is of no use to either.
@@ -89,12 +90,44 @@ Var Parameters
 !insertmacro RegisteredFile ""
 !insertmacro RegisteredFile "un."
 
+; The same folder in the same words: without dots, and with long names as far as it is there.
+Function WholePath
+  Exch $0
+  Push $1
+  Push $2
+  System::Call 'kernel32::GetFullPathNameW(w r0, i ${NSIS_MAX_STRLEN}, w .r1, p 0) i.r2'
+  ${If} $2 > 0
+  ${AndIf} $2 < ${NSIS_MAX_STRLEN}
+    StrCpy $0 $1
+  ${EndIf}
+  System::Call 'kernel32::GetLongPathNameW(w r0, w .r1, i ${NSIS_MAX_STRLEN}) i.r2'
+  ${If} $2 > 0
+  ${AndIf} $2 < ${NSIS_MAX_STRLEN}
+    StrCpy $0 $1
+  ${EndIf}
+  Pop $2
+  Pop $1
+  Exch $0
+FunctionEnd
+
 ; $R0: what is wrong with $INSTDIR as a place to install into, or nothing; $R1: the answer for that.
 Function CheckFolder
   StrCpy $R0 ""
+  Push $INSTDIR
+  Call WholePath
+  Pop $INSTDIR
+  StrLen $1 $INSTDIR
+  ${If} $1 < 4 ; a whole drive
+    StrCpy $R0 $(badFolder)
+    StrCpy $R1 ${BAD_FOLDER}
+    Return
+  ${EndIf}
   ReadRegStr $0 HKLM "${ENTRY}" "InstallLocation"
+  Push $0
+  Call WholePath
+  Pop $1
   ${If} $0 != ""
-  ${AndIf} $0 != $INSTDIR
+  ${AndIf} $1 != $INSTDIR
   ${AndIf} ${FileExists} "$0\${UNINSTALLER}"
     StrCpy $R0 $(elsewhere)
     StrCpy $R1 ${ELSEWHERE}
@@ -109,14 +142,20 @@ Function CheckFolder
   ${EndIf}
 FunctionEnd
 
-; What is installed already: by the entry under Programs, or by the file itself, whoever put it there.
+; What is installed already: by the entry under Programs, or by the file itself, whoever put it there. An entry whose
+; folder has neither the add-in nor the tool any more says nothing.
 Function FindInstalled
   ReadRegStr $0 HKLM "${ENTRY}" "InstallLocation"
-  ReadRegStr $Installed HKLM "${ENTRY}" "DisplayVersion"
   ${If} $0 != ""
-    StrCpy $Found $0
-    StrCpy $FoundBy $(foundInstalled)
-    Return
+    ${If} ${FileExists} "$0\${ADDIN}"
+    ${OrIf} ${FileExists} "$0\${UNINSTALLER}"
+    ${OrIf} ${FileExists} "$0\${LIBRARY}"
+      StrCpy $Found $0
+      StrCpy $FoundBy $(foundInstalled)
+      StrCpy $InstalledIn $0
+      ReadRegStr $Installed HKLM "${ENTRY}" "DisplayVersion"
+      Return
+    ${EndIf}
   ${EndIf}
   Call RegisteredFile
   ${GetParent} "$0" $1
@@ -124,6 +163,7 @@ Function FindInstalled
   ${AndIf} ${FileExists} "$1\${LIBRARY}"
     StrCpy $Found $1
     StrCpy $FoundBy $(foundInstalled)
+    StrCpy $InstalledIn $1
     ClearErrors
     GetDLLVersion "$0" $1 $2
     ${IfNot} ${Errors}
@@ -158,7 +198,27 @@ Function CompareVersions
   ${EndIf}
 FunctionEnd
 
+; The installer system leaves out a /D= whose folder it does not take (in quotes, not a whole path, on a drive that is not
+; there), and says nothing. $R0: 1 if it did.
+Function IsFolderLeftOut
+  StrCpy $R0 0
+  ${If} $INSTDIR != ""
+    Return
+  ${EndIf}
+  System::Call 'kernel32::GetCommandLineW() w.r0'
+  ClearErrors
+  ${WordFindS} $0 "/D=" "E+1{" $1
+  ${IfNot} ${Errors}
+    StrCpy $R0 1
+  ${EndIf}
+  ClearErrors
+FunctionEnd
+
 Function ChooseFolder
+  Call IsFolderLeftOut
+  ${If} $R0 = 1
+    !insertmacro Refuse ${BAD_FOLDER} $(badFolder)
+  ${EndIf}
   Call FindInstalled
   StrCpy $0 $Found
   ${If} $INSTDIR != "" ; by /D=

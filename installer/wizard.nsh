@@ -37,7 +37,6 @@ Var FolderText ; above the folder: how it was found
 !insertmacro MUI_LANGUAGE "English"
 !insertmacro MUI_LANGUAGE "Japanese"
 !insertmacro MUI_LANGUAGE "SimpChinese"
-!insertmacro MUI_RESERVEFILE_LANGDLL
 
 ; A row that one of the tables lacks is a warning of makensis, which ends it.
 !macro Text NAME TEXT
@@ -56,7 +55,7 @@ Var FolderText ; above the folder: how it was found
 Function beforeFolder
   ${If} $FoundBy == ""
     StrCpy $FolderText $(folderNotFound)
-  ${ElseIf} $Installed == ""
+  ${ElseIf} $InstalledIn != $Found
     StrCpy $FolderText $(folderFound)
   ${ElseIf} $IsRepair = 1
     StrCpy $FolderText $(folderRepair)

@@ -59,7 +59,8 @@ HWND nextSight(HANDLE process, HWND lastPage)
     while (GetTickCount() - start < patience) {
         const HWND window = topDialog();
         const HWND page = window ? pageOf(window) : nullptr;
-        if (window && !page && !GetDlgItem(window, brandingLine)) // a wizard between two pages has none, either
+        // A wizard between two pages has none, either, and the window that tells of the unpacking has no button.
+        if (window && !page && !GetDlgItem(window, brandingLine) && FindWindowExW(window, nullptr, L"Button", nullptr))
             return window;
         if (page && page != lastPage && IsWindowEnabled(GetDlgItem(window, nextButton)))
             return window;

@@ -87,6 +87,15 @@ TEST_F(ListRowsTest, objectsKind_isComparedAsANumber)
     EXPECT_EQ(shownRows(), 0);
 }
 
+TEST_F(ListRowsTest, keyThatIsWrittenInAnotherWay_isNoRows)
+{
+    tree().select(L"K20");
+    addProcedureRow({.lHdl = 100});
+    for (const wchar_t* key : {L"K100x", L"K0100", L"K 100", L"K100 ", L"K+100", L"k100"})
+        removeListRow(L"8", key);
+    EXPECT_EQ(keys(), Texts{L"K100"});
+}
+
 TEST_F(ListRowsTest, removedRowWhileAConnectionIsSelected_stays)
 {
     tree().select(L"K10");

@@ -21,7 +21,6 @@ void waitLittle()
 int32_t ScriptedSession::begin(const std::string& projectFile)
 {
     m_step = "beginning";
-    m_isPromised = false;
     m_projectFile = projectFile;
     m_beginAnswer = m_calls.initialize(projectFile);
     return m_beginAnswer;
@@ -139,20 +138,32 @@ void ScriptedSession::listen()
             waitLittle();
 }
 
+bool ScriptedSession::hearsMore()
+{
+    const size_t before = m_heard.size();
+    listen();
+    return m_heard.size() > before;
+}
+
 bool ScriptedSession::hearOne()
 {
     Heard heard;
     heard.step = m_step;
+    heard.pauses = m_pauses;
+    // What was asked for meanwhile may have emptied the queue.
+    const bool isPromised = m_isPromised && m_actings == m_calls.library().actings();
     heard.notify = m_calls.next();
     heard.call = m_probe.lastCall;
     const bool isThere = heard.notify.answer != 0;
-    if (m_isPromised && !isThere)
+    if (isPromised && !isThere)
         m_brokenPromises.push_back(m_step);
     m_isPromised = isThere && heard.notify.more != 0;
+    m_actings = m_calls.library().actings();
     if (!isThere) {
         if (m_empty.size() < mostAtOnce)
             m_empty.push_back(heard.notify);
         m_withoutPause = 0;
+        ++m_pauses;
         return false;
     }
     m_isEndless = ++m_withoutPause > mostAtOnce;
@@ -174,13 +185,13 @@ void ScriptedSession::answerQuestion(const Heard& heard)
 
 std::vector<RecordCopy> ScriptedSession::enumerate(int32_t folder, int32_t kind)
 {
-    constexpr size_t most = 1'000'000;
     const FolderKind& of = folderKindOf(kind);
     std::vector<RecordCopy> objects;
     const EnumBegin begin = m_calls.enumBegin(of.begin, folder);
-    RepeatedHandles repeated; // E2 tells of an enumeration without an end
-    while (begin.answer != 0 && objects.size() < most) {
-        WireRecord record = of.record();
+    RepeatedHandles repeated;
+    WireRecord record = of.record();
+    while (begin.answer != 0 && objects.size() < mostEnumerated) {
+        record.presetTexts();
         if (m_calls.fill(of.next, begin.enumeration, record) == 0 || repeated.areTooMany(record.number("lHdl")))
             break;
         objects.emplace_back(record);

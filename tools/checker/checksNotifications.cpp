@@ -209,6 +209,11 @@ void checkProjectRemoved(Bench& bench)
     checkEnds(bench.script());
     if (!bench.isClosed())
         throw NotChecked{"no project was closed"};
+    const auto& heard = bench.script().heard();
+    if (!bench.isCloseHeard() && std::any_of(heard.begin(), heard.end(), [](const Heard& one) {
+            return isQuestion(one) && one.step == ScriptedSession::closingStep;
+        }))
+        throw NotChecked{"the library asked before it closed the project, and was not told Yes"};
     if (!bench.isCloseHeard())
         bench.probe.found(Rule::N11, {"RZObjectDoAction", "project, 21"}, "the project is removed", "it is not");
 }

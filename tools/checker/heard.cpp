@@ -64,12 +64,14 @@ bool isQuestion(const Heard& heard)
            !isCommand(heard, "MINIMIZE_MSWIN") && !isCommand(heard, "RZ_INIT_COMPLETE");
 }
 
-int32_t harmlessAnswer(std::string_view buttons)
+int32_t harmlessAnswer(std::string_view buttons, bool isClosing)
 {
     const size_t first = buttons.find('#');
     const std::string_view rest = first == std::string_view::npos ? std::string_view() : buttons.substr(first + 1);
     const std::string_view set = rest.substr(0, rest.find('#'));
-    return set == "672" ? answerCancel : set == "67" ? answerNo : answerOk;
+    if (set == "672")
+        return isClosing ? answerNo : answerCancel;
+    return set == "67" ? answerNo : answerOk;
 }
 
 void fetch(Calls& calls, const Probe& probe, const Fetching& how, Heard& heard)

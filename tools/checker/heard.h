@@ -35,8 +35,9 @@ bool isAboutThing(const Notify& notify) noexcept;
 // Whether it brought a question, with a text and buttons; a command word.
 bool isQuestion(const Heard& heard);
 bool isCommand(const Heard& heard, std::string_view word);
-// The most harmless answer that a question's buttons allow.
-int32_t harmlessAnswer(std::string_view buttons);
+// The most harmless answer that a question's buttons allow. While a project closes that is No: nothing is saved, and it
+// closes.
+int32_t harmlessAnswer(std::string_view buttons, bool isClosing);
 
 // How the thing or the payload of a notification is fetched.
 struct Fetching {

@@ -62,8 +62,9 @@ bool ScriptedSession::listenForContents(int32_t folder)
 {
     return listen([=](const Heard& one) {
         const bool isContents = one.notify.type == typeContents && one.notify.handle == folder;
-        return isContents ||
-               (one.notify.type == typeText && one.first.record && one.first.record->number("lTextType") == 3);
+        const bool isMessage =
+            one.notify.type == typeText && one.first.record && one.first.record->number("lTextType") == 3;
+        return isContents || isMessage || isQuestion(one);
     });
 }
 
@@ -103,7 +104,7 @@ bool ScriptedSession::isConnectedNow(int32_t connection)
 
 bool ScriptedSession::close()
 {
-    m_step = "closing of the project";
+    m_step = closingStep;
     const int32_t closed = project();
     if (m_calls.plain(Fn::RZObjectDoAction, closed, actionClose) == 0)
         return true;
@@ -180,7 +181,7 @@ bool ScriptedSession::hearOne()
 void ScriptedSession::answerQuestion(const Heard& heard)
 {
     if (isQuestion(heard))
-        m_calls.button("User response", harmlessAnswer(heard.last().record->text("strButtons")));
+        m_calls.button("User response", harmlessAnswer(heard.last().record->text("strButtons"), m_step == closingStep));
 }
 
 std::vector<RecordCopy> ScriptedSession::enumerate(int32_t folder, int32_t kind)

@@ -35,6 +35,7 @@ public:
     bool connect(int32_t connection) { return switchConnection(connection, actionConnect); }
     bool disconnect(int32_t connection) { return switchConnection(connection, actionDisconnect); }
     bool close();
+    static constexpr const char* closingStep = "closing of the project";
     // What the object's action brings.
     int32_t act(int32_t handle, int32_t action);
 

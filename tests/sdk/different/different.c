@@ -1,6 +1,7 @@
 /* The sample with everything that the contract leaves to the library done in another way. */
 #include "../../../sdk/sample/velkvsadd.c"
 
+#undef RZButtonDoAction
 #undef RZInitialize
 #undef RZProjectDoAccess
 #undef RZObjectDoAction
@@ -14,6 +15,7 @@
 enum { firstOpen = 1000, ownKind = 99, ownType = 12, lateSession = 15 };
 
 static int fetches, views; /* of the open project */
+static long closing;       /* the project of the question that waits */
 static int late;           /* calls until what was asked for last is there */
 
 /* It begins slowly, and tells something of its own before a project is opened (S1, S5, N17). Late it makes a thread and
@@ -35,8 +37,20 @@ long RZ_CALL RZInitialize(long ideType, char *projectFile, char *empty)
 long RZ_CALL RZProjectDoAccess(char *first, char *second, long mode)
 {
     fetches = views = 0;
+    closing = 0;
     lastProject = hasSession && mode == RZ_PROJECT_OPEN ? firstOpen - 1000 : lastProject;
     return plainRZProjectDoAccess(first, second, mode);
+}
+
+long RZ_CALL RZButtonDoAction(char *text, long answer)
+{
+    if (!closing || closing != project)
+        return plainRZButtonDoAction(text, answer);
+    closing = 0;
+    if (answer == RZ_ANSWER_CANCEL)
+        return 1;
+    about(RZ_NOTIFY_CHANGED, project + 1); /* which is gone when this is fetched (N7) */
+    return plainRZObjectDoAction(project, RZ_ACTION_REMOVE);
 }
 
 long RZ_CALL RZObjectDoAction(long handle, long action)
@@ -45,8 +59,11 @@ long RZ_CALL RZObjectDoAction(long handle, long action)
     const Thing *const thing = thingOf(handle, 0);
     if (thing && thing->kind == RZ_KIND_PROJECT && action == RZ_ACTION_PROPERTIES && ++boxes == 1)
         MessageBoxA(NULL, "Show the properties?", "Sample", MB_YESNO); /* its own window, which waits for a user (F9) */
-    if (thing && thing->kind == RZ_KIND_PROJECT && action == RZ_ACTION_REMOVE)
-        about(RZ_NOTIFY_CHANGED, handle + 1); /* which is gone when this is fetched (N7) */
+    if (thing && thing->kind == RZ_KIND_PROJECT && action == RZ_ACTION_REMOVE) {
+        closing = project; /* the user may want to go on (N11) */
+        say(RZ_TEXT_COMMAND, "Save the project?", "IDE_QUESTION#672#Sample");
+        return 1;
+    }
     if (thing && thing->kind == RZ_KIND_TABLE_FOLDER && action == RZ_ACTION_REFRESH) {
         tell(RZ_NOTIFY_ADDED, RZ_KIND_TABLE, project + 18)->notify.lProjectHdl = 0; /* it does not say whose (N6) */
         tell(RZ_NOTIFY_CHANGED, RZ_KIND_TABLE_FOLDER, handle);                      /* kinds and types of its own (N17) */

@@ -41,15 +41,20 @@ std::wstring levelsOf(const Fault& fault)
     return level + L"-" + level;
 }
 
+std::wstring project()
+{
+    static const bool isThere = check::writeFile(fullPath(L"project.rzv"), "[project]\n");
+    EXPECT_TRUE(isThere);
+    return fullPath(L"project.rzv");
+}
+
 std::unique_ptr<CheckerRun> begin(const Fault& fault)
 {
-    static const bool isProjectThere = check::writeFile(fullPath(L"project.rzv"), "[project]\n");
-    EXPECT_TRUE(isProjectThere);
     const std::wstring name = fault.name;
     return std::make_unique<CheckerRun>(L"fault-" + name,
                                         L"--patience 50 --timeout 2 --sessions 40 --steps 900 --objects 3000 --level " +
                                             levelsOf(fault) + L" \"" + fullPath(VELK_FAULTY) + L"\\" + name +
-                                            L"\\velkvsadd.dll\" \"" + fullPath(L"project.rzv") + L"\"");
+                                            L"\\velkvsadd.dll\" \"" + project() + L"\"");
 }
 
 // The runs that are asked for one after the other: the next ones are under way meanwhile, so that those which wait for
@@ -128,7 +133,7 @@ TEST_P(RuleAlone, faultyLibrary_isFoundByTheRuleThatIsAskedForAlone)
     const std::string rule = fault->rule;
     CheckerRun run(std::wstring(L"alone-") + fault->name,
                    L"--patience 50 --rule " + std::wstring(rule.begin(), rule.end()) + L" \"" + fullPath(VELK_FAULTY) +
-                       L"\\" + fault->name + L"\\velkvsadd.dll\" \"" + fullPath(L"project.rzv") + L"\"");
+                       L"\\" + fault->name + L"\\velkvsadd.dll\" \"" + project() + L"\"");
     EXPECT_THAT(foundRules(run.report()), testing::ElementsAre(rule)) << run.report();
     EXPECT_EQ(run.exitCode(), 1u);
 }

@@ -99,7 +99,7 @@ private:
     void takeOf(Rule rule, char kind, const std::vector<std::string>& texts)
     {
         if (kind == 'F' && texts.size() == 6)
-            m_report.add({causeOf(rule, texts[1]), m_level, texts[1], texts[2], texts[3], texts[4],
+            m_report.add({causeOf(rule, texts[1], texts[3]), m_level, texts[1], texts[2], texts[3], texts[4],
                           std::atoi(texts[5].c_str())});
         else if (kind == 'D' && !m_report.isBroken(rule))
             m_report[rule] = {Outcome::holds, ""};
@@ -108,13 +108,16 @@ private:
         m_report.hasFailed = m_report.hasFailed || kind == 'X';
     }
 
-    // A function that ends right calls, too, is not blamed once more for misuse.
-    Rule causeOf(Rule rule, const std::string& call) const
+    // What a function does in right calls, too, is not blamed once more on misuse.
+    Rule causeOf(Rule rule, const std::string& call, const std::string& expected) const
     {
-        if (rule != current().blamed)
+        constexpr Rule ofEveryCall[] = {Rule::F7, Rule::F8, Rule::F9, Rule::R1, Rule::R2, Rule::R5, Rule::R6};
+        const auto all = checkRows();
+        if (std::none_of(all.begin(), all.end(), [&](const CheckRow& row) { return row.blamed == rule; }))
             return rule;
         for (const Finding& one : m_report.findings)
-            if (one.call == call && (one.rule == Rule::F7 || one.rule == Rule::F8 || one.rule == Rule::F9))
+            if (one.call == call && one.expected == expected &&
+                std::count(std::begin(ofEveryCall), std::end(ofEveryCall), one.rule))
                 return one.rule;
         return rule;
     }
@@ -128,7 +131,7 @@ private:
         const auto add = [&](Rule usual, const char* expected, const std::string& seen) {
             const bool isLoading = call == "LoadLibrary" || (call == "FreeLibrary" && !row.blamed);
             const Rule cause = isLoading ? row.blamed.value_or(Rule::F2) : row.blamed.value_or(usual);
-            m_report.add({causeOf(cause, call), m_level, call, arguments, expected, seen, 1});
+            m_report.add({causeOf(cause, call, expected), m_level, call, arguments, expected, seen, 1});
         };
         if (end.kind == ChildEnd::hung)
             add(Rule::F9, m_pad->isInCall ? "the call comes back" : "the messages of the thread are worked off",

@@ -122,6 +122,13 @@ std::string nameOf(const testing::TestParamInfo<size_t>& info)
 
 INSTANTIATE_TEST_SUITE_P(All, Faults, testing::Range(size_t{0}, std::size(faults)), nameOf);
 
+TEST(Misuse, whatAFunctionDoesInRightCallsToo_isNotBlamedOnIt)
+{
+    CheckerRun run(L"misuse", L"--patience 50 --level 4-8 \"" + fullPath(VELK_FAULTY) +
+                                  L"\\wideFlag\\velkvsadd.dll\" \"" + project() + L"\"");
+    EXPECT_THAT(foundRules(run.report()), testing::ElementsAre("R6")) << run.report();
+}
+
 // Rules that are looked at in calls which others make, or by what a rule before has seen.
 class RuleAlone : public testing::TestWithParam<const wchar_t*> {};
 

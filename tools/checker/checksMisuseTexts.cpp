@@ -178,6 +178,7 @@ void checkAnswerToNothing(Bench& bench)
 
 void checkBrokenProjects(Bench& bench)
 {
+    bench.opened(); // what cannot be opened at all is N4's
     const std::string place = toAnsi(folderOf(fromAnsi(bench.projectFile())));
     const std::wstring folder = fromAnsi(place);
     writeFile(folder + L"\\velkcheck-empty.rzv", "");

@@ -96,12 +96,14 @@ long RZ_CALL RZGetNotification(trzNotify *record, short *more)
     return *more = RZ_FALSE;
 }
 
-/* What was fetched whole is gone (N8). */
+/* What was fetched whole is gone (N8), and what does not fit is answered with 0 and the room that it needs (L4). */
 long RZ_CALL RZGetText(long handle, trzText *record)
 {
     static long gone;
     const long answer = handle != gone ? plainRZGetText(handle, record) : 0;
-    if (answer && record->lTextSz <= (long)RZ_LENGTH(record->strText))
+    if (answer && record->lTextSz > (long)RZ_LENGTH(record->strText))
+        return 0;
+    if (answer)
         gone = handle;
     return answer;
 }

@@ -172,10 +172,10 @@ TEST(Messages, tooManyFindings_leaveRoomForWhatIsSaidOfARule)
     Pad pad;
     for (int number = 0; number < 2000; ++number)
         pad.say({'F', {"N7", std::string(1000, 'x')}});
-    pad.say({'D', {"N8"}});
+    pad.say({'N', {"N8", std::string(2000, 'y')}});
     const auto messages = unpacked({pad->messages, static_cast<size_t>(pad->messageBytes)});
     EXPECT_LT(messages.size(), 1100u);
-    EXPECT_EQ(messages.back().kind, 'D');
+    EXPECT_EQ(messages.back().kind, 'N');
 }
 
 TEST(Messages, lastFinding_hasRoomWhenTheRestIsFull)

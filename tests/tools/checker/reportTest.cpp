@@ -184,7 +184,7 @@ TEST(Messages, lastFinding_hasRoomWhenTheRestIsFull)
     for (int number = 0; number < 2000; ++number)
         pad.say({'F', {"N7", std::string(1000, 'x')}});
     pad.useAllRoom();
-    pad.say({'F', {"C1"}});
+    pad.say({'F', {"C1", std::string(2000, 'y')}});
     const auto messages = unpacked({pad->messages, static_cast<size_t>(pad->messageBytes)});
     EXPECT_EQ(messages.back().texts.front(), "C1");
 }

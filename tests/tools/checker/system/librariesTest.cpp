@@ -272,6 +272,13 @@ TEST(Program, checkerThatIsEnded_takesItsChildAlong)
     EXPECT_TRUE(becomes([&] { return childOf(run.id()) == 0; }));
 }
 
+TEST(Program, processEndedWhileItLoads_isOfTheRuleOfLoadingWhateverIsAsked)
+{
+    CheckerRun run(L"loading", L"--rule F5" + quoted(fullPath(VELK_FAULTY) + L"\\loadEnds\\velkvsadd.dll"));
+    EXPECT_THAT(foundRules(run.report()), testing::ElementsAre("F2"));
+    EXPECT_EQ(run.exitCode(), 1u);
+}
+
 TEST(Program, rulesOfRecordsWithoutAProject_areNotChecked)
 {
     CheckerRun run(L"without", L"--level 4-4" + quoted(sample));

@@ -16,7 +16,10 @@ std::string Bench::projectFile() const
 {
     if (!asked().project[0])
         throw NotChecked{"no project was given"};
-    return toAnsi(asked().project);
+    const std::string path = toAnsi(asked().project);
+    if (fromAnsi(path) != asked().project)
+        throw NotChecked{"the project's path cannot be said in code page " + std::to_string(GetACP())};
+    return path;
 }
 
 std::string Bench::anyProjectFile() const
@@ -24,11 +27,20 @@ std::string Bench::anyProjectFile() const
     return asked().project[0] ? toAnsi(asked().project) : "C:\\velkcheck\\none.rzv";
 }
 
+size_t Bench::mostEnumerated() const noexcept
+{
+    constexpr int32_t most = 20'000;
+    return static_cast<size_t>(std::min(asked().objects, most));
+}
+
 void Bench::load()
 {
     std::string reason;
-    if (!library.isLoaded() && !library.load(reason))
-        throw NotChecked{"the library does not load: " + reason};
+    if (library.isLoaded() || library.load(reason))
+        return;
+    if (!probe.hasFound(Rule::F1))
+        probe.found(Rule::F2, "it loads", reason);
+    throw NotChecked{"the library does not load: " + reason};
 }
 
 ScriptedSession& Bench::newSession()
@@ -36,6 +48,7 @@ ScriptedSession& Bench::newSession()
     load();
     endSession();
     m_session = std::make_unique<ScriptedSession>(probe, calls, patience());
+    m_session->mostEnumerated = mostEnumerated();
     m_session->fetching.isWide = asked().level == rowOf(Rule::L1).level;
     return *m_session;
 }
@@ -103,8 +116,9 @@ ScriptedSession& Bench::script()
     walkFolders(session);
     for (const HeardConnection& connection : std::vector(session.connections()))
         for (size_t index = 0; index < folderKindCount; ++index)
-            m_selections.push_back({"RZObjectDoAction", std::to_string(connection.folders[index]) + ", 10",
-                                    session.refresh(connection.folders[index])});
+            if (connection.folders[index] != 0) // H1 tells of that
+                m_selections.push_back({"RZObjectDoAction", std::to_string(connection.folders[index]) + ", 10",
+                                        session.refresh(connection.folders[index])});
     askForTexts(session);
     for (const HeardConnection& connection : std::vector(session.connections())) {
         session.act(connection.folders[0], actionFilter); // asks, and the answer is Cancel

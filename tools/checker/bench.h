@@ -3,6 +3,7 @@
 #include "checker/counts.h"
 #include "checker/scriptedSession.h"
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <string>
@@ -39,6 +40,9 @@ public:
     std::string anyProjectFile() const;
     unsigned long patience() const noexcept { return m_pad->patience; }
 
+    // Objects of a folder that are looked at one by one.
+    size_t mostEnumerated() const noexcept;
+
     // The library is loaded, or the check ends.
     void load();
     // A new session, with the project open, its connections connected, and each folder read once.
@@ -52,6 +56,13 @@ public:
     void forgetSession(); // which was ended behind its back
     // Leads the sessions of level 9, once.
     const Growth& growth();
+
+    // The checks that came to their end in this process.
+    void setDone(void (*check)(Bench& bench)) { m_done.push_back(check); }
+    bool isDone(void (*check)(Bench& bench)) const
+    {
+        return std::find(m_done.begin(), m_done.end(), check) != m_done.end();
+    }
 
     // What the first RZInitialize of all answered.
     std::optional<int32_t> firstAnswer;
@@ -71,12 +82,13 @@ private:
     void beginScript(ScriptedSession& session);
     void walkFolders(ScriptedSession& session);
     void walkConnections(ScriptedSession& session);
-    void leadSession(size_t connections);
+    void leadSession(std::optional<size_t> connections);
     static Counts settledCounts(const Counts* before);
 
+    std::vector<void (*)(Bench& bench)> m_done;
     std::unique_ptr<ScriptedSession> m_session;
     bool m_isScript = false;
-    size_t m_connectionCount = 0;
+    std::optional<size_t> m_connectionCount; // of the sessions so far
     std::optional<Growth> m_growth;
     bool m_isClosed = false;
     bool m_isCloseHeard = false;

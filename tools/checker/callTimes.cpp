@@ -18,12 +18,22 @@ int64_t CallTimes::now() noexcept
                                 million);
 }
 
+void CallTimes::reserve()
+{
+    for (std::vector<int64_t>& all : m_all)
+        all.reserve(mostKept);
+}
+
 void CallTimes::add(Fn function, const std::string& arguments, int64_t microseconds)
 {
     const Slow one{function, arguments, microseconds};
     std::vector<int64_t>& all = m_all[static_cast<size_t>(function)];
     if (all.size() < mostKept)
         all.push_back(microseconds);
+    if (Noticed& noticed = m_noticed[static_cast<size_t>(function)]; microseconds > longest) {
+        ++noticed.calls;
+        noticed.longest = std::max(noticed.longest, microseconds);
+    }
     const auto place = std::find_if(m_slow.begin(), m_slow.end(),
                                     [&](const Slow& other) { return other.microseconds < microseconds; });
     if (place == m_slow.end() && m_slow.size() == slowest)

@@ -26,7 +26,6 @@ void checkLoading(Bench& bench);
 void checkExports(Bench& bench);
 void checkPlainNames(Bench& bench);
 void checkCallsWithoutProject(Bench& bench);
-void seenInPassing(Bench& bench);
 
 void checkBeginning(Bench& bench);
 void checkSecondSession(Bench& bench);

@@ -48,6 +48,14 @@ int32_t bytes(const std::string& text)
     return static_cast<int32_t>(text.size());
 }
 
+// Whether a session does not begin though the first one of all did, which may be this one.
+bool isRefused(Bench& bench, int32_t answer)
+{
+    if (!bench.firstAnswer)
+        bench.firstAnswer = answer;
+    return *bench.firstAnswer != 0 && answer == 0;
+}
+
 } // namespace
 
 void checkBeginning(Bench& bench)
@@ -65,7 +73,7 @@ void checkSecondSession(Bench& bench)
     bench.load();
     for (int session = 0; session < 3; ++session) {
         const int32_t answer = bench.calls.initialize(bench.anyProjectFile());
-        if (bench.firstAnswer.value_or(0) != 0 && answer == 0)
+        if (isRefused(bench, answer))
             bench.probe.found(Rule::S2, "an answer that is not 0, after a session that ended", "0");
         bench.calls.next();
         bench.calls.terminate();
@@ -96,7 +104,7 @@ void checkLoadingAgain(Bench& bench)
         if (!bench.library.isLoaded() && !bench.library.load(reason))
             return bench.probe.found(Rule::S4, "it loads again", reason);
         const int32_t answer = bench.calls.initialize(bench.anyProjectFile());
-        if (load > 0 && answer == 0 && bench.firstAnswer.value_or(0) != 0)
+        if (isRefused(bench, answer) && load > 0)
             bench.probe.found(Rule::S4, "an answer that is not 0, when it was loaded again", "0");
         bench.calls.next();
         bench.calls.terminate();

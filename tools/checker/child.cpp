@@ -68,9 +68,10 @@ LONG WINAPI lastFilter(EXCEPTION_POINTERS* pointers) noexcept
     const EXCEPTION_RECORD& raised = *pointers->ExceptionRecord;
     Probe& probe = *probeOfProcess;
     if (!probe.pad()->isInCall && isOwn(raised.ExceptionAddress)) {
-        probe.pad().say({'N', {rowOf(probe.current()).number, "the checker failed: " + exceptionText(raised)}});
+        probe.pad().say({'X', {rowOf(probe.current()).number, "the checker failed: " + exceptionText(raised)}});
         TerminateProcess(GetCurrentProcess(), childTold);
     }
+    probe.pad().useAllRoom();
     if (!probe.pad()->isInCall)
         probe.lastCall = {"(between calls)", "after " + probe.lastCall.name};
     const bool isAccess = raised.ExceptionCode == EXCEPTION_ACCESS_VIOLATION && raised.NumberParameters > 1;
@@ -91,12 +92,14 @@ void checkRow(Bench& bench, int row)
     bench.probe.begin(row, check.rule, check.blamed);
     try {
         check.check(bench);
+        bench.setDone(check.check);
         bench.pad().say({'D', {number}});
     } catch (const NotChecked& reason) {
         bench.pad().say({'N', {number, reason.why}});
     } catch (const std::exception& trouble) {
-        bench.pad().say({'N', {number, std::string("the checker failed: ") + trouble.what()}});
+        bench.pad().say({'X', {number, std::string("the checker failed: ") + trouble.what()}});
     }
+    bench.probe.tellRepeated();
 }
 
 void checkAll(Bench& bench)
@@ -106,6 +109,11 @@ void checkAll(Bench& bench)
     bench.endSession();
     for (const CallTimes::Slow& slow : bench.library.times.slow())
         bench.pad().say({'T', {rowOf(slow.function).name, slow.arguments, std::to_string(slow.microseconds)}});
+    for (size_t index = 0; index < functionCount; ++index)
+        if (const auto& noticed = bench.library.times.noticed(static_cast<Fn>(index)); noticed.calls > 0)
+            bench.pad().say(
+                {'W',
+                 {rowOf(static_cast<Fn>(index)).name, std::to_string(noticed.calls), std::to_string(noticed.longest)}});
 }
 
 int childMain(HANDLE memory)

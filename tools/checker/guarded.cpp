@@ -16,7 +16,7 @@ GuardedBytes* firstAlive = nullptr; // the library is called on one thread
 
 bool isPattern(const char* from, const char* to) noexcept
 {
-    return std::all_of(from, to, [](char byte) { return byte == pattern; });
+    return from == to || (*from == pattern && std::memcmp(from, from + 1, static_cast<size_t>(to - from) - 1) == 0);
 }
 
 size_t upTo(size_t multiple, size_t size)
@@ -60,6 +60,12 @@ bool GuardedBytes::isBackIntact() const noexcept
     return isPattern(m_bytes + m_size, m_pages + m_room);
 }
 
+void GuardedBytes::mendAround() noexcept
+{
+    std::memset(m_pages, pattern, static_cast<size_t>(m_bytes - m_pages));
+    std::memset(m_bytes + m_size, pattern, static_cast<size_t>(m_pages + m_room - m_bytes) - m_size);
+}
+
 const GuardedBytes* GuardedBytes::behindWhich(const void* address) noexcept
 {
     for (const GuardedBytes* one = firstAlive; one; one = one->m_next) {
@@ -72,13 +78,26 @@ const GuardedBytes* GuardedBytes::behindWhich(const void* address) noexcept
 
 CountedBuffer::CountedBuffer(std::string name, size_t capacity) : m_bytes(std::move(name), prefix + capacity + 1, true)
 {
-    const auto length = static_cast<uint32_t>(capacity);
-    std::memcpy(m_bytes.data(), &length, sizeof length);
+    writeLength();
 }
 
 CountedBuffer::CountedBuffer(std::string name, std::string_view text) : CountedBuffer(std::move(name), text.size())
 {
     std::copy(text.begin(), text.end(), characters());
+}
+
+void CountedBuffer::writeLength() noexcept
+{
+    const auto length = static_cast<uint32_t>(capacity());
+    std::memcpy(m_bytes.data(), &length, sizeof length);
+}
+
+void CountedBuffer::clear() noexcept
+{
+    if (harm() != Harm::none)
+        m_bytes.mendAround();
+    writeLength();
+    std::memset(characters(), 0, capacity() + 1);
 }
 
 Harm CountedBuffer::harm() const noexcept

@@ -23,6 +23,7 @@ public:
     bool isString() const noexcept { return m_isString; }
     bool isFrontIntact() const noexcept;
     bool isBackIntact() const noexcept;
+    void mendAround() noexcept;
 
     // Whose page behind it holds an address; null: nobody's.
     static const GuardedBytes* behindWhich(const void* address) noexcept;
@@ -50,12 +51,15 @@ public:
     char* characters() const noexcept { return m_bytes.data() + prefix; }
     size_t capacity() const noexcept { return m_bytes.size() - prefix - 1; }
     const std::string& name() const noexcept { return m_bytes.name(); }
+    void clear() noexcept; // NULs, and what stands around them as it was
     Harm harm() const noexcept;
     // Whether there is a NUL among its characters, and what stands before the first one, or all of it.
     bool hasNul() const noexcept;
     std::string_view text() const noexcept;
 
 private:
+    void writeLength() noexcept;
+
     static constexpr size_t prefix = sizeof(uint32_t);
     GuardedBytes m_bytes;
 };

@@ -46,6 +46,11 @@ WireRecord withRoomToSpare(const Fetch& with, size_t room, int32_t wanted)
 
 } // namespace
 
+bool isAboutThing(const Notify& notify) noexcept
+{
+    return notify.type == typeAdded || notify.type == typeChanged || notify.type == typeRemoved;
+}
+
 bool isCommand(const Heard& heard, std::string_view word)
 {
     return hasText(heard) && heard.last().record->number("lTextType") == 1 &&
@@ -59,12 +64,14 @@ bool isQuestion(const Heard& heard)
            !isCommand(heard, "MINIMIZE_MSWIN") && !isCommand(heard, "RZ_INIT_COMPLETE");
 }
 
-int32_t harmlessAnswer(std::string_view buttons)
+int32_t harmlessAnswer(std::string_view buttons, bool isClosing)
 {
     const size_t first = buttons.find('#');
     const std::string_view rest = first == std::string_view::npos ? std::string_view() : buttons.substr(first + 1);
     const std::string_view set = rest.substr(0, rest.find('#'));
-    return set == "672" ? answerCancel : set == "67" ? answerNo : answerOk;
+    if (set == "672")
+        return isClosing ? answerNo : answerCancel;
+    return set == "67" ? answerNo : answerOk;
 }
 
 void fetch(Calls& calls, const Probe& probe, const Fetching& how, Heard& heard)
@@ -84,7 +91,9 @@ void fetch(Calls& calls, const Probe& probe, const Fetching& how, Heard& heard)
             WireRecord second = withMoreRoom(*with, record, wanted);
             heard.second = attempt(calls, probe, with->function, handle, second);
         }
-        if (how.isWide && wanted <= longestText && (heard.asksForMore || text.text().size() + 1 >= text.capacity())) {
+        constexpr size_t oneCharacter = 4; // whose half was not written where the text was cut
+        const bool mayBeCut = text.text().size() + oneCharacter >= text.capacity();
+        if (how.isWide && wanted <= longestText && (heard.asksForMore || mayBeCut)) {
             WireRecord wide = withRoomToSpare(*with, text.capacity(), wanted);
             heard.wide = attempt(calls, probe, with->function, handle, wide);
         }

@@ -21,6 +21,7 @@ struct Fetched {
 // One notification with what it brought. A long text that asked for more room has a second attempt.
 struct Heard {
     std::string step; // of the script, in which it came
+    int pauses = 0;   // how often nothing had waited before it
     Notify notify;
     CallText call;
     Fetched first, second, again;
@@ -29,11 +30,14 @@ struct Heard {
     const Fetched& last() const noexcept { return second.record ? second : first; }
 };
 
+// Whether it says that something was added, changed or removed.
+bool isAboutThing(const Notify& notify) noexcept;
 // Whether it brought a question, with a text and buttons; a command word.
 bool isQuestion(const Heard& heard);
 bool isCommand(const Heard& heard, std::string_view word);
-// The most harmless answer that a question's buttons allow.
-int32_t harmlessAnswer(std::string_view buttons);
+// The most harmless answer that a question's buttons allow. While a project closes that is No: nothing is saved, and it
+// closes.
+int32_t harmlessAnswer(std::string_view buttons, bool isClosing);
 
 // How the thing or the payload of a notification is fetched.
 struct Fetching {

@@ -43,7 +43,7 @@ bool Library::load(std::string& reason)
 {
     const Settings before = Settings::now();
     SetCurrentDirectoryW(systemFolder().c_str());
-    m_probe.pad().enterCall("LoadLibrary", toUtf8(m_probe.pad()->library));
+    m_probe.pad().enterCall("LoadLibrary", toUtf8(m_probe.pad()->library), true);
     m_probe.lastCall = {"LoadLibrary", shown(toAnsi(std::wstring(m_probe.pad()->library)))};
     m_module.reset(LoadLibraryExW(m_probe.pad()->library, nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
     const DWORD code = GetLastError();
@@ -56,7 +56,7 @@ bool Library::load(std::string& reason)
 
 bool Library::unload()
 {
-    m_probe.pad().enterCall("FreeLibrary", "");
+    m_probe.pad().enterCall("FreeLibrary", "", true);
     m_probe.lastCall = {"FreeLibrary", ""};
     const BOOL isFreed = FreeLibrary(m_module.release());
     m_probe.pad().leaveCall();
@@ -80,7 +80,9 @@ int32_t Library::call(Fn function, std::initializer_list<uint32_t> arguments, co
     const Settings before = Settings::now();
     ++m_depth;
     m_probe.lastCall = {row.name, shownArguments};
-    m_probe.pad().enterCall(row.name, shownArguments);
+    const bool isActing = !mustBeQuick(function);
+    m_actings += isActing ? 1 : 0;
+    m_probe.pad().enterCall(row.name, shownArguments, isActing);
     const int64_t began = CallTimes::now();
     const CallState state = checkedCall(entry, std::vector<uint32_t>(arguments));
     const int64_t ended = CallTimes::now();
@@ -89,7 +91,7 @@ int32_t Library::call(Fn function, std::initializer_list<uint32_t> arguments, co
     if (m_depth == 0)
         m_probe.pad().leaveCall();
     else
-        m_probe.pad().enterCall(outer.name.c_str(), outer.arguments);
+        m_probe.pad().enterCall(outer.name.c_str(), outer.arguments, true);
     times.add(function, shownArguments, ended - began);
     checkState(state, arguments.size());
     checkSettings(before);

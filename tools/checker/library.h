@@ -35,6 +35,7 @@ public:
     // Runs before each call that is made while none is under way: there a test of re-entry begins.
     std::function<void()> beforeCall;
     int depth() const noexcept { return m_depth; }
+    int actings() const noexcept { return m_actings; } // calls so far that do more than ask
     CallTimes times;
 
 private:
@@ -45,6 +46,7 @@ private:
     Probe& m_probe;
     unique_module m_module;
     int m_depth = 0;
+    int m_actings = 0;
 };
 
 } // namespace velk::check

@@ -31,11 +31,17 @@ int check(const Options& options)
             std::fprintf(stderr, "%s\n", line.c_str());
     });
     std::fputs((options.isJson ? asJson(report) : asText(report)).c_str(), stdout);
+    if (std::fflush(stdout) != 0 || std::ferror(stdout)) {
+        std::fputs("velkcheck: the report cannot be written\n", stderr);
+        return exitFailed;
+    }
     if (!options.junit.empty() && !writeFile(options.junit, asJunit(report))) {
         std::fprintf(stderr, "velkcheck: %s cannot be written\n", toUtf8(options.junit).c_str());
         return exitFailed;
     }
-    return report.outcome() == Outcome::broken ? exitBroken : exitHolds;
+    if (report.outcome() == Outcome::broken)
+        return exitBroken;
+    return report.hasFailed ? exitFailed : exitHolds;
 }
 
 int run()
@@ -49,6 +55,11 @@ int run()
         std::fputs(options.isHelp ? helpText() : ruleList().c_str(), stdout);
         return exitHolds;
     }
+    for (const std::wstring& file : {options.request.library, options.request.project})
+        if (!file.empty() && !isFile(wholePath(file))) {
+            std::fprintf(stderr, "velkcheck: there is no file %s\n", toUtf8(file).c_str());
+            return exitWrongUse;
+        }
     return check(options);
 }
 

@@ -22,7 +22,7 @@ bool setLevels(Request& request, const std::wstring& text)
     const size_t dash = text.find(L'-');
     const auto first = dash == std::wstring::npos ? 1 : numberOf(text.substr(0, dash));
     const auto last = numberOf(dash == std::wstring::npos ? text : text.substr(dash + 1));
-    if (!first || !last || *first < 1 || *last < *first || *last > lastLevel)
+    if (!first || !last || *first < 1 || *last < *first || *last > lastLevel || request.only)
         return false;
     request.firstLevel = static_cast<int>(*first);
     request.lastLevel = static_cast<int>(*last);
@@ -32,20 +32,40 @@ bool setLevels(Request& request, const std::wstring& text)
 bool setRule(Request& request, const std::wstring& text)
 {
     const auto rule = ruleOf(toUtf8(text));
-    if (!rule || !rowOf(*rule).bindsLibrary)
+    const bool areLevelsAsked = request.lastLevel != 0;
+    if (!rule || !rowOf(*rule).bindsLibrary || areLevelsAsked)
         return false;
     request.only = rule;
     request.firstLevel = request.lastLevel = rowOf(*rule).level;
     return true;
 }
 
+// What lies outside its limits would make a finding of every library, or no end of the run.
+struct Limits {
+    unsigned long least, most;
+};
+constexpr Limits anyNumber{0, 999'999'999};
+constexpr Limits counts{1, 1'000'000};
+constexpr Limits seconds{1, 3'600};
+constexpr Limits milliseconds{10, 600'000};
+
 template <class Number>
-bool setNumber(Number& target, const std::wstring& text, unsigned long factor = 1)
+bool setNumber(Number& target, const std::wstring& text, const Limits& limits, unsigned long factor = 1)
 {
     const auto number = numberOf(text);
-    if (number)
-        target = static_cast<Number>(*number * factor);
-    return number.has_value();
+    if (!number || *number < limits.least || *number > limits.most)
+        return false;
+    target = static_cast<Number>(*number * factor);
+    return true;
+}
+
+// A call that acts may take longer by as much as it may without the option.
+bool setTimes(Request& request, const std::wstring& text)
+{
+    const unsigned long times = request.longestAct / request.longestCall;
+    const bool isSet = setNumber(request.longestCall, text, seconds, 1000);
+    request.longestAct = request.longestCall * times;
+    return isSet;
 }
 
 struct OptionRow {
@@ -57,11 +77,12 @@ struct OptionRow {
 constexpr OptionRow rows[] = {
     {L"--level",    [](Options& all, const std::wstring& value) { return setLevels(all.request, value); }},
     {L"--rule",     [](Options& all, const std::wstring& value) { return setRule(all.request, value); }},
-    {L"--seed",     [](Options& all, const std::wstring& value) { return setNumber(all.request.seed, value); }},
-    {L"--sessions", [](Options& all, const std::wstring& value) { return setNumber(all.request.sessions, value); }},
-    {L"--steps",    [](Options& all, const std::wstring& value) { return setNumber(all.request.steps, value); }},
-    {L"--timeout",  [](Options& all, const std::wstring& value) { return setNumber(all.request.longestCall, value, 1000); }},
-    {L"--patience", [](Options& all, const std::wstring& value) { return setNumber(all.request.patience, value); }},
+    {L"--seed",     [](Options& all, const std::wstring& value) { return setNumber(all.request.seed, value, anyNumber); }},
+    {L"--sessions", [](Options& all, const std::wstring& value) { return setNumber(all.request.sessions, value, counts); }},
+    {L"--steps",    [](Options& all, const std::wstring& value) { return setNumber(all.request.steps, value, counts); }},
+    {L"--objects",  [](Options& all, const std::wstring& value) { return setNumber(all.request.objects, value, counts); }},
+    {L"--timeout",  [](Options& all, const std::wstring& value) { return setTimes(all.request, value); }},
+    {L"--patience", [](Options& all, const std::wstring& value) { return setNumber(all.request.patience, value, milliseconds); }},
     {L"--junit",    [](Options& all, const std::wstring& value) { all.junit = value; return !value.empty(); }},
 };
 struct Switch {
@@ -133,7 +154,7 @@ const char* helpText() noexcept
            "out nothing in a database.\n"
            "\n"
            "  --level N       levels 1 to N (without a project 3, with one 7); --level M-N those between\n"
-           "  --rule N7       this rule alone\n"
+           "  --rule N7       this rule alone, at its level\n"
            "  --list          all rules, with their levels\n"
            "  --json          the report as JSON\n"
            "  --junit FILE    the report as JUnit's XML, too\n"
@@ -141,6 +162,7 @@ const char* helpText() noexcept
            "  --seed N        of the random walk (1)\n"
            "  --steps N       of the random walk (2000)\n"
            "  --sessions N    of level 9 (100)\n"
+           "  --objects N     after which a folder has no end (1000000)\n"
            "  --timeout N     seconds until a call counts as one that does not come back (10)\n"
            "  --patience N    milliseconds without a notification until none is expected any more (1000);\n"
            "                  what must come is waited for thirty times as long\n"

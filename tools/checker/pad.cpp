@@ -10,10 +10,13 @@ namespace {
 constexpr char betweenTexts = '\x1F';
 constexpr char behindMessage = '\x1E';
 
+// Cut between characters of UTF-8, of which a report's texts are.
 template <size_t size>
 void copyText(char (&target)[size], std::string_view text) noexcept
 {
-    const size_t length = std::min(text.size(), size - 1);
+    size_t length = std::min(text.size(), size - 1);
+    while (length > 0 && length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80)
+        --length;
     std::memcpy(target, text.data(), length);
     target[length] = '\0';
 }
@@ -81,7 +84,8 @@ void Pad::say(const PadMessage& message) noexcept
     try {
         const std::string bytes = packed(message);
         const auto used = static_cast<size_t>(m_data->messageBytes);
-        if (bytes.size() > sizeof m_data->messages - used)
+        const size_t kept = message.kind == 'F' ? m_kept : 0;
+        if (bytes.size() + kept > sizeof m_data->messages - used)
             return;
         std::memcpy(m_data->messages + used, bytes.data(), bytes.size());
         InterlockedExchange(&m_data->messageBytes, static_cast<LONG>(used + bytes.size()));
@@ -91,12 +95,19 @@ void Pad::say(const PadMessage& message) noexcept
     }
 }
 
-void Pad::enterCall(const char* name, std::string_view arguments) noexcept
+void Pad::enterCall(const char* name, std::string_view arguments, bool isActing) noexcept
 {
     copyText(m_data->call, name);
     copyText(m_data->arguments, arguments);
-    m_data->callBegan = static_cast<LONG>(GetTickCount());
+    m_data->isActing = isActing ? 1 : 0;
+    m_data->lastChanged = static_cast<LONG>(GetTickCount());
     InterlockedExchange(&m_data->isInCall, 1);
+}
+
+void Pad::leaveCall() noexcept
+{
+    m_data->lastChanged = static_cast<LONG>(GetTickCount());
+    m_data->isInCall = 0;
 }
 
 void Pad::showProgress(std::string_view text) noexcept

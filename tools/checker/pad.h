@@ -22,6 +22,7 @@ struct PadData {
     uint32_t patience; // milliseconds
     int32_t sessions;  // of level 9
     int32_t steps;     // of level 10
+    int32_t objects;   // that make a folder without an end
     int32_t ruleCount;
     int16_t rules[mostRules]; // rows of the table, in the order in which they are to be checked
     int32_t first;            // which of them comes first
@@ -32,7 +33,8 @@ struct PadData {
     volatile LONG begun;   // steps of it
     volatile LONG hasEnded;
     volatile LONG isInCall;
-    volatile LONG callBegan; // ticks
+    volatile LONG isActing;    // the call is one that may take its time
+    volatile LONG lastChanged; // ticks at which a call began or ended
     char call[64];
     char arguments[1024];
     char progress[128];
@@ -61,10 +63,12 @@ public:
     HANDLE handle() const noexcept { return m_memory.get(); }
     PadData* operator->() const noexcept { return m_data; }
 
-    // The child says something; what finds no room any more is lost.
+    // The child says something; what finds no room any more is lost. Findings leave room for what is said of each rule.
     void say(const PadMessage& message) noexcept;
-    void enterCall(const char* name, std::string_view arguments) noexcept;
-    void leaveCall() noexcept { m_data->isInCall = 0; }
+    void enterCall(const char* name, std::string_view arguments, bool isActing) noexcept;
+    void leaveCall() noexcept;
+    // The last finding of a process may have the room that is left, too.
+    void useAllRoom() noexcept { m_kept = 0; }
     void showProgress(std::string_view text) noexcept;
 
 private:
@@ -72,6 +76,7 @@ private:
 
     unique_kernel_handle m_memory;
     PadData* m_data = nullptr;
+    size_t m_kept = 1 << 16; // of the messages: for all but findings
 };
 
 } // namespace velk::check

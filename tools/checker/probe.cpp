@@ -1,5 +1,8 @@
 #include "checker/probe.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace velk::check {
 
 void Probe::found(Rule rule, const std::string& expected, const std::string& seen)
@@ -9,8 +12,29 @@ void Probe::found(Rule rule, const std::string& expected, const std::string& see
 
 void Probe::found(Rule rule, const CallText& call, const std::string& expected, const std::string& seen)
 {
-    m_found[static_cast<size_t>(rule)] = true;
-    m_pad.say({'F', {rowOf(rule).number, call.name, call.arguments, expected, seen}});
+    std::vector<Found>& all = m_found[static_cast<size_t>(rule)];
+    const auto known = std::find_if(all.begin(), all.end(), [&](const Found& one) {
+        return one.call.name == call.name && one.expected == expected && one.seen == seen;
+    });
+    if (known != all.end())
+        ++known->again;
+    else if (all.size() < mostOfARule)
+        tell(rule, all.emplace_back(Found{call, expected, seen}), 1);
+}
+
+void Probe::tellRepeated()
+{
+    for (size_t row = 0; row < ruleCount; ++row)
+        for (Found& one : m_found[row])
+            if (const int times = std::exchange(one.again, 0); times > 0)
+                tell(static_cast<Rule>(row), one, times);
+}
+
+void Probe::tell(Rule rule, const Found& found, int times)
+{
+    m_pad.say({'F',
+               {rowOf(rule).number, found.call.name, found.call.arguments, found.expected, found.seen,
+                std::to_string(times)}});
 }
 
 bool Probe::step() noexcept

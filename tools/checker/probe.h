@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace velk::check {
 
@@ -31,7 +32,9 @@ public:
     // A rule that is broken by the call made last, or by another.
     void found(Rule rule, const std::string& expected, const std::string& seen);
     void found(Rule rule, const CallText& call, const std::string& expected, const std::string& seen);
-    bool hasFound(Rule rule) const noexcept { return m_found[static_cast<size_t>(rule)]; }
+    bool hasFound(Rule rule) const noexcept { return !m_found[static_cast<size_t>(rule)].empty(); }
+    // How often what was found came again since then.
+    void tellRepeated();
 
     // A part of a check that may end the process: false for one that did so before. The next process goes on behind it.
     bool step() noexcept;
@@ -47,7 +50,14 @@ private:
     Pad& m_pad;
     Rule m_current = Rule::F1;
     std::optional<Rule> m_blamed;
-    bool m_found[ruleCount]{};
+    struct Found {
+        CallText call;
+        std::string expected, seen;
+        int again = 0;
+    };
+    static constexpr size_t mostOfARule = 20; // a report has no more
+    void tell(Rule rule, const Found& found, int times);
+    std::vector<Found> m_found[ruleCount];
     LONG m_skip = 0;
 };
 

@@ -18,7 +18,7 @@ void Report::add(Finding finding)
     };
     const auto known = std::find_if(findings.begin(), findings.end(), isSame);
     if (known != findings.end()) {
-        ++known->times;
+        known->times += finding.times;
         return;
     }
     (*this)[finding.rule].outcome = Outcome::broken;
@@ -35,6 +35,16 @@ void Report::addSlow(SlowCall one)
     slow.insert(place, std::move(one));
     if (slow.size() > slowest)
         slow.pop_back();
+}
+
+void Report::addNoticed(NoticedFunction one)
+{
+    const auto known = std::find_if(noticed.begin(), noticed.end(),
+                                    [&](const NoticedFunction& other) { return other.call == one.call; });
+    if (known == noticed.end())
+        return noticed.push_back(std::move(one));
+    known->calls += one.calls;
+    known->longest = std::max(known->longest, one.longest);
 }
 
 bool Report::isBroken(Rule rule) const noexcept

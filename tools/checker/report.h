@@ -36,6 +36,13 @@ struct SlowCall {
     int64_t microseconds = 0;
 };
 
+// Of a function, the calls above 50 ms.
+struct NoticedFunction {
+    std::string call;
+    int64_t calls = 0;
+    int64_t longest = 0; // microseconds
+};
+
 // What was checked, for somebody who was not there.
 struct Head {
     std::string library, version, sha256, system, project;
@@ -49,10 +56,14 @@ struct Report {
     std::array<RuleReport, ruleCount> rules;
     std::vector<Finding> findings;
     std::vector<SlowCall> slow; // the slowest first
+    std::vector<NoticedFunction> noticed;
+    bool hasFailed = false; // the checker itself, at a rule that is not checked then
+    bool hasHung = false;   // some call
 
     // One that was there before counts once more.
     void add(Finding finding);
     void addSlow(SlowCall slow);
+    void addNoticed(NoticedFunction noticed);
     bool isBroken(Rule rule) const noexcept;
     Outcome outcome() const noexcept;
     RuleReport& operator[](Rule rule) noexcept { return rules[static_cast<size_t>(rule)]; }

@@ -135,7 +135,12 @@ std::string asJson(const Report& report)
                 return "{" + field("call", one.call) + field("arguments", one.arguments) +
                        "\"microseconds\": " + std::to_string(one.microseconds) + "}";
             });
-    return text + ",\n  " + field("verdict", outcomeText(report.outcome()), true) + "\n}\n";
+    text += ",\n  \"above50ms\": " + list(report.noticed, [](const NoticedFunction& one) {
+                return "{" + field("call", one.call) + "\"calls\": " + std::to_string(one.calls) +
+                       ", \"longest\": " + std::to_string(one.longest) + "}";
+            });
+    return text + ",\n  \"failed\": " + (report.hasFailed ? "true" : "false") + ",\n  " +
+           field("verdict", outcomeText(report.outcome()), true) + "\n}\n";
 }
 
 std::string asJunit(const Report& report)

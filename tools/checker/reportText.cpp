@@ -74,6 +74,9 @@ std::string slowText(const Report& report)
     for (const SlowCall& slow : report.slow)
         text += "  " + padded(milliseconds(slow.microseconds), 11) + slow.call + "(" + slow.arguments + ")" +
                 (slow.microseconds > named ? "  holds up the IDE" : "") + "\n";
+    for (const NoticedFunction& one : report.noticed)
+        text += "  " + one.call + " took more than 50 ms " + std::to_string(one.calls) + " times, the longest was " +
+                milliseconds(one.longest) + "\n";
     return text + "\n";
 }
 
@@ -86,8 +89,13 @@ std::string verdictText(const Report& report)
         text += "  level " + padded(std::to_string(level.level), 3) + padded(outcomeText(level.outcome), 13) +
                 padded(seconds, 9) + levelTitle(level.level) + "\n";
     }
-    return text + (report.outcome() == Outcome::broken ? "The library breaks rules of the contract.\n"
-                                                       : "The library holds what was checked.\n");
+    if (report.hasFailed)
+        text += "The checker itself failed: what it says of the rules that are not checked for that is not the "
+                "library's.\n";
+    const Outcome outcome = report.outcome();
+    return text + (outcome == Outcome::broken  ? "The library breaks rules of the contract.\n"
+                   : outcome == Outcome::holds ? "The library holds what was checked.\n"
+                                               : "Nothing was checked.\n");
 }
 
 } // namespace

@@ -35,14 +35,15 @@ public:
     LevelRun(const Request& request, int level, const std::wstring& project, Report& report, const Listener& listener)
         : m_request(request), m_level(level), m_report(report), m_listener(listener), m_rows(rowsOf(request, level))
     {
-        std::copy_n(request.library.c_str(), std::min(request.library.size() + 1, std::size(m_pad->library)),
-                    m_pad->library);
-        std::copy_n(project.c_str(), std::min(project.size() + 1, std::size(m_pad->project)), m_pad->project);
+        // A path that is too long for the system is cut: it would not be found either.
+        request.library.copy(m_pad->library, std::size(m_pad->library) - 1);
+        project.copy(m_pad->project, std::size(m_pad->project) - 1);
         m_pad->level = level;
         m_pad->seed = request.seed;
         m_pad->patience = request.patience;
         m_pad->sessions = request.sessions;
         m_pad->steps = request.steps;
+        m_pad->objects = request.objects;
         m_pad->ruleCount = static_cast<int32_t>(m_rows.size());
         std::copy(m_rows.begin(), m_rows.end(), m_pad->rules);
     }
@@ -54,13 +55,17 @@ public:
             m_pad->hasEnded = 0;
             m_pad->messageBytes = 0;
             m_pad->progress[0] = '\0';
-            const ChildEnd end = watchChild(m_pad, m_request.longestCall, m_listener);
+            // What acts may take its time, unless something has hung before: then the run is to end some day.
+            const unsigned long act = m_report.hasHung ? m_request.longestCall : m_request.longestAct;
+            const ChildEnd end = watchChild(m_pad, {m_request.longestCall, act}, m_listener);
             takeMessages();
             if (end.kind == ChildEnd::done)
                 return;
             noteDeath(end);
+            if (m_report.isBroken(Rule::F2))
+                return giveUp("the library cannot be loaded and unloaded (see F2)");
             if (++m_deaths >= mostDeaths)
-                return giveUp();
+                return giveUp("the library ended too many processes");
         }
     }
 
@@ -84,6 +89,8 @@ private:
         auto& texts = message.texts;
         if (message.kind == 'T' && texts.size() == 3)
             m_report.addSlow({texts[0], texts[1], std::atoll(texts[2].c_str())});
+        else if (message.kind == 'W' && texts.size() == 3)
+            m_report.addNoticed({texts[0], std::atoll(texts[1].c_str()), std::atoll(texts[2].c_str())});
         else if (!texts.empty())
             if (const auto rule = ruleOf(texts[0]))
                 takeOf(*rule, message.kind, texts);
@@ -91,21 +98,26 @@ private:
 
     void takeOf(Rule rule, char kind, const std::vector<std::string>& texts)
     {
-        if (kind == 'F' && texts.size() == 5)
-            m_report.add({causeOf(rule, texts[1]), m_level, texts[1], texts[2], texts[3], texts[4]});
+        if (kind == 'F' && texts.size() == 6)
+            m_report.add({causeOf(rule, texts[1], texts[3]), m_level, texts[1], texts[2], texts[3], texts[4],
+                          std::atoi(texts[5].c_str())});
         else if (kind == 'D' && !m_report.isBroken(rule))
             m_report[rule] = {Outcome::holds, ""};
-        else if (kind == 'N' && texts.size() == 2 && !m_report.isBroken(rule))
+        else if ((kind == 'N' || kind == 'X') && texts.size() == 2 && !m_report.isBroken(rule))
             m_report[rule] = {Outcome::notChecked, texts[1]};
+        m_report.hasFailed = m_report.hasFailed || kind == 'X';
     }
 
-    // A function that ends right calls, too, is not blamed once more for misuse.
-    Rule causeOf(Rule rule, const std::string& call) const
+    // What a function does in right calls, too, is not blamed once more on misuse.
+    Rule causeOf(Rule rule, const std::string& call, const std::string& expected) const
     {
-        if (rule != current().blamed)
+        constexpr Rule ofEveryCall[] = {Rule::F7, Rule::F8, Rule::F9, Rule::R1, Rule::R2, Rule::R5, Rule::R6};
+        const auto all = checkRows();
+        if (std::none_of(all.begin(), all.end(), [&](const CheckRow& row) { return row.blamed == rule; }))
             return rule;
         for (const Finding& one : m_report.findings)
-            if (one.call == call && (one.rule == Rule::F7 || one.rule == Rule::F8 || one.rule == Rule::F9))
+            if (one.call == call && one.expected == expected &&
+                std::count(std::begin(ofEveryCall), std::end(ofEveryCall), one.rule))
                 return one.rule;
         return rule;
     }
@@ -117,18 +129,21 @@ private:
         const std::string call = m_pad->isInCall ? m_pad->call : "(between calls)";
         const std::string arguments = m_pad->isInCall ? m_pad->arguments : std::string("after ") + m_pad->call;
         const auto add = [&](Rule usual, const char* expected, const std::string& seen) {
-            m_report.add({causeOf(row.blamed.value_or(usual), call), m_level, call, arguments, expected, seen});
+            const bool isLoading = call == "LoadLibrary" || (call == "FreeLibrary" && !row.blamed);
+            const Rule cause = isLoading ? row.blamed.value_or(Rule::F2) : row.blamed.value_or(usual);
+            m_report.add({causeOf(cause, call, expected), m_level, call, arguments, expected, seen, 1});
         };
         if (end.kind == ChildEnd::hung)
-            add(Rule::F9, "the call comes back",
-                "it did not within " + std::to_string(m_request.longestCall / 1000) + " s");
+            add(Rule::F9, m_pad->isInCall ? "the call comes back" : "the messages of the thread are worked off",
+                "it did not within " + std::to_string(end.passed / 1000) + " s");
         else if (end.kind == ChildEnd::threadEnded)
             add(Rule::F8, "the call comes back", "the thread ended in it");
         else if (end.kind == ChildEnd::died && end.code != childTold)
             add(isCrash(end.code) ? Rule::F7 : Rule::F8, "the call comes back",
                 "the process ended with code " + hexadecimal(end.code));
+        m_report.hasHung = m_report.hasHung || end.kind == ChildEnd::hung || end.kind == ChildEnd::waited;
         if (m_report[row.rule].outcome == Outcome::notRun)
-            m_report[row.rule] = {Outcome::notChecked, "the process ended in " + call};
+            m_report[row.rule] = {Outcome::notChecked, whyNotChecked(end, call)};
         if (m_pad->begun > 0)
             m_pad->skip = m_pad->begun;
         else
@@ -136,15 +151,22 @@ private:
         m_pad->first = m_pad->begun > 0 ? m_pad->current : m_pad->current + 1;
     }
 
+    static std::string whyNotChecked(const ChildEnd& end, const std::string& call)
+    {
+        if (end.kind == ChildEnd::waited)
+            return call + " waits for a user, in the window " + toUtf8(end.window);
+        return "the process ended in " + call;
+    }
+
     // An exception's code, which an ended process has when nobody could tell of it.
     static bool isCrash(DWORD code) { return (code & 0xF0000000) == 0xC0000000; }
 
-    void giveUp()
+    void giveUp(const char* why)
     {
         for (const int16_t row : m_rows) {
             const Rule rule = checkRows()[static_cast<size_t>(row)].rule;
             if (m_report[rule].outcome == Outcome::notRun)
-                m_report[rule] = {Outcome::notChecked, "the library ended too many processes"};
+                m_report[rule] = {Outcome::notChecked, why};
         }
     }
 
@@ -177,7 +199,8 @@ void checkLevel(const Request& request, int level, const std::wstring& project, 
 void leaveOut(const Request& request, int level, const std::string& why, Report& report)
 {
     for (const int16_t row : rowsOf(request, level))
-        report[checkRows()[static_cast<size_t>(row)].rule] = {Outcome::notChecked, why};
+        if (RuleReport& one = report[checkRows()[static_cast<size_t>(row)].rule]; one.outcome == Outcome::notRun)
+            one = {Outcome::notChecked, why};
     report.levels.push_back({level, Outcome::notChecked, 0});
 }
 
@@ -197,7 +220,7 @@ Report checkLibrary(const Request& asked, const std::function<void(const std::st
         if (rowsOf(request, level).empty())
             continue;
         if (report.isBroken(Rule::F1) || report.isBroken(Rule::F2)) {
-            leaveOut(request, level, "the library cannot be loaded", report);
+            leaveOut(request, level, "the library cannot be loaded and unloaded", report);
             continue;
         }
         if (level > lastReadingLevel && !copy && !request.project.empty())

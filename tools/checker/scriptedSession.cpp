@@ -21,7 +21,6 @@ void waitLittle()
 int32_t ScriptedSession::begin(const std::string& projectFile)
 {
     m_step = "beginning";
-    m_isPromised = false;
     m_projectFile = projectFile;
     m_beginAnswer = m_calls.initialize(projectFile);
     return m_beginAnswer;
@@ -63,8 +62,9 @@ bool ScriptedSession::listenForContents(int32_t folder)
 {
     return listen([=](const Heard& one) {
         const bool isContents = one.notify.type == typeContents && one.notify.handle == folder;
-        return isContents ||
-               (one.notify.type == typeText && one.first.record && one.first.record->number("lTextType") == 3);
+        const bool isMessage =
+            one.notify.type == typeText && one.first.record && one.first.record->number("lTextType") == 3;
+        return isContents || isMessage || isQuestion(one);
     });
 }
 
@@ -104,7 +104,7 @@ bool ScriptedSession::isConnectedNow(int32_t connection)
 
 bool ScriptedSession::close()
 {
-    m_step = "closing of the project";
+    m_step = closingStep;
     const int32_t closed = project();
     if (m_calls.plain(Fn::RZObjectDoAction, closed, actionClose) == 0)
         return true;
@@ -139,20 +139,32 @@ void ScriptedSession::listen()
             waitLittle();
 }
 
+bool ScriptedSession::hearsMore()
+{
+    const size_t before = m_heard.size();
+    listen();
+    return m_heard.size() > before;
+}
+
 bool ScriptedSession::hearOne()
 {
     Heard heard;
     heard.step = m_step;
+    heard.pauses = m_pauses;
+    // What was asked for meanwhile may have emptied the queue.
+    const bool isPromised = m_isPromised && m_actings == m_calls.library().actings();
     heard.notify = m_calls.next();
     heard.call = m_probe.lastCall;
     const bool isThere = heard.notify.answer != 0;
-    if (m_isPromised && !isThere)
+    if (isPromised && !isThere)
         m_brokenPromises.push_back(m_step);
     m_isPromised = isThere && heard.notify.more != 0;
+    m_actings = m_calls.library().actings();
     if (!isThere) {
         if (m_empty.size() < mostAtOnce)
             m_empty.push_back(heard.notify);
         m_withoutPause = 0;
+        ++m_pauses;
         return false;
     }
     m_isEndless = ++m_withoutPause > mostAtOnce;
@@ -169,18 +181,18 @@ bool ScriptedSession::hearOne()
 void ScriptedSession::answerQuestion(const Heard& heard)
 {
     if (isQuestion(heard))
-        m_calls.button("User response", harmlessAnswer(heard.last().record->text("strButtons")));
+        m_calls.button("User response", harmlessAnswer(heard.last().record->text("strButtons"), m_step == closingStep));
 }
 
 std::vector<RecordCopy> ScriptedSession::enumerate(int32_t folder, int32_t kind)
 {
-    constexpr size_t most = 1'000'000;
     const FolderKind& of = folderKindOf(kind);
     std::vector<RecordCopy> objects;
     const EnumBegin begin = m_calls.enumBegin(of.begin, folder);
-    RepeatedHandles repeated; // E2 tells of an enumeration without an end
-    while (begin.answer != 0 && objects.size() < most) {
-        WireRecord record = of.record();
+    RepeatedHandles repeated;
+    WireRecord record = of.record();
+    while (begin.answer != 0 && objects.size() < mostEnumerated) {
+        record.presetTexts();
         if (m_calls.fill(of.next, begin.enumeration, record) == 0 || repeated.areTooMany(record.number("lHdl")))
             break;
         objects.emplace_back(record);

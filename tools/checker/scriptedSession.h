@@ -35,18 +35,22 @@ public:
     bool connect(int32_t connection) { return switchConnection(connection, actionConnect); }
     bool disconnect(int32_t connection) { return switchConnection(connection, actionDisconnect); }
     bool close();
+    static constexpr const char* closingStep = "closing of the project";
     // What the object's action brings.
     int32_t act(int32_t handle, int32_t action);
 
     // Hears what comes until it is enough, for many times the patience; or until nothing comes any more.
     bool listen(const std::function<bool(const Heard&)>& isEnough);
     void listen();
+    // Whether something had waited.
+    bool hearsMore();
     // Takes one notification, if one waits, and what it brings.
     bool hearOne();
     std::vector<RecordCopy> enumerate(int32_t folder, int32_t kind);
 
     Fetching fetching;
     bool answersQuestions = true;
+    size_t mostEnumerated = 0; // objects that are looked at one by one: E2 looks for the end of a folder
 
     const std::vector<Heard>& heard() const noexcept { return m_heard; }
     const std::vector<Notify>& empty() const noexcept { return m_empty; } // what came when nothing waited
@@ -76,6 +80,8 @@ private:
     std::vector<Notify> m_empty;
     std::vector<std::string> m_brokenPromises;
     bool m_isPromised = false;
+    int m_actings = 0;
+    int m_pauses = 0;
     KnownProject m_known;
     int32_t m_beginAnswer = 0;
     int32_t m_openAnswer = 0;

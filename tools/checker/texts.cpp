@@ -33,11 +33,29 @@ std::string narrowed(std::wstring_view text, UINT codePage)
     return bytes;
 }
 
+// Whether the code page can say each of the characters.
+bool isAtHome(std::wstring_view text)
+{
+    BOOL isOther = FALSE;
+    WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, text.data(), static_cast<int>(text.size()), nullptr, 0, nullptr,
+                        &isOther);
+    return !isOther;
+}
+
 } // namespace
 
+// What is no character (a half of two, U+FFFE, U+FFFF) has no place in JSON or XML, and each Windows makes something
+// else of it.
 std::string toUtf8(std::wstring_view text)
 {
-    return narrowed(text, CP_UTF8);
+    constexpr wchar_t noCharacter = 0xFFFD;
+    std::wstring whole(text);
+    for (size_t at = 0; at < whole.size(); ++at)
+        if (at + 1 < whole.size() && IS_SURROGATE_PAIR(whole[at], whole[at + 1]))
+            ++at;
+        else if (IS_HIGH_SURROGATE(whole[at]) || IS_LOW_SURROGATE(whole[at]) || whole[at] >= 0xFFFE)
+            whole[at] = noCharacter;
+    return narrowed(whole, CP_UTF8);
 }
 
 std::wstring fromUtf8(std::string_view text)
@@ -55,7 +73,8 @@ bool looksLikeUtf8(std::string_view text)
 {
     CPINFO info{};
     GetCPInfo(CP_ACP, &info);
-    const size_t needed = info.MaxCharSize > 1 ? 8 : 1;
+    // A few bytes may be whole by chance, but then they hardly are characters that are at home in the code page.
+    const size_t needed = info.MaxCharSize > 1 || !isAtHome(fromUtf8(text)) ? 8 : 1;
     const auto outside = static_cast<size_t>(
         std::count_if(text.begin(), text.end(), [](char byte) { return static_cast<unsigned char>(byte) >= 0xC0; }));
     return GetACP() != CP_UTF8 && outside >= needed &&

@@ -80,6 +80,15 @@ void WireRecord::fillText(std::string_view field, const CountedBuffer& with)
     std::copy_n(with.characters(), std::min(own.capacity(), with.capacity()), own.characters());
 }
 
+void WireRecord::presetTexts()
+{
+    for (const FieldRow& row : m_layout->fields)
+        if (row.kind == FieldKind::text) {
+            m_texts[static_cast<size_t>(&row - m_layout->fields.data())]->clear();
+            place(row);
+        }
+}
+
 void WireRecord::place(const FieldRow& row)
 {
     const char* const characters = textOf(row).characters();

@@ -35,6 +35,8 @@ public:
     // Gives a string another buffer, for the second attempt at a long text, or for an input.
     void replaceText(std::string_view field, size_t capacity);
     void fillText(std::string_view field, const CountedBuffer& with);
+    // As the caller does before the next object of an enumeration: the strings are NULs again, numbers stay.
+    void presetTexts();
 
     // What a call must not have changed: the addresses of the strings, what stands around them and around the record.
     bool isAround() const noexcept { return m_bytes->isFrontIntact() && m_bytes->isBackIntact(); }

@@ -23,7 +23,7 @@ ContractFacts checkContract(const std::wstring& library, uint32_t seconds)
     check::Request request;
     request.library = library;
     request.lastLevel = lastLevelWithoutProject;
-    request.longestCall = seconds * 1000;
+    request.longestCall = request.longestAct = seconds * 1000;
     const check::Report report = check::checkLibrary(request, [](const std::string&) {});
     ContractFacts facts;
     facts.isChecked = true;

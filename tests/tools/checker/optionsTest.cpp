@@ -41,9 +41,11 @@ TEST(Options, rule_isCheckedAtItsLevel)
     EXPECT_EQ(options.request.lastLevel, 5);
 }
 
-TEST(Options, seconds_becomeMilliseconds)
+TEST(Options, seconds_becomeMillisecondsAndMoreForCallsThatAct)
 {
-    EXPECT_EQ(parsed({L"velkvsadd.dll", L"--timeout", L"3"}).request.longestCall, 3000u);
+    const Request request = parsed({L"velkvsadd.dll", L"--timeout", L"3"}).request;
+    EXPECT_EQ(request.longestCall, 3000u);
+    EXPECT_EQ(request.longestAct, 18000u);
 }
 
 class WrongUse : public testing::TestWithParam<std::vector<std::wstring>> {};
@@ -59,6 +61,10 @@ INSTANTIATE_TEST_SUITE_P(All, WrongUse,
                                          Line{L"a.dll", L"--level", L"11"}, Line{L"a.dll", L"--level", L"6-4"},
                                          Line{L"a.dll", L"--level", L"0"}, Line{L"a.dll", L"--rule", L"N99"},
                                          Line{L"a.dll", L"--rule", L"N14"}, Line{L"a.dll", L"--seed", L"x"},
+                                         Line{L"a.dll", L"--timeout", L"0"}, Line{L"a.dll", L"--timeout", L"3601"},
+                                         Line{L"a.dll", L"--patience", L"0"}, Line{L"a.dll", L"--steps", L"0"},
+                                         Line{L"a.dll", L"--rule", L"N7", L"--level", L"3"},
+                                         Line{L"a.dll", L"--level", L"3", L"--rule", L"N7"},
                                          Line{L"a.dll", L"--other"}));
 
 TEST(RuleList, everyRule_isListed)

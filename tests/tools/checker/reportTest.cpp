@@ -1,6 +1,6 @@
 #include "checker/report.h"
 
-#include "checker/pad.h"
+#include "checker/probe.h"
 #include "checker/texts.h"
 
 #include "base/win32.h"
@@ -15,7 +15,7 @@ using testing::Not;
 
 Finding findingOf(Rule rule, const char* call)
 {
-    return {rule, 5, call, "7, \"a<b\"", "one & only", "\"two\"\n"};
+    return {rule, 5, call, "7, \"a<b\"", "one & only", "\"two\"\n", 1};
 }
 
 Report reportOf(Outcome level)
@@ -35,6 +35,16 @@ TEST(Report, sameFindingAgain_isCounted)
     ASSERT_EQ(report.findings.size(), 2u);
     EXPECT_EQ(report.findings[0].times, 2);
     EXPECT_TRUE(report.isBroken(Rule::N7));
+}
+
+TEST(Report, functionsThatWereSlow_areCountedTogether)
+{
+    Report report;
+    report.addNoticed({"RZViewGet", 2, 70'000});
+    report.addNoticed({"RZViewGet", 3, 60'000});
+    EXPECT_THAT(asText(report), Not(HasSubstr("RZViewGet")));
+    report.addSlow({"RZViewGet", "1", 70'000});
+    EXPECT_THAT(asText(report), HasSubstr("RZViewGet took more than 50 ms 5 times, the longest was 70.0 ms\n"));
 }
 
 TEST(Report, endlessFindingsOfOneRule_areNotAllKept)
@@ -92,6 +102,20 @@ TEST(ReportText, slowCall_isNamed)
     EXPECT_THAT(text, HasSubstr("40.0 ms    RZInitialize(3)\n"));
 }
 
+TEST(ReportText, nothingChecked_isNoPraise)
+{
+    EXPECT_THAT(asText(reportOf(Outcome::notChecked)), HasSubstr("Nothing was checked.\n"));
+    EXPECT_THAT(asText(reportOf(Outcome::holds)), HasSubstr("The library holds what was checked.\n"));
+}
+
+TEST(ReportText, failureOfTheChecker_isToldAsItsOwn)
+{
+    Report report = reportOf(Outcome::holds);
+    report.hasFailed = true;
+    EXPECT_THAT(asText(report), HasSubstr("The checker itself failed"));
+    EXPECT_THAT(asJson(report), HasSubstr("\"failed\": true"));
+}
+
 TEST(ReportJson, texts_areEscaped)
 {
     Report report = reportOf(Outcome::broken);
@@ -143,6 +167,58 @@ TEST(Messages, separatorsInATextAndHalfAMessage_doNoHarm)
     EXPECT_THAT(messages[0].texts, testing::ElementsAre("a b "));
 }
 
+TEST(Messages, tooManyFindings_leaveRoomForWhatIsSaidOfARule)
+{
+    Pad pad;
+    for (int number = 0; number < 2000; ++number)
+        pad.say({'F', {"N7", std::string(1000, 'x')}});
+    pad.say({'N', {"N8", std::string(2000, 'y')}});
+    const auto messages = unpacked({pad->messages, static_cast<size_t>(pad->messageBytes)});
+    EXPECT_LT(messages.size(), 1100u);
+    EXPECT_EQ(messages.back().kind, 'N');
+}
+
+TEST(Messages, lastFinding_hasRoomWhenTheRestIsFull)
+{
+    Pad pad;
+    for (int number = 0; number < 2000; ++number)
+        pad.say({'F', {"N7", std::string(1000, 'x')}});
+    pad.useAllRoom();
+    pad.say({'F', {"C1", std::string(2000, 'y')}});
+    const auto messages = unpacked({pad->messages, static_cast<size_t>(pad->messageBytes)});
+    EXPECT_EQ(messages.back().texts.front(), "C1");
+}
+
+TEST(Probe, sameFindingAgain_isToldOnceAndThenCounted)
+{
+    Pad pad;
+    Probe probe(pad);
+    for (int number = 0; number < 5; ++number)
+        probe.found(Rule::N7, {"RZViewGet", std::to_string(number)}, "one", "two");
+    probe.tellRepeated();
+    probe.tellRepeated();
+    const auto messages = unpacked({pad->messages, static_cast<size_t>(pad->messageBytes)});
+    ASSERT_EQ(messages.size(), 2u);
+    EXPECT_EQ(messages[0].texts.back(), "1");
+    EXPECT_EQ(messages[1].texts.back(), "4");
+}
+
+TEST(Call, longArguments_areCutBetweenCharacters)
+{
+    Pad pad;
+    pad.enterCall("RZViewGet", std::string(sizeof pad->arguments - 2, 'x') + "\xC3\xA9", false);
+    EXPECT_EQ(std::string(pad->arguments), std::string(sizeof pad->arguments - 2, 'x'));
+    pad.enterCall("RZViewGet", std::string(sizeof pad->arguments - 3, 'x') + "\xC3\xA9", false);
+    EXPECT_EQ(std::string(pad->arguments), std::string(sizeof pad->arguments - 3, 'x') + "\xC3\xA9");
+}
+
+TEST(Utf8, whatIsNoCharacter_isTheOneForThat)
+{
+    const wchar_t odd[] = {L'a', 0xD800, L'b', 0xDC00, 0xFFFE, 0xFFFF, 0xD83D, 0xDE00, 0xDBFF, 0};
+    const std::string none = "\xEF\xBF\xBD";
+    EXPECT_EQ(toUtf8(odd), "a" + none + "b" + none + none + none + "\xF0\x9F\x98\x80" + none);
+}
+
 TEST(Shown, unprintable_isWrittenAsNumber)
 {
     EXPECT_EQ(shown("a\n"), "\"a\\x0A\"");
@@ -158,6 +234,8 @@ TEST(Utf8, bytesOutsideAscii_areTakenForItOnlyWhenTheyAreWhole)
     EXPECT_FALSE(looksLikeUtf8("Sch\xFC"
                                "ler"));
     EXPECT_FALSE(looksLikeUtf8("plain"));
+    EXPECT_FALSE(looksLikeUtf8("\xD0\x96")); // a letter that this code page has not, so it is by chance
+    EXPECT_TRUE(looksLikeUtf8("\xD0\x96\xD0\x96\xD0\x96\xD0\x96\xD0\x96\xD0\x96\xD0\x96\xD0\x96"));
 }
 
 } // namespace

@@ -46,6 +46,7 @@ CheckerRun::CheckerRun(const std::wstring& name, const std::wstring& arguments) 
     if (CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &process))
         CloseHandle(process.hThread);
     m_process.reset(process.hProcess);
+    m_id = process.dwProcessId;
 }
 
 DWORD CheckerRun::exitCode()
@@ -63,6 +64,12 @@ std::string CheckerRun::report()
     exitCode();
     const auto bytes = check::readFile(m_output);
     return bytes ? std::string(bytes->begin(), bytes->end()) : std::string();
+}
+
+void CheckerRun::end() noexcept
+{
+    TerminateProcess(m_process.get(), 1);
+    WaitForSingleObject(m_process.get(), longestRun);
 }
 
 bool CheckerRun::isRunning() const

@@ -21,10 +21,13 @@ public:
     DWORD exitCode();
     std::string report();
     bool isRunning() const;
+    void end() noexcept;                       // before its time
+    DWORD id() const noexcept { return m_id; } // of its process
 
 private:
     std::wstring m_output;
     unique_kernel_handle m_process;
+    DWORD m_id = 0;
 };
 
 // The numbers of the rules that a report has findings of.

@@ -7,8 +7,12 @@
 #include <algorithm>
 #include <gmock/gmock.h>
 #include <map>
+#include <memory>
+#include <optional>
 #include <set>
 #include <sstream>
+#include <string_view>
+#include <tlhelp32.h>
 
 namespace velk::test {
 namespace {
@@ -41,12 +45,14 @@ std::map<std::wstring, std::vector<uint8_t>> filesIn(const std::wstring& folder)
     return files;
 }
 
-size_t copiesThere()
+// The copies of projects that a checker left behind, by the number of its process.
+size_t copiesOf(DWORD checker)
 {
     wchar_t temporary[MAX_PATH]{};
     GetTempPathW(MAX_PATH, temporary);
     WIN32_FIND_DATAW entry{};
-    const HANDLE search = FindFirstFileW((std::wstring(temporary) + L"velkcheck-*").c_str(), &entry);
+    const std::wstring names = std::wstring(temporary) + L"velkcheck-" + std::to_wstring(checker) + L"-*";
+    const HANDLE search = FindFirstFileW(names.c_str(), &entry);
     size_t count = 0;
     for (BOOL isThere = search != INVALID_HANDLE_VALUE; isThere; isThere = FindNextFileW(search, &entry))
         ++count;
@@ -75,10 +81,29 @@ bool acts(const std::string& line)
     return line.starts_with("RZLaunch") || (line.starts_with("RZProjectDoAccess(") && last != "2)");
 }
 
-// A copy of the sample project with a procedure whose source is longer than the room that a caller has at first.
-class StandIn : public testing::Test {
-protected:
-    StandIn() : folder(fullPath(L"copy")), project(folder + L"\\rz\\orders.rzv"), journal(folder + L"\\journal.txt")
+// A run of the checker on the stand-in, for a test of that name.
+struct Row {
+    const char* test;
+    const wchar_t* options;
+    bool isPumping; // works off messages inside of calls
+};
+
+// clang-format off
+constexpr Row rows[] = {
+    {"onTheSampleProject_passesLevelTen",           L"--level 10 --patience 300 --sessions 25 --steps 600", true},
+    {"upToLevelSeven_isOnlyRead",                   L"--level 7 --patience 200",                            false},
+    {"upToLevelSeven_nothingButTheProjectIsClosed", L"--level 5 --patience 200",                            false},
+    {"upToLevelSix_isCalledByTheRules",             L"--level 4-6 --patience 200",                          false},
+    {"beyondLevelSeven_worksOnACopyThatGoes",       L"--level 8-8 --patience 50",                           false},
+};
+// clang-format on
+
+// Goes on while others do. On a copy of the sample project with a procedure whose source is longer than the room that a
+// caller has at first.
+struct StandInRun {
+    explicit StandInRun(const Row& row)
+        : folder(fullPath(L"copy-" + std::to_wstring(&row - rows))), project(folder + L"\\rz\\orders.rzv"),
+          journal(folder + L"\\journal.txt")
     {
         removeTree(folder);
         copyTree(fullPath(L"sample"), folder);
@@ -89,38 +114,63 @@ protected:
         const auto bytes = check::readFile(project);
         check::writeFile(project,
                          std::string(bytes->begin(), bytes->end()) + "\n[procedure]\nfile=routines/long_one.sql\n");
+        before = filesIn(folder + L"\\rz");
         SetEnvironmentVariableW(L"VELK_BACKEND_JOURNAL", journal.c_str());
-    }
-    ~StandIn() override
-    {
+        SetEnvironmentVariableW(L"VELK_BACKEND_PUMP", row.isPumping ? L"1" : nullptr);
+        run.emplace(L"stand-in-" + std::to_wstring(&row - rows), row.options + quoted(standIn) + quoted(project));
         SetEnvironmentVariableW(L"VELK_BACKEND_JOURNAL", nullptr);
         SetEnvironmentVariableW(L"VELK_BACKEND_PUMP", nullptr);
+    }
+    ~StandInRun()
+    {
+        run->exitCode();
         removeTree(folder);
     }
 
     const std::wstring folder, project, journal;
+    std::map<std::wstring, std::vector<uint8_t>> before; // what the project had
+    std::optional<CheckerRun> run;
+};
+
+// The first test begins the runs of all that are to come.
+class StandIn : public testing::Test {
+protected:
+    static void SetUpTestSuite()
+    {
+        const testing::TestSuite& suite = *testing::UnitTest::GetInstance()->current_test_suite();
+        for (int test = 0; test < suite.total_test_count(); ++test)
+            for (const Row& row : rows)
+                if (suite.GetTestInfo(test)->should_run() && std::string(suite.GetTestInfo(test)->name()) == row.test)
+                    runs[row.test] = std::make_unique<StandInRun>(row);
+    }
+    static void TearDownTestSuite() { runs.clear(); }
+
+    StandInRun& own() { return *runs.at(testing::UnitTest::GetInstance()->current_test_info()->name()); }
+    CheckerRun& run() { return *own().run; }
+    std::vector<std::string> journal()
+    {
+        EXPECT_EQ(run().exitCode(), 0u);
+        return linesOf(own().journal);
+    }
+
+private:
+    inline static std::map<std::string, std::unique_ptr<StandInRun>> runs;
 };
 
 TEST_F(StandIn, onTheSampleProject_passesLevelTen)
 {
-    SetEnvironmentVariableW(L"VELK_BACKEND_PUMP", L"1"); // for calls that come inside of others
-    CheckerRun run(L"stand-in",
-                   L"--level 10 --patience 300 --sessions 25 --steps 600" + quoted(standIn) + quoted(project));
-    const std::string report = run.report();
+    const std::string report = run().report();
     EXPECT_THAT(foundRules(report), IsEmpty()) << report;
     EXPECT_THAT(rulesThat(report, "not checked"), testing::IsSubsetOf({"C3"})) << report;
-    EXPECT_EQ(run.exitCode(), 0u);
+    EXPECT_EQ(run().exitCode(), 0u);
 }
 
 TEST_F(StandIn, upToLevelSeven_isOnlyRead)
 {
-    const auto before = filesIn(folder + L"\\rz");
-    ASSERT_GT(before.size(), 5u);
-    CheckerRun run(L"reading", L"--level 7 --patience 200" + quoted(standIn) + quoted(project));
-    EXPECT_EQ(run.exitCode(), 0u);
-    EXPECT_EQ(filesIn(folder + L"\\rz"), before);
+    ASSERT_GT(own().before.size(), 5u);
+    const std::vector<std::string> lines = journal();
+    EXPECT_EQ(filesIn(own().folder + L"\\rz"), own().before);
     std::vector<std::string> acting;
-    const std::vector<std::string> lines = linesOf(journal);
     std::copy_if(lines.begin(), lines.end(), std::back_inserter(acting), acts);
     EXPECT_THAT(acting, IsEmpty());
     EXPECT_THAT(lines, testing::Contains(testing::StartsWith("RZObjectDoAction(")));
@@ -129,9 +179,7 @@ TEST_F(StandIn, upToLevelSeven_isOnlyRead)
 // An action of the number 21 closes a project, and takes anything else out of it.
 TEST_F(StandIn, upToLevelSeven_nothingButTheProjectIsClosed)
 {
-    CheckerRun run(L"closing", L"--level 5 --patience 200" + quoted(standIn) + quoted(project));
-    EXPECT_EQ(run.exitCode(), 0u);
-    const std::vector<std::string> lines = linesOf(journal);
+    const std::vector<std::string> lines = journal();
     std::vector<std::string> closed;
     for (const std::string& line : lines)
         if (line.starts_with("RZObjectDoAction(") && line.ends_with(", 21)"))
@@ -142,19 +190,14 @@ TEST_F(StandIn, upToLevelSeven_nothingButTheProjectIsClosed)
 
 TEST_F(StandIn, upToLevelSix_isCalledByTheRules)
 {
-    CheckerRun run(L"rules", L"--level 4-6 --patience 200" + quoted(standIn) + quoted(project));
-    EXPECT_EQ(run.exitCode(), 0u);
-    EXPECT_THAT(linesOf(journal), testing::Not(testing::Contains(testing::StartsWith("BREACH"))));
+    EXPECT_THAT(journal(), testing::Not(testing::Contains(testing::StartsWith("BREACH"))));
 }
 
 TEST_F(StandIn, beyondLevelSeven_worksOnACopyThatGoes)
 {
-    const auto before = filesIn(folder + L"\\rz");
-    const size_t copies = copiesThere(); // of runs that somebody ended
-    CheckerRun run(L"copying", L"--level 8-8 --patience 50" + quoted(standIn) + quoted(project));
-    EXPECT_EQ(run.exitCode(), 0u);
-    EXPECT_EQ(filesIn(folder + L"\\rz"), before);
-    EXPECT_EQ(copiesThere(), copies);
+    EXPECT_EQ(run().exitCode(), 0u);
+    EXPECT_EQ(filesIn(own().folder + L"\\rz"), own().before);
+    EXPECT_EQ(copiesOf(run().id()), 0u);
 }
 
 TEST(Sample, toStartFrom_passesLevelTen)
@@ -164,6 +207,82 @@ TEST(Sample, toStartFrom_passesLevelTen)
                                   quoted(fullPath(L"project.rzv")));
     const std::string report = run.report();
     EXPECT_THAT(foundRules(report), IsEmpty()) << report;
+    EXPECT_EQ(run.exitCode(), 0u);
+}
+
+// What the contract leaves to a library is never a finding.
+TEST(Different, libraryThatKeepsTheRulesInOtherWays_hasNoFinding)
+{
+    check::writeFile(fullPath(L"project.rzv"), "[project]\n");
+    const std::wstring library = fullPath(VELK_DIFFERENT) + L"\\velkvsadd.dll";
+    const std::wstring of = quoted(library) + quoted(fullPath(L"project.rzv"));
+    const std::wstring options = L"--patience 50 --timeout 2 --sessions 25 --level ";
+    CheckerRun reading(L"different-4", options + L"4-7" + of);
+    CheckerRun growing(L"different-9", options + L"9-9" + of);
+    for (CheckerRun* const run : {&reading, &growing}) {
+        const std::string report = run->report();
+        EXPECT_THAT(foundRules(report), IsEmpty()) << report;
+        EXPECT_THAT(rulesThat(report, "not checked"), IsEmpty()) << report;
+        EXPECT_EQ(run->exitCode(), 0u);
+    }
+}
+
+// The process that another one started; 0: there is none.
+DWORD childOf(DWORD parent)
+{
+    const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+    PROCESSENTRY32W entry{};
+    entry.dwSize = sizeof entry;
+    DWORD child = 0;
+    for (BOOL isThere = Process32FirstW(snapshot, &entry); isThere; isThere = Process32NextW(snapshot, &entry))
+        if (entry.th32ParentProcessID == parent)
+            child = entry.th32ProcessID;
+    CloseHandle(snapshot);
+    return child;
+}
+
+bool hasLoaded(DWORD process, std::wstring_view library)
+{
+    const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, process);
+    MODULEENTRY32W entry{};
+    entry.dwSize = sizeof entry;
+    bool isFound = false;
+    for (BOOL isThere = Module32FirstW(snapshot, &entry); isThere; isThere = Module32NextW(snapshot, &entry))
+        isFound = isFound || entry.szModule == library;
+    CloseHandle(snapshot);
+    return isFound;
+}
+
+template <class Condition>
+bool becomes(Condition condition)
+{
+    constexpr int attempts = 400;
+    constexpr DWORD pause = 50; // milliseconds
+    for (int attempt = 0; attempt < attempts && !condition(); ++attempt)
+        Sleep(pause);
+    return condition();
+}
+
+TEST(Program, checkerThatIsEnded_takesItsChildAlong)
+{
+    CheckerRun run(L"ended",
+                   L"--level 1 --timeout 100" + quoted(fullPath(VELK_FAULTY) + L"\\loadHangs\\velkvsadd.dll"));
+    ASSERT_TRUE(becomes([&] { return hasLoaded(childOf(run.id()), L"velkvsadd.dll"); }));
+    run.end();
+    EXPECT_TRUE(becomes([&] { return childOf(run.id()) == 0; }));
+}
+
+TEST(Program, processEndedWhileItLoads_isOfTheRuleOfLoadingWhateverIsAsked)
+{
+    CheckerRun run(L"loading", L"--rule F5" + quoted(fullPath(VELK_FAULTY) + L"\\loadEnds\\velkvsadd.dll"));
+    EXPECT_THAT(foundRules(run.report()), testing::ElementsAre("F2"));
+    EXPECT_EQ(run.exitCode(), 1u);
+}
+
+TEST(Program, rulesOfRecordsWithoutAProject_areNotChecked)
+{
+    CheckerRun run(L"without", L"--level 4-4" + quoted(sample));
+    EXPECT_THAT(rulesThat(run.report(), "holds"), IsEmpty());
     EXPECT_EQ(run.exitCode(), 0u);
 }
 
@@ -179,6 +298,8 @@ TEST(Program, fileThatIsNoLibrary_isAFindingAndTheRestIsLeftOut)
 TEST(Program, wrongUse_hasItsExitCode)
 {
     EXPECT_EQ(CheckerRun(L"wrong", L"--level 11 x.dll").exitCode(), 2u);
+    EXPECT_EQ(CheckerRun(L"wrong", L"--level 1 not-there.dll").exitCode(), 2u);
+    EXPECT_EQ(CheckerRun(L"wrong", L"--level 1" + quoted(sample) + L" not-there.rzv").exitCode(), 2u);
     EXPECT_EQ(CheckerRun(L"list", L"--list").exitCode(), 0u);
 }
 

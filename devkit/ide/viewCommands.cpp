@@ -3,11 +3,14 @@
 #include "devkit/ide/scriptRunner.h"
 
 #include <commctrl.h>
+#include <utility>
 
 namespace velk::devkit {
 namespace {
 
 using Text = const std::wstring&;
+
+constexpr DWORD untilAnotherClick = 2000; // milliseconds
 
 HWND control(ScriptRunner& script, const wchar_t* className)
 {
@@ -35,14 +38,24 @@ HTREEITEM nodeAt(ScriptRunner& script, Text path)
     return find();
 }
 
+// A move of the real pointer, which rests somewhere above the window that came, makes a drag of the click if it comes
+// between its two messages. Then the user clicks once more.
 void selectNode(ScriptRunner& script, Text path)
 {
     const HTREEITEM item = nodeAt(script, path);
     const HWND window = tree(script);
     probe::clickNode(window, item, false);
-    script.expect(
-        path + L" to be selected", [&] { return TreeView_GetSelection(window) == item; },
-        [&] { return probe::nodeText(window, TreeView_GetSelection(window)); });
+    const DWORD clicked = GetTickCount();
+    bool isClickedAgain = false;
+    const auto isSelected = [&] {
+        if (TreeView_GetSelection(window) == item)
+            return true;
+        if (GetTickCount() - clicked >= untilAnotherClick && !std::exchange(isClickedAgain, true))
+            probe::clickNode(window, item, false);
+        return false;
+    };
+    script.expect(path + L" to be selected", isSelected,
+                  [&] { return probe::nodeText(window, TreeView_GetSelection(window)); });
 }
 
 void expectNoNode(ScriptRunner& script, Text path)

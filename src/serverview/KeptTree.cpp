@@ -11,7 +11,6 @@ void KeptTree::begin(ProjectView before)
     m_view = std::move(before);
     m_toExpand = m_view.expanded;
     m_toSelect = m_view.selected;
-    m_hasUserSelected = false;
     m_selectedAgain.clear();
 }
 
@@ -77,7 +76,7 @@ void KeptTree::collapseSelectedAgain()
 
 void KeptTree::restoreSelection(const TreeNode& connection, bool isConnected)
 {
-    if (!m_toSelect || m_hasUserSelected)
+    if (!m_toSelect)
         return;
     TreeView& tree = *m_parts.serverTreeView;
     const TreeNode* const project = tree.parentOf(connection.key);
@@ -127,7 +126,6 @@ void KeptTree::onSelected(const NMTREEVIEWW& notification)
 
 void KeptTree::onUsed() noexcept
 {
-    m_hasUserSelected = true;
     m_toSelect.reset();
     m_selectedAgain.clear();
     std::erase_if(m_toExpand, [](const auto& node) { return node.first.empty(); });

@@ -45,8 +45,7 @@ private:
     ProjectView m_view;
     std::map<std::wstring, bool> m_toExpand; // as the user left it before, by connection
     std::optional<KeptNode> m_toSelect;
-    std::wstring m_selectedAgain;   // the node that was, by its key, until the user uses the tree; empty: none
-    bool m_hasUserSelected = false; // since the project came
+    std::wstring m_selectedAgain; // the node that was, by its key, until the user uses the tree; empty: none
     std::shared_ptr<bool> m_isRestoring = std::make_shared<bool>(false);
     std::function<void()> m_listener;
 };

@@ -57,7 +57,7 @@ std::optional<std::wstring> textAt(HKEY root, const std::wstring& path, const st
     const auto query = [&](BYTE* data) {
         return RegQueryValueExW(key.get(), name.c_str(), nullptr, &type, data, &size) == ERROR_SUCCESS;
     };
-    if (!query(nullptr) || type != REG_SZ || size > (longest + 1) * sizeof(wchar_t))
+    if (!query(nullptr) || size > (longest + 1) * sizeof(wchar_t))
         return std::nullopt;
     std::wstring text(size / sizeof(wchar_t) + 1, L'\0'); // whoever writes meanwhile gets no more room
     if (!query(reinterpret_cast<BYTE*>(text.data())) || type != REG_SZ)

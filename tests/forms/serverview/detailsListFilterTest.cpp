@@ -175,6 +175,17 @@ TEST_F(DetailsListFilterTest, endOfTheFilter_showsTheFoundRowAmongTheOthers)
     EXPECT_GT(list().view().topRow() + list().view().rowsOnAPage(), 377);
 }
 
+TEST_F(DetailsListFilterTest, endOfTheFilter_bringsAFoundRowBelowOthersIntoSight)
+{
+    refresh(manyNames());
+    list().setFilter(L"00");
+    ASSERT_THAT(names(), ElementsAre(L"view100", L"view200", L"view300", L"view400"));
+    list().view().selectRow(2);
+    list().setFilter(L"");
+    EXPECT_LE(list().view().topRow(), 300);
+    EXPECT_GT(list().view().topRow() + list().view().rowsOnAPage(), 300);
+}
+
 TEST_F(DetailsListFilterTest, endOfTheFilterWithoutASelection_isWhereTheUserWasBefore)
 {
     refresh(manyNames());

@@ -8,6 +8,31 @@
 namespace velk {
 namespace {
 
+// Counts how often a list is told to draw rows again, while it lives. One at a time.
+class DrawingAsked {
+public:
+    explicit DrawingAsked(HWND list) : m_list(list)
+    {
+        count = 0;
+        below = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(list, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&counting)));
+    }
+    DrawingAsked(const DrawingAsked&) = delete;
+    DrawingAsked& operator=(const DrawingAsked&) = delete;
+    ~DrawingAsked() { SetWindowLongPtrW(m_list, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(below)); }
+    int times() const { return count; }
+
+private:
+    static LRESULT CALLBACK counting(HWND list, UINT message, WPARAM wParam, LPARAM lParam)
+    {
+        count += message == LVM_REDRAWITEMS;
+        return CallWindowProcW(below, list, message, wParam, lParam);
+    }
+
+    static inline WNDPROC below = nullptr;
+    static inline int count = 0;
+    HWND m_list;
+};
+
 // How tree and list look, asked by the system's own messages.
 class LooksTest : public test::ViewFixture {
 protected:
@@ -168,10 +193,15 @@ TEST_F(LooksTest, changedRowOutOfSight_isNotDrawn)
     const HWND window = list().view().hwnd();
     SendMessageW(window, WM_NULL, 0, 0);
     ValidateRect(window, nullptr);
+    const DrawingAsked asked(window);
     updateProcedureRow(dirty);
     SendMessageW(window, WM_NULL, 0, 0);
     RECT stale{};
     EXPECT_FALSE(GetUpdateRect(window, &stale, FALSE));
+    EXPECT_EQ(asked.times(), 0);
+    updateProcedureRow({.lHdl = 1, .strName = L"changed"});
+    SendMessageW(window, WM_NULL, 0, 0);
+    EXPECT_EQ(asked.times(), 1);
     EXPECT_EQ(shownPicture(99), L"DirtyStoredProcedure");
 }
 

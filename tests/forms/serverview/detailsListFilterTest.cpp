@@ -175,12 +175,13 @@ TEST_F(DetailsListFilterTest, endOfTheFilter_showsTheFoundRowAmongTheOthers)
     EXPECT_GT(list().view().topRow() + list().view().rowsOnAPage(), 377);
 }
 
-TEST_F(DetailsListFilterTest, endOfTheFilter_bringsAFoundRowBelowOthersIntoSight)
+TEST_F(DetailsListFilterTest, endOfTheFilter_bringsTheFirstOfSeveralFoundRowsIntoSight)
 {
     refresh(manyNames());
     list().setFilter(L"00");
     ASSERT_THAT(names(), ElementsAre(L"view100", L"view200", L"view300", L"view400"));
-    list().view().selectRow(2);
+    for (const int row : {2, 3})
+        ListView_SetItemState(list().view().hwnd(), row, LVIS_SELECTED, LVIS_SELECTED);
     list().setFilter(L"");
     EXPECT_LE(list().view().topRow(), 300);
     EXPECT_GT(list().view().topRow() + list().view().rowsOnAPage(), 300);

@@ -73,6 +73,8 @@ TEST_F(CueBannerTest, firstAndLastCharacter_haveAllOfTheEditDrawnAnew)
     GetUpdateRect(edit->hwnd(), &stale, FALSE);
     EXPECT_LE(stale.left, 1);
     EXPECT_GE(stale.right, width - 1);
+    EXPECT_EQ(stale.top, 0);
+    EXPECT_EQ(stale.bottom, height);
     UpdateWindow(edit->hwnd());
     edit->send(EM_SETSEL, 0, -1);
     edit->send(WM_CLEAR);

@@ -46,14 +46,14 @@ protected:
         MapWindowPoints(nullptr, form.hwnd(), reinterpret_cast<POINT*>(&place), 2);
         return place.left;
     }
-    // What a text takes in a control, wrapped into the control's width.
-    SIZE textIn(int control) const
+    // What a text takes in a control, wrapped into the control's width or in one line.
+    SIZE textIn(int control, UINT format = DT_WORDBREAK) const
     {
         const unique_screen_dc dc(GetDC(nullptr));
         const HGDIOBJ before =
             SelectObject(dc.get(), reinterpret_cast<HFONT>(SendMessageW(form.item(control), WM_GETFONT, 0, 0)));
         RECT size{0, 0, sizeOf(control).cx, 0};
-        DrawTextW(dc.get(), form.text(control).c_str(), -1, &size, DT_CALCRECT | DT_WORDBREAK);
+        DrawTextW(dc.get(), form.text(control).c_str(), -1, &size, DT_CALCRECT | format);
         SelectObject(dc.get(), before);
         return {size.right, size.bottom};
     }
@@ -105,9 +105,9 @@ TEST_F(DialogFitTest, labelOfTwoLines_usesBothBeforeTheFormIsWidened)
 TEST_F(DialogFitTest, buttonAndGroup_keepRoomBesideTheirTexts)
 {
     say(TextForm::button, L"A long button's caption");
-    EXPECT_GT(sizeOf(TextForm::button).cx, needed(TextForm::button));
+    EXPECT_GT(sizeOf(TextForm::button).cx, textIn(TextForm::button, DT_SINGLELINE).cx);
     say(TextForm::group, L"A long caption of a group, longer than the caption of the button in the same form");
-    EXPECT_GT(sizeOf(TextForm::group).cx, needed(TextForm::group));
+    EXPECT_GT(sizeOf(TextForm::group).cx, textIn(TextForm::group, DT_SINGLELINE).cx);
 }
 
 TEST_F(DialogFitTest, titleWithoutRoom_widensTheForm)

@@ -136,6 +136,19 @@ size_t heapBlockCount()
     return blocks;
 }
 
+bool areHeapBlocksCounted()
+{
+    constexpr size_t size = 344;   // bytes; nobody else's
+    constexpr size_t often = 5000; // enough for any system to begin with groups
+    std::array<void*, often> blocks{};
+    for (void*& block : blocks)
+        block = HeapAlloc(GetProcessHeap(), 0, size);
+    const size_t before = heapBlockCount();
+    for (void*& block : blocks)
+        HeapFree(GetProcessHeap(), 0, std::exchange(block, nullptr));
+    return before - heapBlockCount() == often;
+}
+
 size_t heapByteCount()
 {
     size_t blocks = 0;

@@ -15,6 +15,9 @@ size_t gdiObjectCount();
 size_t windowCount(); // of the calling thread, with all that are inside them
 size_t heapBlockCount();
 size_t heapByteCount();
+// Whether the system's heap tells of each small block. Wine's does until version 8: later ones keep blocks of a size
+// that is often asked for in groups, and tell of those.
+bool areHeapBlocksCounted();
 size_t threadCount();
 size_t moduleCount();
 size_t threadSlotCount(); // TlsAlloc

@@ -36,6 +36,9 @@ set(CMAKE_SHARED_LIBRARY_PREFIX "")
 # velk_shipped(<target>): a program or DLL that leaves the house. The release's has no symbols: they are in a file beside
 # it, whose name and checksum it bears. Without "preserve" the tool would write the time of day into the header.
 function(velk_shipped target)
+  # Linked by itself: from a library it would come behind the imports that it stands for.
+  target_sources(${target} PRIVATE ${CMAKE_SOURCE_DIR}/src/base/linked/oldSystems.cpp)
+  target_include_directories(${target} PRIVATE ${CMAKE_SOURCE_DIR}/src)
   if(CMAKE_BUILD_TYPE STREQUAL Release)
     set(symbols $<TARGET_FILE:${target}>.debug)
     add_custom_command(TARGET ${target} POST_BUILD VERBATIM

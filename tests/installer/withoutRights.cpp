@@ -1,4 +1,5 @@
 // without_rights COMMAND: runs a command as a user who is no administrator, and answers its exit code.
+// without_rights who: 1 if the user is an administrator, else 0.
 #include <array>
 #include <cwchar>
 #include <windows.h>
@@ -17,6 +18,15 @@ wchar_t* restOfCommandLine()
     for (++rest; *rest == L' ';)
         ++rest;
     return rest;
+}
+
+bool isAdministrator()
+{
+    std::array<BYTE, SECURITY_MAX_SID_SIZE> room{};
+    auto size = static_cast<DWORD>(room.size());
+    BOOL is = FALSE;
+    return CreateWellKnownSid(WinBuiltinAdministratorsSid, nullptr, room.data(), &size) &&
+           CheckTokenMembership(nullptr, room.data(), &is) && is;
 }
 
 HANDLE tokenWithoutRights()
@@ -38,6 +48,8 @@ HANDLE tokenWithoutRights()
 int wmain()
 {
     wchar_t* const command = restOfCommandLine();
+    if (command && std::wcscmp(command, L"who") == 0)
+        return isAdministrator();
     const HANDLE token = tokenWithoutRights();
     STARTUPINFOW start{};
     start.cb = sizeof start;

@@ -1,6 +1,8 @@
 // answering ANSWERS HELD COMMAND: starts the installer, goes through its pages as a user does who agrees, and presses
 // in its message boxes, one after the other, the buttons that ANSWERS names (ok cancel retry yes no). Prints what each
 // box says. HELD is a file that this program has open, as one that runs has its own, until an answer with + in front.
+#include "support/installerWindows.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -11,11 +13,14 @@
 
 namespace {
 
+using velk::test::brandingLine;
+using velk::test::nextButton;
+using velk::test::pageOf;
+using velk::test::topDialog;
+
 constexpr DWORD patience = 60000; // milliseconds
 constexpr int exitFailed = 90;
-constexpr int nextButton = 1;
 constexpr int boxText = 0xFFFF;
-constexpr int brandingLine = 1028; // what only a wizard has
 
 struct Button {
     const wchar_t* name;
@@ -30,26 +35,6 @@ void print(const std::wstring& text)
     WideCharToMultiByte(CP_UTF8, 0, text.c_str(), -1, bytes.data(), static_cast<int>(bytes.size()), nullptr, nullptr);
     std::puts(bytes.data());
     std::fflush(stdout);
-}
-
-HWND topDialog()
-{
-    for (HWND window = GetTopWindow(nullptr); window; window = GetWindow(window, GW_HWNDNEXT)) {
-        wchar_t name[32]{};
-        GetClassNameW(window, name, 32);
-        if (std::wcscmp(name, L"#32770") == 0 && IsWindowVisible(window))
-            return window;
-    }
-    return nullptr;
-}
-
-HWND pageOf(HWND wizard)
-{
-    HWND page = nullptr;
-    while ((page = FindWindowExW(wizard, page, L"#32770", nullptr)))
-        if (IsWindowVisible(page))
-            return page;
-    return nullptr;
 }
 
 class Answering {

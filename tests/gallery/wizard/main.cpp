@@ -4,6 +4,7 @@
 #include "base/error.h"
 #include "base/unique_any.h"
 #include "devkit/ide/screenshot.h"
+#include "support/installerWindows.h"
 
 #include <cstdio>
 #include <cwchar>
@@ -11,33 +12,14 @@
 namespace velk {
 namespace {
 
+using test::brandingLine;
+using test::nextButton;
+using test::pageOf;
+using test::topDialog;
+
 constexpr DWORD patience = 60000; // milliseconds
 constexpr DWORD handOver = 5000;
 constexpr DWORD settled = 700;
-constexpr int nextButton = 1;
-constexpr int brandingLine = 1028; // what only a wizard has
-
-// A window of dialogs' class that is on the screen: a message box, if there is one, is above the wizard.
-HWND topDialog()
-{
-    for (HWND window = GetTopWindow(nullptr); window; window = GetWindow(window, GW_HWNDNEXT)) {
-        wchar_t name[32]{};
-        GetClassNameW(window, name, 32);
-        if (std::wcscmp(name, L"#32770") == 0 && IsWindowVisible(window))
-            return window;
-    }
-    return nullptr;
-}
-
-// The page inside of the wizard; a message box has none.
-HWND pageOf(HWND wizard)
-{
-    HWND page = nullptr;
-    while ((page = FindWindowExW(wizard, page, L"#32770", nullptr)))
-        if (IsWindowVisible(page))
-            return page;
-    return nullptr;
-}
 
 unique_kernel_handle start(std::wstring command)
 {

@@ -22,7 +22,7 @@ void addProject(const IntegrationMgr& manager, int32_t handle)
     const scope_exit shown([] { unloadSplashScreen(); });
     const Session& session = manager.session();
     const trzProject project = fetched(session, fetchProject, handle);
-    addFolderNode(L"", kindTag(kindProject), makeKey(project.lHdl), project.strName, booleanText(true));
+    addFolderNode({}, kindTag(kindProject), makeKey(project.lHdl), project.strName, booleanText(true));
     projectHasCome(project);
     if (manager.getIdeType() == ideTypeWithStoredName)
         manager.getModel().saveRZFileName(manager.getRZFileName());

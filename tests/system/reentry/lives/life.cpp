@@ -264,6 +264,7 @@ void Life::browse(const wchar_t* folder)
 void Life::openMenuOf(HWND control, const wchar_t* item)
 {
     m_item = item;
+    m_chosenIn = nullptr; // the view opens the same menu again, perhaps before a tick saw it closed
     SendMessageW(control, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(control), -1);
     settle();
 }

@@ -141,6 +141,7 @@ LRESULT svrViewCtl::onNotify(const NMHDR& header, LPARAM lParam)
 
 LRESULT svrViewCtl::onTreeNotify(const NMHDR& header, LPARAM lParam)
 {
+    const auto hearing = m_parts.serverTreeView->hearing();
     if (header.code == TVN_SELCHANGEDW && !m_parts.serverTreeView->isChanging()) {
         swallow(L"svrViewCtl tree", notKept,
                 [&] { m_keeper.tree().onSelected(*reinterpret_cast<const NMTREEVIEWW*>(lParam)); });

@@ -38,14 +38,14 @@ int32_t kindOf(const TreeNode* node)
     return node ? kindOfTag(node->tag) : kindNone;
 }
 
-void addFolderNode(const std::wstring& parentKey, const std::wstring& tag, const std::wstring& key,
-                   const std::wstring& text, const std::wstring& isRoot) noexcept
+void addFolderNode(const std::wstring& parentKey, const std::wstring& tag, const std::wstring& key, std::wstring_view text,
+                   const std::wstring& isRoot) noexcept
 {
     swallow(where, why, [&] {
         const bool asRoot = isRoot == booleanText(true);
         if (asRoot)
             publishedTree().clear();
-        TreeNode node{key, tag, text, pictureOf(folderPicture)};
+        TreeNode node{key, tag, std::wstring(text), pictureOf(folderPicture)};
         if (asRoot)
             publishedTree().addRoot(std::move(node));
         else

@@ -83,12 +83,6 @@ LRESULT CALLBACK MessageWatch::procedure(HWND window, UINT message, WPARAM wPara
     if (life && life->watch)
         if (const std::optional<LRESULT> answer = life->watch->filtered(message, wParam, lParam))
             return *answer;
-    if (life)
-        ++life->depth;
-    const scope_exit done([&] {
-        if (life)
-            --life->depth;
-    });
     return CallWindowProcW(own, window, message, wParam, lParam);
 }
 

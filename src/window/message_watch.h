@@ -25,15 +25,12 @@ public:
     void setFilter(Filter filter) { m_filter = std::move(filter); }
     // The same with the message itself, which is the listener's first: what it throws is reported, too.
     void setWitness(std::function<void(UINT message)> witness) { m_witness = std::move(witness); }
-    // Whether the window is at work on a message: what it says of itself may be on its way to something else.
-    bool isAtWork() const noexcept { return m_life->depth > 0; }
 
 private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     // Outlives the watch in messages that are on their way.
     struct Life {
         MessageWatch* watch; // null when it has ended, or its window
-        int depth = 0;       // of messages within messages
     };
     std::optional<LRESULT> filtered(UINT message, WPARAM wParam, LPARAM lParam) const noexcept;
     void end() noexcept;

@@ -11,7 +11,6 @@ TreeView::TreeView(HWND parent)
     : Control(WC_TREEVIEWW, parent, WS_TABSTOP | TVS_HASLINES | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_SHOWSELALWAYS,
               WS_EX_CLIENTEDGE)
 {
-    m_watch.setListener([this] { m_selected.reset(); });
 }
 
 void TreeView::setImages(HIMAGELIST images) const noexcept
@@ -52,8 +51,12 @@ void TreeView::insert(HTREEITEM parent, TreeNode node)
         m_nodes.erase(std::wstring(made.node.key));
         throw Error(errorOutOfMemory);
     }
-    // Last: whoever hears it may end this tree. No later node is selected by the system.
-    if (isFirst && related(TVGN_CARET, nullptr))
+    // No later node is selected by the system.
+    if (!isFirst)
+        return;
+    forgetSelection();
+    // Last: whoever hears it may end this tree.
+    if (related(TVGN_CARET, nullptr))
         tellSelection();
 }
 
@@ -171,10 +174,8 @@ const TreeNode* TreeView::selected() const noexcept
     if (m_selected)
         return *m_selected ? &(*m_selected)->node : nullptr;
     const HTREEITEM item = related(TVGN_CARET, nullptr);
-    const Entry* found = item ? entryOf(item) : nullptr;
-    if (!m_watch.isAtWork())
-        m_selected = found;
-    return found ? &found->node : nullptr;
+    m_selected = item ? entryOf(item) : nullptr;
+    return *m_selected ? &(*m_selected)->node : nullptr;
 }
 
 const TreeNode* TreeView::nodeAt(POINT place) const noexcept
@@ -208,7 +209,6 @@ void TreeView::bringSelectedIntoView() const noexcept
 void TreeView::onDeleteItem(const NMTREEVIEWW& notification) noexcept
 {
     const auto* gone = reinterpret_cast<const Entry*>(notification.itemOld.lParam);
-    m_selected.reset(); // the tree's own end is not watched
     if (gone)
         m_nodes.erase(m_nodes.find(gone->node.key));
 }

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/unique_any.h"
 #include "window/control.h"
-#include "window/message_watch.h"
 
 #include <optional>
 #include <string>
@@ -56,6 +56,13 @@ public:
     RECT placeOfSelected() const noexcept;
     void bringSelectedIntoView() const noexcept;
 
+    // To be held by the parent window while it hears a notification of the tree, whatever it tells. Without one no
+    // selection moves but by this object; within one it may be on its way to something else.
+    [[nodiscard]] auto hearing() const noexcept
+    {
+        forgetSelection();
+        return scope_exit([this] { forgetSelection(); });
+    }
     // To be called by the parent window for the tree's notifications of this kind: the tree forgets deleted nodes.
     void onDeleteItem(const NMTREEVIEWW& notification) noexcept;
 
@@ -73,13 +80,13 @@ private:
     HTREEITEM heirOf(HTREEITEM item) const noexcept;
     void deleteItems(HTREEITEM items, HTREEITEM selection) noexcept;
     void tellSelection() const noexcept;
+    void forgetSelection() const noexcept { m_selected.reset(); }
 
     std::unordered_map<std::wstring, Entry> m_nodes;
     bool m_isChanging = false;
     mutable bool m_isExpanding = false;
-    // The selection as the tree told it, until it gets another message.
+    // The selection as the control told it, until it tells of something or is given something to do.
     mutable std::optional<const Entry*> m_selected;
-    MessageWatch m_watch{hwnd()};
 };
 
 } // namespace velk

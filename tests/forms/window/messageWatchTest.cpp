@@ -19,16 +19,6 @@ LRESULT CALLBACK others(HWND to, UINT message, WPARAM wParam, LPARAM lParam)
     return message == WM_APP ? 42 : CallWindowProcW(below, to, message, wParam, lParam);
 }
 
-const MessageWatch* noted = nullptr;
-bool wasAtWork = false;
-
-LRESULT CALLBACK noting(HWND to, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    if (message == WM_APP)
-        wasAtWork = noted->isAtWork();
-    return CallWindowProcW(below, to, message, wParam, lParam);
-}
-
 class MessageWatchTest : public testing::Test {
 protected:
     MessageWatchTest()
@@ -93,19 +83,6 @@ TEST_F(MessageWatchTest, message_isHeardOfBeforeTheWindowAnswers)
             SetWindowTextW(window.get(), L"longer text");
     });
     EXPECT_EQ(SendMessageW(window.get(), WM_GETTEXTLENGTH, 0, 0), 11);
-}
-
-// As what the window tells its parent while it carries a message out.
-TEST_F(MessageWatchTest, windowInItsMessage_isAtWork)
-{
-    watch.reset();
-    below =
-        reinterpret_cast<WNDPROC>(SetWindowLongPtrW(window.get(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&noting)));
-    watch.emplace(window.get());
-    noted = &*watch;
-    SendMessageW(window.get(), WM_APP, 0, 0);
-    EXPECT_TRUE(wasAtWork);
-    EXPECT_FALSE(watch->isAtWork());
 }
 
 TEST_F(MessageWatchTest, listenerThatEndsTheWatch_isItsLast)

@@ -58,9 +58,10 @@ TEST_F(MenuTest, lines_haveTheirCaptionsStatesAndSubmenus)
     const int chosen = show({{1, L"Open", true, {}},
                              {2, L"-", true, {}},
                              {3, L"Save", false, {}},
+                             {.id = 7, .caption = L"Name", .checked = true},
                              {4, L"SourceSafe", true, {{5, L"Add", true, {}}, {6, L"Check In", false, {}}}}});
-    EXPECT_THAT(seen(),
-                testing::ElementsAre(L"Open", L"", L"Save (gray)", L"SourceSafe", L"> Add", L"> Check In (gray)"));
+    EXPECT_THAT(seen(), testing::ElementsAre(L"Open", L"", L"Save (gray)", L"* Name", L"SourceSafe", L"> Add",
+                                             L"> Check In (gray)"));
     EXPECT_EQ(chosen, 0);
 }
 

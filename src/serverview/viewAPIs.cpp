@@ -38,8 +38,8 @@ int32_t kindOf(const TreeNode* node)
     return node ? kindOfTag(node->tag) : kindNone;
 }
 
-void addFolderNode(const std::wstring& parentKey, const std::wstring& tag, const std::wstring& key, std::wstring_view text,
-                   const std::wstring& isRoot) noexcept
+void addFolderNode(const std::wstring& parentKey, const std::wstring& tag, const std::wstring& key,
+                   std::wstring_view text, const std::wstring& isRoot) noexcept
 {
     swallow(where, why, [&] {
         const bool asRoot = isRoot == booleanText(true);

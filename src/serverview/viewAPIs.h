@@ -18,8 +18,8 @@ namespace velk {
 int32_t kindOf(const TreeNode* node);
 
 // A node of the kind that the tag names, "True" or "False" telling whether it is the root. A root empties the tree.
-void addFolderNode(const std::wstring& parentKey, const std::wstring& tag, const std::wstring& key, std::wstring_view text,
-                   const std::wstring& isRoot) noexcept;
+void addFolderNode(const std::wstring& parentKey, const std::wstring& tag, const std::wstring& key,
+                   std::wstring_view text, const std::wstring& isRoot) noexcept;
 void addConnectionNode(const std::wstring& projectKey, const trzConnection& connection) noexcept;
 void removeNode(const std::wstring& key) noexcept;
 void setFolderFiltered(const std::wstring& key, bool filtered) noexcept;

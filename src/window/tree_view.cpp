@@ -54,7 +54,7 @@ void TreeView::insert(HTREEITEM parent, TreeNode node)
     // No later node is selected by the system.
     if (!isFirst)
         return;
-    forgetSelection();
+    m_selected.reset();
     // Last: whoever hears it may end this tree.
     if (related(TVGN_CARET, nullptr))
         tellSelection();

@@ -60,8 +60,8 @@ public:
     // selection moves but by this object; within one it may be on its way to something else.
     [[nodiscard]] auto hearing() const noexcept
     {
-        forgetSelection();
-        return scope_exit([this] { forgetSelection(); });
+        m_selected.reset();
+        return scope_exit([this] { m_selected.reset(); });
     }
     // To be called by the parent window for the tree's notifications of this kind: the tree forgets deleted nodes.
     void onDeleteItem(const NMTREEVIEWW& notification) noexcept;
@@ -80,7 +80,6 @@ private:
     HTREEITEM heirOf(HTREEITEM item) const noexcept;
     void deleteItems(HTREEITEM items, HTREEITEM selection) noexcept;
     void tellSelection() const noexcept;
-    void forgetSelection() const noexcept { m_selected.reset(); }
 
     std::unordered_map<std::wstring, Entry> m_nodes;
     bool m_isChanging = false;

@@ -1,4 +1,5 @@
 // velkide: the stand-in IDE as a program.
+#include "devkit/ide/addInFault.h"
 #include "devkit/ide/options.h"
 #include "devkit/ide/recorder.h"
 #include "devkit/ide/reentry.h"
@@ -29,14 +30,16 @@ struct ScriptJob {
     Shell* shell;
     Options options;
     std::vector<ScriptLine> lines;
+    bool hasHeld = false; // said before the shell is told to close
 };
 
 DWORD WINAPI runScript(void* parameter) noexcept
 {
-    const ScriptJob& job = *static_cast<ScriptJob*>(parameter);
+    ScriptJob& job = *static_cast<ScriptJob*>(parameter);
     // A script that fails may leave message boxes and half a session behind: nothing is worth an orderly end then.
     if (ScriptRunner(*job.shell, job.options.shots).run(job.lines) != 0)
         TerminateProcess(GetCurrentProcess(), exitFailed);
+    job.hasHeld = true;
     PostMessageW(job.shell->hwnd(), WM_CLOSE, 0, 0);
     return 0;
 }
@@ -87,7 +90,11 @@ int run(const Options& options)
         start(watch, reinterpret_cast<void*>(static_cast<UINT_PTR>(options.timeLimit)));
         start(runScript, &job);
     }
-    return shell.run(!options.noAddIns);
+    const int status = shell.run(!options.noAddIns);
+    if (job.lines.empty() || job.hasHeld || !options.reentry.empty()) // which may end the IDE on purpose
+        return status;
+    writeOutput(L"FAILED: the IDE ended before its script");
+    return exitFailed;
 }
 
 } // namespace
@@ -100,6 +107,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int)
     INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES | ICC_BAR_CLASSES};
     InitCommonControlsEx(&controls);
     int status = exitFailed;
+    endOnAddInFault(exitFailed);
     try {
         status = run(parseOptions(commandLine()));
     } catch (const ScriptFailure& failure) {

@@ -68,9 +68,8 @@ public:
     // An icon resource of this module.
     void setIcon(int resource) const;
     std::wstring text(int id) const { return textOf(item(id)); }
-    // A password's field: what stands in it, and nothing left of it in the control's memory.
+    // What stands in a password's field. Nothing of it is left in the control's memory when the form goes.
     secret_text secret(int id) const;
-    void wipe(int id) const noexcept;
     void setText(int id, const std::wstring& text) const
     {
         throwLastErrorUnless(SetWindowTextW(item(id), text.c_str()));
@@ -100,6 +99,7 @@ private:
     static std::wstring textOf(HWND window);
     void block(HWND window);
     void placeOnOwner() const noexcept;
+    void wipePasswords(HWND form) const noexcept;
 
     HWND m_hwnd = nullptr;
     HWND m_owner = nullptr;

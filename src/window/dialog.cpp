@@ -17,6 +17,8 @@ std::vector<Dialog*>& shownDialogs()
     return shown.get();
 }
 
+uint32_t leavings = 0; // of the add-in's
+
 // The control keeps the memory of a longer text for a shorter one, and what was deleted last to bring it back. Both are
 // written over before they are given up; what stands there first, while it needs no more room than it has.
 void wipe(HWND field) noexcept
@@ -43,6 +45,7 @@ void Dialog::load(HWND owner, const DialogLayout& layout, const DialogFont& font
         return;
     m_owner = owner;
     m_layout = layout;
+    m_leavings = leavings;
     const std::vector<WORD> bytes = dialogTemplate(layout, font);
     auto wait = std::make_shared<Wait>(); // before the window: a form has both or neither
     m_hwnd = CreateDialogIndirectParamW(module::instance(), reinterpret_cast<const DLGTEMPLATE*>(bytes.data()), owner,
@@ -81,7 +84,7 @@ void Dialog::showModal()
 {
     const module::keep_loaded untilAnswered;
     const std::shared_ptr<Wait> wait = m_wait; // outlives the form, whatever happens in the loop
-    if (!wait || wait->isShown)
+    if (!wait || wait->isShown || m_leavings != leavings)
         return;
     fit();
     placeOnOwner();
@@ -138,6 +141,7 @@ HWND Dialog::topmost() noexcept
 
 void Dialog::hideAll() noexcept
 {
+    ++leavings;
     while (!shownDialogs().empty())
         shownDialogs().back()->hide();
 }

@@ -58,7 +58,8 @@ public:
     void hide() noexcept;
     // The form that was shown last of those that are shown; null when none is.
     static HWND topmost() noexcept;
-    // Ends the modal wait of every form that is shown: the add-in leaves the IDE.
+    // Ends the modal wait of every form that is shown, and lets none be shown that is loaded by now: the add-in leaves
+    // the IDE, perhaps inside a call for one of a form's texts.
     static void hideAll() noexcept;
 
     HWND hwnd() const noexcept { return m_hwnd; }
@@ -104,6 +105,7 @@ private:
     HWND m_hwnd = nullptr;
     HWND m_owner = nullptr;
     DialogLayout m_layout{};
+    uint32_t m_leavings = 0; // of the add-in's, when the form was loaded
     std::shared_ptr<Wait> m_wait;
     std::vector<HWND> m_blocked; // what takes no input while the form is shown
 };

@@ -4,6 +4,7 @@
 #include "support/fakeBackend.h"
 
 #include <gtest/gtest.h>
+#include <memory>
 #include <product.h>
 
 namespace velk {

@@ -7,6 +7,7 @@
 #include "support/outOfMemory.h"
 
 #include <cstring>
+#include <ostream>
 
 namespace velk {
 namespace {

@@ -124,6 +124,7 @@ void DocumentObject::dropContent() noexcept
 
 HRESULT DocumentObject::SetClientSite(IOleClientSite* site) noexcept
 {
+    const com_ptr<IUnknown> untilDone(outer()); // as in activate()
     if (!site)
         leaveSite();
     m_clientSite = site;
@@ -188,10 +189,11 @@ HRESULT DocumentObject::UIDeactivate() noexcept
 {
     if (!std::exchange(m_isUiActive, false))
         return S_OK;
-    if (m_frame)
-        m_frame->SetActiveObject(nullptr, nullptr);
-    if (m_inPlaceSite)
-        m_inPlaceSite->OnUIDeactivate(FALSE);
+    const com_ptr<IUnknown> untilDone(outer()); // as in activate()
+    if (const com_ptr<IOleInPlaceFrame> frame = m_frame)
+        frame->SetActiveObject(nullptr, nullptr);
+    if (const com_ptr<IOleInPlaceSite> site = m_inPlaceSite)
+        site->OnUIDeactivate(FALSE);
     return S_OK;
 }
 
@@ -229,6 +231,7 @@ HRESULT DocumentObject::CreateView(IOleInPlaceSite* site, IStream*, DWORD, IOleD
 
 HRESULT DocumentObject::SetInPlaceSite(IOleInPlaceSite* site) noexcept
 {
+    const com_ptr<IUnknown> untilDone(outer()); // as in activate()
     if (m_inPlaceSite && m_inPlaceSite.get() != site)
         leaveSite();
     m_inPlaceSite = site;

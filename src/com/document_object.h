@@ -137,10 +137,12 @@ private:
     // The host may close the object, or move it elsewhere, inside the calls that activate it.
     void throwUnlessAt(const com_ptr<IOleInPlaceSite>& site) const;
     // Until its end nothing activates the object: a window that goes with the focus in it makes its parents ask for
-    // that.
+    // that. Nor does the object go, whatever its host lets go of in the calls that it gets.
     auto leaving() noexcept
     {
-        return scope_exit([this, before = std::exchange(m_isLeaving, true)] { m_isLeaving = before; });
+        return scope_exit([this, untilDone = com_ptr<IUnknown>(outer()), before = std::exchange(m_isLeaving, true)] {
+            m_isLeaving = before;
+        });
     }
     bool activateAsDocument();
     void placeContent(const RECT& place) noexcept;

@@ -33,12 +33,6 @@ constexpr int32_t noDatabaseText = 681;
 
 } // namespace
 
-frmVSSLogin::~frmVSSLogin()
-{
-    if (isLoaded())
-        wipe(txtPassword);
-}
-
 void frmVSSLogin::Form_Load()
 {
     load(dialogOwner(), layout, formFont());

@@ -10,8 +10,6 @@ namespace velk {
 // the password is not left in memory either.
 class frmVSSLogin : public Dialog {
 public:
-    ~frmVSSLogin() override;
-
     // The controls' numbers.
     // clang-format off
     enum Control : int {

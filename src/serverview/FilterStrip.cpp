@@ -184,10 +184,12 @@ void FilterStrip::close()
     m_isOpen = false;
     if (m_listener)
         m_listener();
+    m_splitter.setHead(nullptr, 0);
+    // Last: a tree that gets the focus may select a node, and the tool be called; this may be gone when it comes back.
+    const HWND strip = hwnd();
     if (hadFocus)
         SetFocus(m_owner);
-    ShowWindow(hwnd(), SW_HIDE);
-    m_splitter.setHead(nullptr, 0);
+    ShowWindow(strip, SW_HIDE);
 }
 
 void FilterStrip::clearOrClose()

@@ -32,15 +32,21 @@ FolderReading::FolderReading(const ListFilling& filling) noexcept
     : m_filling(filling), m_life(publishedView().life), m_begun(readingSenses().now()), m_lastLook(m_begun),
       m_keyLook(m_begun), m_shownLife(m_begun), m_wasKeyDown(readingSenses().isKeyDown(VK_ESCAPE))
 {
-    if (!isForNobody())
+    if (isShown())
         publishedView().notice->await();
+}
+
+// Another view may have taken the place of the one that the rows come to.
+bool FolderReading::isShown() const noexcept
+{
+    return !isForNobody() && publishedView().life == m_life;
 }
 
 FolderReading::~FolderReading()
 {
     if (m_isTold)
         SetCursor(m_pointer);
-    if (isForNobody())
+    if (!isShown())
         return; // the list is somebody else's, or gone
     ListNotice& notice = *publishedView().notice;
     if (m_isStopped)
@@ -66,13 +72,13 @@ void FolderReading::lookAtKey() noexcept
 {
     const bool isDown = readingSenses().isKeyDown(VK_ESCAPE);
     m_wasKeyDown = isDown && m_wasKeyDown;
-    m_isStopped = m_isStopped || (isDown && !m_wasKeyDown && m_isTold && !isForNobody() &&
+    m_isStopped = m_isStopped || (isDown && !m_wasKeyDown && m_isTold && isShown() &&
                                   hasAttention(publishedView().serverDetailsView->view().hwnd()));
 }
 
 void FolderReading::tell(DWORD now) noexcept
 {
-    if (isForNobody())
+    if (!isShown())
         return;
     m_told = now;
     if (!std::exchange(m_isTold, true))
@@ -85,7 +91,7 @@ void FolderReading::tell(DWORD now) noexcept
 void FolderReading::showLife(DWORD now) noexcept
 {
     m_shownLife = now;
-    if (isForNobody())
+    if (!isShown())
         return; // by something that the painting led to
     MSG none;
     PeekMessageW(&none, publishedView().serverDetailsView->view().hwnd(), WM_APP, WM_APP,

@@ -40,6 +40,7 @@ public:
 
 private:
     bool isForNobody() const noexcept { return m_life.isOver() || m_filling.isOvertaken(); }
+    bool isShown() const noexcept;
     void look(DWORD now) noexcept;
     void lookAtKey() noexcept;
     void tell(DWORD now) noexcept;

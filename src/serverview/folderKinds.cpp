@@ -27,13 +27,13 @@ void showIfSelected(const FolderKindRow& folder, const Session& session, int32_t
 }
 
 // A Backend whose enumeration does not end must not hold the IDE for ever: a folder shows no more objects than anybody
-// could look through, and one that comes again and again is the last.
+// could look through, and what only comes again and again is the end.
 class EnumerationLimit {
 public:
     bool isReached() const noexcept { return m_objects > mostObjects || m_again > mostAgain; }
-    void count(int32_t handle) noexcept
+    void count(int32_t handle, bool wasThere) noexcept
     {
-        m_again = m_objects > 0 && handle == m_last ? m_again + 1 : 0;
+        m_again = wasThere || (m_objects > 0 && handle == m_last) ? m_again + 1 : 0;
         m_last = handle;
         ++m_objects;
     }
@@ -45,6 +45,12 @@ private:
     int m_again = 0; // in a row
     int32_t m_last = 0;
 };
+
+bool isInTheList(int32_t handle)
+{
+    DetailsList* const list = publishedView().serverDetailsView;
+    return list && list->rows().find(handle);
+}
 
 // False when the objects did not come to an end.
 template <const auto& begin, auto next, const auto& end, auto add>
@@ -66,8 +72,9 @@ bool addAll(const Session& session, int32_t folderHandle)
     decltype(recordOf(next)) record;
     EnumerationLimit limit;
     while (begun != 0 && isWanted() && !limit.isReached() && next(enumeration, record) != 0 && isWanted()) {
+        const bool wasThere = isInTheList(record.lHdl);
         add(record);
-        limit.count(record.lHdl);
+        limit.count(record.lHdl, wasThere);
         reading.count();
     }
     if (begun != 0)

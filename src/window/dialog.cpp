@@ -17,6 +17,21 @@ std::vector<Dialog*>& shownDialogs()
     return shown.get();
 }
 
+uint32_t leavings = 0; // of the add-in's
+
+// The control keeps the memory of a longer text for a shorter one, and what was deleted last to bring it back. Both are
+// written over before they are given up; what stands there first, while it needs no more room than it has.
+void wipe(HWND field) noexcept
+{
+    static constexpr int usual = 255; // characters; more than anybody types
+    swallow(L"Dialog.wipe", L"the field stays as it is", [field] {
+        for (const int length : {GetWindowTextLengthW(field), usual})
+            SetWindowTextW(field, std::wstring(static_cast<size_t>(length), L'*').c_str());
+        SendMessageW(field, EM_SETSEL, 0, -1);
+        SendMessageW(field, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L""));
+    });
+}
+
 } // namespace
 
 Dialog::~Dialog()
@@ -30,6 +45,7 @@ void Dialog::load(HWND owner, const DialogLayout& layout, const DialogFont& font
         return;
     m_owner = owner;
     m_layout = layout;
+    m_leavings = leavings;
     const std::vector<WORD> bytes = dialogTemplate(layout, font);
     auto wait = std::make_shared<Wait>(); // before the window: a form has both or neither
     m_hwnd = CreateDialogIndirectParamW(module::instance(), reinterpret_cast<const DLGTEMPLATE*>(bytes.data()), owner,
@@ -47,7 +63,15 @@ void Dialog::unload() noexcept
     m_wait.reset();
     const HWND old = std::exchange(m_hwnd, nullptr);
     SetWindowLongPtrW(old, DWLP_USER, 0);
+    wipePasswords(old);
     DestroyWindow(old);
+}
+
+void Dialog::wipePasswords(HWND form) const noexcept
+{
+    for (const DialogRow& row : m_layout.rows)
+        if (row.kind == DialogControl::password)
+            wipe(GetDlgItem(form, row.id));
 }
 
 void Dialog::fit() noexcept
@@ -60,7 +84,7 @@ void Dialog::showModal()
 {
     const module::keep_loaded untilAnswered;
     const std::shared_ptr<Wait> wait = m_wait; // outlives the form, whatever happens in the loop
-    if (!wait || wait->isShown)
+    if (!wait || wait->isShown || m_leavings != leavings)
         return;
     fit();
     placeOnOwner();
@@ -117,6 +141,7 @@ HWND Dialog::topmost() noexcept
 
 void Dialog::hideAll() noexcept
 {
+    ++leavings;
     while (!shownDialogs().empty())
         shownDialogs().back()->hide();
 }
@@ -151,16 +176,6 @@ secret_text Dialog::secret(int id) const
     secret_text text(static_cast<size_t>(GetWindowTextLengthW(item(id))));
     GetWindowTextW(item(id), text.data(), static_cast<int>(text.capacity()) + 1);
     return text;
-}
-
-// The control keeps a longer text's memory for a shorter one, so it is written over before it is given up.
-void Dialog::wipe(int id) const noexcept
-{
-    swallow(L"Dialog.wipe", L"the field stays as it is", [&] {
-        const std::wstring over(static_cast<size_t>(GetWindowTextLengthW(item(id))), L'*');
-        setText(id, over);
-        setText(id, {});
-    });
 }
 
 void Dialog::setIcon(int resource) const
@@ -217,7 +232,9 @@ INT_PTR CALLBACK Dialog::procedure(HWND hwnd, UINT message, WPARAM wParam, LPARA
         return TRUE;
     }
     if (message == WM_DESTROY) {
-        // The owner took the window with it.
+        // The owner takes the window with it.
+        SetWindowLongPtrW(hwnd, DWLP_USER, 0);
+        form->wipePasswords(hwnd);
         std::erase(shownDialogs(), form);
         for (const HWND window : std::exchange(form->m_blocked, {}))
             EnableWindow(window, TRUE);

@@ -58,7 +58,8 @@ public:
     void hide() noexcept;
     // The form that was shown last of those that are shown; null when none is.
     static HWND topmost() noexcept;
-    // Ends the modal wait of every form that is shown: the add-in leaves the IDE.
+    // Ends the modal wait of every form that is shown, and lets none be shown that is loaded by now: the add-in leaves
+    // the IDE, perhaps inside a call for one of a form's texts.
     static void hideAll() noexcept;
 
     HWND hwnd() const noexcept { return m_hwnd; }
@@ -68,9 +69,8 @@ public:
     // An icon resource of this module.
     void setIcon(int resource) const;
     std::wstring text(int id) const { return textOf(item(id)); }
-    // A password's field: what stands in it, and nothing left of it in the control's memory.
+    // What stands in a password's field. Nothing of it is left in the control's memory when the form goes.
     secret_text secret(int id) const;
-    void wipe(int id) const noexcept;
     void setText(int id, const std::wstring& text) const
     {
         throwLastErrorUnless(SetWindowTextW(item(id), text.c_str()));
@@ -100,10 +100,12 @@ private:
     static std::wstring textOf(HWND window);
     void block(HWND window);
     void placeOnOwner() const noexcept;
+    void wipePasswords(HWND form) const noexcept;
 
     HWND m_hwnd = nullptr;
     HWND m_owner = nullptr;
     DialogLayout m_layout{};
+    uint32_t m_leavings = 0; // of the add-in's, when the form was loaded
     std::shared_ptr<Wait> m_wait;
     std::vector<HWND> m_blocked; // what takes no input while the form is shown
 };

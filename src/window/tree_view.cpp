@@ -146,6 +146,7 @@ void TreeView::expand(const std::wstring& key, bool isExpanded) const
     m_isExpanding = true;
     send(TVM_EXPAND, isExpanded ? TVE_EXPAND : TVE_COLLAPSE, reinterpret_cast<LPARAM>(item));
     m_isExpanding = false;
+    m_selected.reset(); // it goes up with a branch that is collapsed, and not every system tells
 }
 
 const TreeNode* TreeView::parentOf(const std::wstring& key) const

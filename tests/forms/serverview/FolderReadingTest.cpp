@@ -301,6 +301,19 @@ TEST_F(FolderReadingTest, viewClosedInALongReading_endsIt)
     EXPECT_FALSE(isWaiting());
 }
 
+TEST_F(FolderReadingTest, anotherViewThatComesAndGoesMeanwhile_isNotTakenForThisOne)
+{
+    svrViewCtl another;
+    whenAsked[9] = [&] {
+        another.create(host, {0, 0, 100, 100});
+        another.setupGUI();
+    };
+    whenAsked[11] = [&] { DestroyWindow(another.hwnd()); };
+    fillViews();
+    EXPECT_EQ(publishedView().notice, nullptr);
+    EXPECT_FALSE(isWaiting());
+}
+
 TEST_F(FolderReadingTest, messagesThatWait_areNotCarriedOutMeanwhile)
 {
     step = 500;

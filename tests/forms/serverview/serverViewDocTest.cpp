@@ -222,5 +222,23 @@ TEST_F(ShownDocumentTest, pressInTheView_byWhichTheHostLetsTheDocumentGo_endsThe
     host->show(makeObject<serverViewDoc>().tryAs<IUnknown>().get()); // for the end of the test
 }
 
+// Which counts on the reference that it gives up inside the call.
+TEST_F(ShownDocumentTest, hostThatLetsTheDocumentGoInsideItsDeactivation_isAskedForNothingMore)
+{
+    const HWND content = GetParent(document->svrViewCtl1()->hwnd());
+    const com_ptr<test::DocumentHost> closing = std::exchange(host, makeObject<test::DocumentHost>(window));
+    closing->duringUiDeactivate = [&] {
+        closing->duringUiDeactivate = {};
+        closing->close();
+        document.reset();
+    };
+    closing->asked.clear();
+    closing->view.get()->CloseView(0);
+    EXPECT_FALSE(IsWindow(content));
+    EXPECT_THAT(closing->asked,
+                testing::ElementsAre(testing::StrEq("OnUIDeactivate"), testing::StrEq("OnInPlaceDeactivate")));
+    host->show(makeObject<serverViewDoc>().tryAs<IUnknown>().get()); // for the end of the test
+}
+
 } // namespace
 } // namespace velk

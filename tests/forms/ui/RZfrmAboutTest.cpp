@@ -59,6 +59,26 @@ TEST_F(RZfrmAboutTest, texts_comeFromTheToolWithALineFeedBetweenLines)
     EXPECT_EQ(form.text(lblDescription), L"#605\n#606\n#607");
 }
 
+TEST_F(RZfrmAboutTest, addInThatLeavesWhileATextIsFetched_showsNothing)
+{
+    static bool wasShown = false;
+    struct Look {
+        static void CALLBACK take(HWND, UINT, UINT_PTR, DWORD)
+        {
+            wasShown = Dialog::topmost() != nullptr;
+            Dialog::hideAll();
+        }
+    };
+    backend.on.RZGetString = [](int32_t, char*, int32_t) {
+        Dialog::hideAll();
+        return 0;
+    };
+    const UINT_PTR look = SetTimer(nullptr, 0, 50, Look::take);
+    showAboutBox();
+    KillTimer(nullptr, look);
+    EXPECT_FALSE(wasShown);
+}
+
 TEST_F(RZfrmAboutTest, formAndControls_haveNameAndSizeOfTheUiFont)
 {
     uiFont() = {L"Courier New", 12, 1};

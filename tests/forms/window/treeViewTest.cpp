@@ -151,6 +151,14 @@ TEST_F(TreeViewTest, selectionByTheUser_isKnown)
     EXPECT_EQ(selected(), L"K3");
 }
 
+// Not every system tells that the selection went up with its branch.
+TEST_F(TreeViewTest, selectionInABranchThatIsCollapsed_isTheBranch)
+{
+    EXPECT_EQ(selected(), L"K2");
+    tree.expand(L"K1", false);
+    EXPECT_EQ(selected(), L"K1");
+}
+
 TEST_F(TreeViewTest, selectedNodeThatGoes_isForgotten)
 {
     EXPECT_EQ(selected(), L"K2");

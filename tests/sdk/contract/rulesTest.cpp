@@ -97,7 +97,7 @@ constexpr Figure figures[] = {
     {"after 1,000 in a row or a second",        "notify/notificationThreadFrm.cpp", "first{1000, 1000};"},
     {"the next time after 50 or 50 ms",         "notify/notificationThreadFrm.cpp", "further{50, 50};"},
     {"After 1,000,000 objects",                 "serverview/folderKinds.cpp",       "mostObjects = 1'000'000;"},
-    {"or 1,000 times the same handle in a row", "serverview/folderKinds.cpp",       "mostAgain = 1'000;"},
+    {"or 1,000 in a row that had come before", "serverview/folderKinds.cpp",       "mostAgain = 1'000;"},
     {"After the third fault in a session",      "backend/library.cpp",              "mostFaults = 3;"},
     {"A counted string of 1024 NULs",           "backend/texts.cpp",                "capacity = 1024;"},
     {"One to five;",                            "notify/promptLook.cpp",            "mostFields = 5;"},

@@ -68,6 +68,12 @@ TEST_F(ReentryTest, referenceThatIsKept_isCounted)
                 ElementsAre("DTE.Events#1 hold: FAIL 1 objects of the IDE are held"));
 }
 
+TEST_F(ReentryTest, windowClassThatIsLeft_isNamed)
+{
+    EXPECT_THAT(wrongPairs(writePairs("DTE.Events#1 leave-class\n")),
+                ElementsAre("DTE.Events#1 leave-class: FAIL the class velkviadd.left is left"));
+}
+
 TEST_F(ReentryTest, callThatDoesNotReturn_isNamedAndTheOthersRun)
 {
     EXPECT_THAT(wrongPairs(writePairs("DTE.Events#1 hang\nDTE.Events#1 click\n")),

@@ -83,7 +83,7 @@ void sayAbort(int)
 }
 
 // For the tests of the tests: a fault of the host's own, an entry that nobody takes away, a reference that nobody gives
-// back, a call that does not return.
+// back, a call that does not return, a window class that is left.
 void crash(Shell&)
 {
     __builtin_trap();
@@ -105,7 +105,18 @@ void hang(Shell&)
         continue;
 }
 
-constexpr ReentryAction ownActions[] = {{L"crash", crash}, {L"litter", litter}, {L"hold", hold}, {L"hang", hang}};
+// As an add-in that does not take its window class along.
+void leaveClass(Shell&)
+{
+    WNDCLASSW left{};
+    left.lpfnWndProc = DefWindowProcW;
+    left.hInstance = GetModuleHandleW(L"velkviadd.dll");
+    left.lpszClassName = L"velkviadd.left";
+    RegisterClassW(&left);
+}
+
+constexpr ReentryAction ownActions[] = {
+    {L"crash", crash}, {L"litter", litter}, {L"hold", hold}, {L"hang", hang}, {L"leave-class", leaveClass}};
 
 const ReentryAction& actionOf(const std::wstring& name)
 {

@@ -6,6 +6,7 @@ namespace velk::devkit {
 namespace {
 
 constexpr wchar_t addInLibrary[] = L"velkviadd.dll";
+HMODULE lastLibrary = nullptr; // the add-in's, as it was there last: its classes bear it when it is gone
 constexpr std::wstring_view ownClasses = L"velkviadd.";
 
 int askBackend(const char* name)
@@ -55,6 +56,8 @@ SessionWatch::~SessionWatch()
 void SessionWatch::hear(const std::wstring& call, CallMoment moment)
 {
     const bool begins = moment == CallMoment::begins;
+    if (const HMODULE library = GetModuleHandleW(addInLibrary))
+        lastLibrary = library;
     if (!call.starts_with(L"RZ") || call.starts_with(L"RZGetString"))
         return;
     if (call == L"RZInitialize") {
@@ -115,9 +118,9 @@ std::wstring furniture(Shell& shell)
 std::vector<std::wstring> leftInProcess()
 {
     static const wchar_t* const classes[] = {L"velkviadd.splashscrnFrm", L"velkviadd.notificationThreadFrm",
-                                             L"velkviadd.svrViewCtl"};
+                                             L"velkviadd.serverViewDoc", L"velkviadd.svrViewCtl",
+                                             L"velkviadd.filterStrip",   L"velkviadd.left"}; // by a test of this
     std::vector<std::wstring> found;
-    const HMODULE library = GetModuleHandleW(addInLibrary);
     for (int attempt = 0; attempt < 3 && GetModuleHandleW(addInLibrary); ++attempt)
         CoFreeUnusedLibrariesEx(0, 0);
     EnumWindows(noteTopWindow, reinterpret_cast<LPARAM>(&found));
@@ -125,7 +128,7 @@ std::vector<std::wstring> leftInProcess()
         noteIfOwn(window, found);
     WNDCLASSW known{};
     for (const wchar_t* name : classes)
-        if (library && GetClassInfoW(library, name, &known))
+        if (lastLibrary && GetClassInfoW(lastLibrary, name, &known))
             found.push_back(std::wstring(L"the class ") + name + L" is left");
     if (GetModuleHandleW(addInLibrary))
         found.push_back(L"the library stays loaded");

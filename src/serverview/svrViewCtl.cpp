@@ -142,6 +142,8 @@ LRESULT svrViewCtl::onNotify(const NMHDR& header, LPARAM lParam)
 LRESULT svrViewCtl::onTreeNotify(const NMHDR& header, LPARAM lParam)
 {
     const auto hearing = m_parts.serverTreeView->hearing();
+    ++m_treeTells;
+    const scope_exit heard([this] { --m_treeTells; });
     if (header.code == TVN_SELCHANGEDW && !m_parts.serverTreeView->isChanging()) {
         swallow(L"svrViewCtl tree", notKept,
                 [&] { m_keeper.tree().onSelected(*reinterpret_cast<const NMTREEVIEWW*>(lParam)); });
@@ -218,8 +220,12 @@ void svrViewCtl::onDestroy()
     if (m_tips)
         m_parts.list().watch().setWitness({});
     m_tips.reset();
-    // Before the tree's window goes, which may move the selection through the nodes that are left.
-    if (m_parts.serverTreeView)
+    if (!m_parts.serverTreeView)
+        return;
+    // The system's tree goes on with what it told.
+    if (m_treeTells > 0)
+        m_parts.serverTreeView->leave();
+    else // before its window goes, which may move the selection through the nodes that are left
         m_parts.serverTreeView->clear();
 }
 
@@ -240,8 +246,12 @@ LRESULT svrViewCtl::handle(UINT message, WPARAM wParam, LPARAM lParam)
         return 0;
     }
     switch (message) {
-    case WM_NOTIFY:
-        return onNotify(headerOf(lParam), lParam);
+    case WM_NOTIFY: {
+        const LRESULT answer = onNotify(headerOf(lParam), lParam);
+        if (untilAnswered.use_count() == 1 && m_parts.serverTreeView)
+            m_parts.serverTreeView->leave(); // as in onDestroy: this goes now, and the tree may have told it
+        return answer;
+    }
     case WM_SYSCOLORCHANGE:
     case WM_SETTINGCHANGE:
         m_look.follow(hwnd(), message, wParam, lParam);

@@ -70,6 +70,7 @@ private:
     ShortcutKeys m_keys{m_parts, m_contextMenus};
     RowDrag m_rowDrag{m_parts};
     bool m_wasInList = false; // the pane that had the focus last
+    int m_treeTells = 0;      // things that are being heard
 };
 
 } // namespace velk

@@ -4,6 +4,8 @@
 #include "base/error.h"
 #include "base/module.h"
 
+#include <utility>
+
 namespace velk {
 namespace {
 
@@ -48,6 +50,15 @@ bool Control::hasFocus() const noexcept
 {
     const HWND focused = GetFocus();
     return focused == m_hwnd || IsChild(m_hwnd, focused);
+}
+
+void Control::leave() noexcept
+{
+    const HWND left = std::exchange(m_hwnd, nullptr);
+    if (!left)
+        return;
+    SetParent(left, HWND_MESSAGE);
+    PostMessageW(left, WM_CLOSE, 0, 0);
 }
 
 void handOn(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept

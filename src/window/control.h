@@ -20,6 +20,8 @@ public:
     // What a screen reader calls the control, which shows no caption of its own: its window's text.
     void setName(const std::wstring& name) const noexcept;
     bool hasFocus() const noexcept;
+    // Lets go of the window, which goes by itself when it has done its messages: it may be at work on one of them.
+    void leave() noexcept;
 
 private:
     HWND m_hwnd;

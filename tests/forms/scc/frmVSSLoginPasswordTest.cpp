@@ -17,73 +17,78 @@ constexpr std::wstring_view veiledPassword =
 // The system writes its own into the beginning of a block that is given back: only the end of the password tells.
 constexpr std::wstring_view veiledEnd = veiledPassword.substr(veiledPassword.size() - 20);
 
-void typePassword(HWND field)
-{
-    for (const wchar_t veiled : veiledPassword)
-        SendMessageW(field, WM_CHAR, static_cast<WPARAM>(veiled ^ 1), 0);
-}
+class PasswordFieldTest : public testing::Test {
+protected:
+    void load()
+    {
+        form = std::make_unique<frmVSSLogin>();
+        form->Form_Load();
+        field = form->item(frmVSSLogin::txtPassword);
+    }
+    void type() const
+    {
+        for (const wchar_t veiled : veiledPassword)
+            SendMessageW(field, WM_CHAR, static_cast<WPARAM>(veiled ^ 1), 0);
+    }
+    void deleteAll() const
+    {
+        SendMessageW(field, EM_SETSEL, 0, -1);
+        SendMessageW(field, WM_CHAR, VK_BACK, 0);
+    }
+    size_t copiesAfterTheForm()
+    {
+        form.reset();
+        return test::copiesInMemory(veiledEnd);
+    }
 
-TEST(passwordField, closedForm_leavesNothingOfItInMemory)
-{
     const test::GivenBackAsItWas asItWas;
     test::FakeBackend backend;
+    std::unique_ptr<frmVSSLogin> form;
+    HWND field = nullptr;
+};
+
+TEST_F(PasswordFieldTest, closedForm_leavesNothingOfItInMemory)
+{
     test::ShownMessages messages; // there is no SourceSafe that could be logged in to
-    auto form = std::make_unique<frmVSSLogin>();
-    form->Form_Load();
+    load();
     form->setText(frmVSSLogin::txtUserName, L"ann");
-    typePassword(form->item(frmVSSLogin::txtPassword));
+    type();
     EXPECT_EQ(test::copiesInMemory(veiledEnd), 1u);
     SendMessageW(form->hwnd(), WM_COMMAND, frmVSSLogin::loginBtn, 0);
     EXPECT_EQ(messages.lines.size(), 1u);
     EXPECT_EQ(test::copiesInMemory(veiledEnd), 1u); // the field's own
-    form.reset();
-    EXPECT_EQ(test::copiesInMemory(veiledEnd), 0u);
+    EXPECT_EQ(copiesAfterTheForm(), 0u);
 }
 
 // As one does whose login failed.
-TEST(passwordField, passwordThatWasTypedTwice_leavesNothingOfItInMemory)
+TEST_F(PasswordFieldTest, passwordThatWasTypedTwice_leavesNothingOfItInMemory)
 {
-    const test::GivenBackAsItWas asItWas;
-    test::FakeBackend backend;
-    auto form = std::make_unique<frmVSSLogin>();
-    form->Form_Load();
-    const HWND field = form->item(frmVSSLogin::txtPassword);
-    typePassword(field);
-    SendMessageW(field, EM_SETSEL, 0, -1);
-    SendMessageW(field, WM_CHAR, VK_BACK, 0);
-    typePassword(field);
-    form.reset();
-    EXPECT_EQ(test::copiesInMemory(veiledEnd), 0u);
+    load();
+    type();
+    deleteAll();
+    type();
+    EXPECT_EQ(copiesAfterTheForm(), 0u);
 }
 
-TEST(passwordField, passwordThatWasDeleted_leavesNothingOfItInMemory)
+TEST_F(PasswordFieldTest, passwordThatWasDeleted_leavesNothingOfItInMemory)
 {
-    const test::GivenBackAsItWas asItWas;
-    test::FakeBackend backend;
-    auto form = std::make_unique<frmVSSLogin>();
-    form->Form_Load();
-    const HWND field = form->item(frmVSSLogin::txtPassword);
-    typePassword(field);
-    SendMessageW(field, EM_SETSEL, 0, -1);
-    SendMessageW(field, WM_CHAR, VK_BACK, 0);
-    form.reset();
-    EXPECT_EQ(test::copiesInMemory(veiledEnd), 0u);
+    load();
+    type();
+    deleteAll();
+    EXPECT_EQ(copiesAfterTheForm(), 0u);
 }
 
-TEST(passwordField, formThatItsOwnerTakesAlong_leavesNothingOfItInMemory)
+TEST_F(PasswordFieldTest, formThatItsOwnerTakesAlong_leavesNothingOfItInMemory)
 {
-    const test::GivenBackAsItWas asItWas;
-    test::FakeBackend backend;
     unique_window owner(
         CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPED, 0, 0, 200, 100, nullptr, nullptr, nullptr, nullptr));
     setMainWindow(owner.get());
-    frmVSSLogin form;
-    form.Form_Load();
+    load();
     setMainWindow(nullptr);
-    typePassword(form.item(frmVSSLogin::txtPassword));
+    type();
     owner.reset();
-    EXPECT_FALSE(form.isLoaded());
-    EXPECT_EQ(test::copiesInMemory(veiledEnd), 0u);
+    EXPECT_FALSE(form->isLoaded());
+    EXPECT_EQ(copiesAfterTheForm(), 0u);
 }
 
 } // namespace
